@@ -1,0 +1,75 @@
+#pragma once
+
+// Keyboard and mouse, sampled once per frame by `input_poll`.
+//
+// "Pressed" and "released" are edges: true in the one frame whose poll found them, also when a key
+// went down and up between two polls. "Held" is a level. Letters follow the keyboard's layout;
+// digits and punctuation follow the key's place on it.
+
+#include "shell/memory/types.h"
+
+enum input_key : u32 {
+    key_a = 2,  // key_a + n is the n-th letter after it
+    key_d = 5,
+    key_e = 6,
+    key_i = 10,
+    key_j = 11,
+    key_k = 12,
+    key_l = 13,
+    key_n = 15,
+    key_o = 16,
+    key_q = 18,
+    key_r = 19,
+    key_s = 20,
+    key_u = 22,
+    key_w = 24,
+    key_z = 27,
+    key_0 = 28,  // key_0 + n is digit n
+    key_1 = 29,
+    key_2 = 30,
+    key_3 = 31,
+    key_9 = 37,
+    key_space = 42,
+    key_enter = 43,
+    key_backspace = 44,
+    key_escape = 46,
+    key_ctrl = 47,   // either one
+    key_shift = 48,  // either one
+    key_alt = 49,    // either one
+    key_left_bracket = 60,
+    key_right_bracket = 61,
+    key_semicolon = 62,
+    key_comma = 63,
+    key_period = 64,
+    key_apostrophe = 65,
+    key_slash = 66,
+    key_backslash = 67,
+    key_grave = 68,
+    key_equals = 69,
+    key_minus = 70,
+    key_delete = 79,
+    key_f1 = 96,
+    key_f3 = 98,
+    key_f11 = 106,
+    key_count = 128,
+};
+
+enum input_modifier : u32 { modifier_caps_lock = 1 << 4 };
+
+enum mouse_button : u32 { mouse_left = 2, mouse_right = 4, mouse_button_count = 8 };
+
+void input_poll();
+
+bool input_key_is_pressed(u32 key);
+bool input_key_is_held(u32 key);
+// The lasting states of the keyboard, as bits of `input_modifier`.
+u32 input_key_modifiers();
+
+// Pixels from the window's top-left corner; y grows downwards.
+void input_mouse_position(f64& x, f64& y);
+// Pixels moved since the poll before; y grows downwards.
+void input_mouse_moved(f64& dx, f64& dy);
+bool input_mouse_is_pressed(u32 button);
+bool input_mouse_is_released(u32 button);
+// Steps turned since the poll before, positive away from the player.
+f64 input_mouse_wheel();

@@ -1,0 +1,10 @@
+#include "shell/memory/message.h"
+
+#include <cstdio>
+
+void message_write(std::initializer_list<str> parts) {
+    for (str part : parts) {
+        std::fwrite(part.data, 1, static_cast<std::size_t>(part.length), stdout);
+    }
+    std::fflush(stdout);
+}
