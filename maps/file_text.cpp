@@ -1,0 +1,23 @@
+#include "maps/file_text.h"
+
+#include "platform/file.h"
+
+bool file_read_all(str path, str& content) {
+    file_handle file = file_open(path, file_mode_read);
+    i64 size = file_size(file);
+    if (file_failed(file) || size > text_file_limit) {
+        file_close(file);
+        return false;
+    }
+    i64 mark = arenas[arena_persistent].offset;
+    char* bytes = static_cast<char*>(arena_alloc(arena_persistent, size));
+    file_read(file, size, bytes);
+    bool whole = !file_failed(file);
+    file_close(file);
+    if (!whole) {
+        arena_rewind(arena_persistent, mark);
+        return false;
+    }
+    content = {bytes, size};
+    return true;
+}

@@ -1,0 +1,43 @@
+#include "maps/model.h"
+
+i64 machine_kind = pushdown_machine;
+map_record game_map;
+map_settings settings;
+dyn_array<goal> goals;
+dyn_array<u16> stones;
+
+void map_add_state(f64 x, f64 y, u8 accepting) {
+    dyn_array_push(game_map.states, {x, y, accepting});
+}
+
+void map_add_transition(u16 from, u16 to, i16 bend, f32 label_dx, f32 label_dy, str rule) {
+    dyn_array_push(game_map.transitions, {from, to, bend, label_dx, label_dy, rule});
+}
+
+void transition_remove(i64 index) {
+    dyn_array_remove_swap(game_map.transitions, index);
+}
+
+void map_clear() {
+    goals.count = 0;
+    stones.count = 0;
+    game_map.transitions.count = 0;
+    game_map.states.count = 0;
+}
+
+bool state_exists(i64 index) {
+    return 0 <= index && index < game_map.states.count && index < no_index;
+}
+
+bool transition_exists(const transition& arc) {
+    return state_exists(arc.from) && state_exists(arc.to);
+}
+
+u8 state_nimber(u16 state) {
+    return state < game_map.nimber_count ? game_map.nimbers[state] : no_nimber;
+}
+
+world_point state_centre(i64 state) {
+    const map_state& s = game_map.states[state];
+    return {game_map.scale * s.x + game_map.origin_x, game_map.scale * s.y + game_map.origin_y};
+}

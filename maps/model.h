@@ -1,0 +1,102 @@
+#pragma once
+
+// The one loaded map: an automaton of states joined by transitions, the stones on its states, and
+// the settings that come with it.
+//
+// States are referred to by index, as u16. A file may name states that do not exist: stones and
+// transitions keep such an index, and every use goes through `state_exists`. Positions are in map
+// units; world units are the camera's, pixels at zoom 1.
+
+#include "maps/card.h"
+#include "shell/memory/dyn_array.h"
+#include "shell/memory/str.h"
+#include "shell/memory/types.h"
+
+// The family of the current map and game.
+enum machine_kind_value : i64 { state_machine = 0, pushdown_machine, turing_machine };
+inline constexpr i64 machine_kind_count = 3;
+
+inline constexpr u16 no_index = 0xffff;  // no state, transition or stone
+inline constexpr u8 no_nimber = 255;
+
+enum win_mode_value : u8 { win_immediate = 0, win_all_accepting, win_any_accepting };
+inline constexpr i64 win_mode_count = 3;
+
+struct map_state {
+    f64 x;         // map units
+    f64 y;         // map units
+    u8 accepting;  // 0 or 1
+};
+
+struct transition {
+    u16 from;
+    u16 to;  // equal to `from`: a loop
+    // An arrow is drawn moved sideways by 8 world units per step; a loop is turned by degrees.
+    i16 bend;
+    f32 label_dx;  // world units from the midpoint of the two states to the rule's text
+    f32 label_dy;
+    str rule;  // a rule, a tape action, or words, by family; may be empty
+};
+
+// A winning condition over the tape: a count, compared with a target. What the numbers mean is
+// told in rules/goal.h.
+struct goal {
+    u8 measure = 0;
+    u8 comparison = 0;
+    i64 target = 0;
+    card card_a;  // used by measures from 4 on
+    card card_b;  // used by measures from 7 on
+};
+
+struct map_record {
+    f64 origin_x = 0;  // world position of the map point (0, 0)
+    f64 origin_y = 0;
+    f64 scale = 128;  // world units per map unit
+    dyn_array<map_state> states = {};
+    dyn_array<transition> transitions = {};
+    // One per state at the last load of a state-machine map, `no_nimber` where unknown. The editor
+    // may have changed the states since: read through `state_nimber`.
+    u8* nimbers = nullptr;
+    i64 nimber_count = 0;
+};
+
+// As read from the map; dealing bounds them where it uses them.
+struct map_settings {
+    i64 deck_copies = 1;
+    i64 deck_colours = 4;
+    i64 deck_shapes = 4;
+    i64 deck_numbers = 4;
+    i64 hand_size = 8;
+    i64 tape_length = 4;
+    u8 win_mode = win_immediate;
+};
+
+extern i64 machine_kind;
+extern map_record game_map;
+extern map_settings settings;
+extern dyn_array<goal> goals;
+extern dyn_array<u16> stones;  // the state that each stone sits on; the index is its identity
+
+void map_add_state(f64 x, f64 y, u8 accepting);
+// The rule's bytes are not copied and must outlive the map.
+void map_add_transition(u16 from, u16 to, i16 bend, f32 label_dx, f32 label_dy, str rule);
+// Removes one transition by moving the last one into its place; out of range: nothing.
+void transition_remove(i64 index);
+
+// Forgets states, transitions, stones and goals; the settings stay.
+void map_clear();
+
+bool state_exists(i64 index);
+// Whether both of its states exist.
+bool transition_exists(const transition& arc);
+
+// The nimber of a state, `no_nimber` when it is unknown or the state has no entry.
+u8 state_nimber(u16 state);
+
+struct world_point {
+    f64 x;
+    f64 y;
+};
+
+// The centre of an existing state, in world units.
+world_point state_centre(i64 state);

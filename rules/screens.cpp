@@ -1,0 +1,3 @@
+#include "rules/screens.h"
+
+screen_flags screens;
