@@ -1,0 +1,148 @@
+#include "maps/catalogue.h"
+
+#include "maps/file_text.h"
+#include "maps/reader.h"
+#include "maps/scan.h"
+#include "platform/file.h"
+#include "shell/memory/message.h"
+
+catalogue catalogues[machine_kind_count];
+catalogue* current_catalogue;
+i64 selected_entry = -1;
+
+namespace {
+
+struct family_files {
+    str catalogue;
+    str custom_directory;
+};
+
+constexpr family_files families[machine_kind_count] = {
+    {"resources/state_maps.txt", "custom_state_machines/"},
+    {"resources/pushdown_maps.txt", "custom_pushdown_machines/"},
+    {"resources/turing_maps.txt", "custom_turing_machines/"},
+};
+
+bool family_is_known() {
+    return 0 <= machine_kind && machine_kind < machine_kind_count;
+}
+
+void write_line(file_handle file, const catalogue_entry& entry) {
+    file_write(file, entry.name.length, entry.name.data);
+    file_write_byte(file, ' ');
+    file_write(file, entry.path.length, entry.path.data);
+    file_write_byte(file, '\n');
+}
+
+bool is_path_byte(char c) {
+    return ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z') || ('0' <= c && c <= '9') || c == '/' ||
+           c == '_';
+}
+
+bool name_is_listed(str name) {
+    for (const catalogue_entry& entry : *current_catalogue) {
+        if (entry.name == name) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+void catalogues_load() {
+    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
+        catalogue_load(catalogues[kind], families[kind].catalogue);
+    }
+}
+
+void catalogue_load(catalogue& list, str path) {
+    str text;
+    if (!file_read_all(path, text)) {
+        message_write({"failed to open ", path, "\n"});
+        return;
+    }
+    text_cursor cursor = {text.data, text.length, 0};
+    while (cursor.position < cursor.size) {
+        catalogue_entry entry;
+        entry.name = text_scan_until(cursor, ' ');
+        cursor.position += 1;
+        entry.path = text_scan_until(cursor, '\n');
+        cursor.position += 1;
+        dyn_array_push(list, entry);
+    }
+}
+
+void catalogue_save() {
+    if (!family_is_known()) {
+        return;
+    }
+    current_catalogue = &catalogues[machine_kind];
+    str path = families[machine_kind].catalogue;
+    file_handle file = file_open(path, file_mode_write);
+    for (const catalogue_entry& entry : *current_catalogue) {
+        write_line(file, entry);
+    }
+    file_close(file);
+    if (file_failed(file)) {
+        message_write({"failed to save catalogue: ", path, "\n"});
+    }
+}
+
+void catalogue_select() {
+    if (family_is_known()) {
+        current_catalogue = &catalogues[machine_kind];
+    }
+    selected_entry = 0;
+    if (const catalogue_entry* entry = catalogue_selected()) {
+        map_load(entry->path);
+    }
+}
+
+void catalogue_delete_selected() {
+    const catalogue_entry* doomed = catalogue_selected();
+    if (doomed == nullptr) {
+        return;
+    }
+    file_delete(doomed->path);
+    dyn_array_remove_at(*current_catalogue, selected_entry);
+    if (current_catalogue->count <= selected_entry) {
+        selected_entry = current_catalogue->count - 1;
+    }
+    if (const catalogue_entry* entry = catalogue_selected()) {
+        map_load(entry->path);
+    }
+    catalogue_save();
+}
+
+void catalogue_add(str name, str path) {
+    if (current_catalogue == nullptr || name_is_listed(name)) {
+        return;
+    }
+    dyn_array_push(*current_catalogue, {str_copy(name), path});
+    catalogue_save();
+}
+
+i64 catalogue_count() {
+    return current_catalogue == nullptr ? 0 : current_catalogue->count;
+}
+
+const catalogue_entry* catalogue_selected() {
+    if (selected_entry < 0 || selected_entry >= catalogue_count()) {
+        return nullptr;
+    }
+    return &current_catalogue->data[selected_entry];
+}
+
+str custom_map_path(str name) {
+    str directory = family_is_known() ? families[machine_kind].custom_directory : str();
+    str path = str_concat(directory, name, arena_persistent);
+    // The directory's own bytes all pass.
+    char* bytes = const_cast<char*>(path.data);
+    for (i64 i = 0; i < path.length; ++i) {
+        if (!is_path_byte(bytes[i])) {
+            bytes[i] = '_';
+        }
+    }
+    return path;
+}

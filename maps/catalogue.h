@@ -1,0 +1,51 @@
+#pragma once
+
+// The lists of maps that the map list offers, one per family, and where custom maps are kept.
+//
+// A catalogue file holds one entry per line: the name, which has no blank, one blank, and the
+// map's path, which runs to the line's end.
+
+#include "maps/model.h"
+#include "shell/memory/dyn_array.h"
+#include "shell/memory/str.h"
+
+struct catalogue_entry {
+    str name;
+    str path;
+};
+
+using catalogue = dyn_array<catalogue_entry>;
+
+extern catalogue catalogues[machine_kind_count];  // indexed by family
+extern catalogue* current_catalogue;              // one of them; null until one is selected
+extern i64 selected_entry;                        // index into it; -1 for none
+
+// Reads the three catalogues from their files. A file that cannot be read is answered with one
+// line on standard output and leaves its family without maps.
+void catalogues_load();
+void catalogue_load(catalogue& list, str path);
+
+// Makes the current family's catalogue current and writes it to its file. When that fails, the
+// list stays as it is in memory and one line on standard output says so.
+void catalogue_save();
+
+// Makes the current family's catalogue current, selects its first entry and loads that map.
+void catalogue_select();
+
+// Deletes the selected entry with its map file, selects and loads the one that follows it (else
+// the last), and writes the catalogue. Nothing happens without a selected entry.
+void catalogue_delete_selected();
+
+// Adds an entry to the current catalogue and writes it, unless the name is there already. The
+// name is copied; the path must live in the persistent arena.
+void catalogue_add(str name, str path);
+
+// Entries in the current catalogue; 0 when none is current.
+i64 catalogue_count();
+// The selected entry, null when there is none; valid until the catalogue changes.
+const catalogue_entry* catalogue_selected();
+
+// The path, in the persistent arena, under which a custom map of the current family is saved: the
+// family's directory and the name, in which every byte but letters, digits, "/" and "_" becomes
+// "_". It never leads out of that directory.
+str custom_map_path(str name);

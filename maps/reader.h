@@ -1,0 +1,25 @@
+#pragma once
+
+// Reading a map file into the loaded map.
+//
+// The format: one record per line, a keyword and its fields, each field separated from the one
+// before by exactly one byte. Lines that start with anything else are ignored.
+//
+//   map X Y SCALE                  world position of the map's origin, world units per map unit
+//   win N                          win mode
+//   deck COPIES COLOURS SHAPES NUMBERS
+//   hand N                         cards in a hand
+//   tape N                         cards on the tape
+//   goal MEASURE COMPARISON TARGET [COLOUR SHAPE NUMBER [COLOUR SHAPE NUMBER]]
+//   stone STATE
+//   * X Y                          an accepting state
+//   . X Y                          any other state ("$" reads the same)
+//   => FROM TO BEND [DX DY "RULE"] a transition, with its label's offset and its rule
+
+#include "shell/memory/str.h"
+
+// Replaces states, transitions, stones and goals by those of the file, and every setting that the
+// file names; for a state machine the nimbers are computed too. Rules point into the file's text,
+// which stays in the persistent arena. A file that cannot be read is answered with one line on
+// standard output and changes nothing.
+void map_load(str path);

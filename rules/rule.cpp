@@ -1,0 +1,247 @@
+#include "rules/rule.h"
+
+#include "maps/scan.h"
+#include "rules/cards.h"
+
+namespace {
+
+constexpr i64 rule_buffer_size = 1024;
+constexpr i64 list_limit = 8;
+
+char rule_buffer[rule_buffer_size];  // the rule without its blanks
+
+enum card_field : u8 { field_colour, field_shape, field_number, field_count };
+
+u8 card_field_value(card c, card_field field) {
+    switch (field) {
+        case field_colour:
+            return c.colour;
+        case field_shape:
+            return c.shape;
+        default:
+            return c.number;
+    }
+}
+
+// What a letter or digit of a rule asks for.
+struct card_property {
+    card_field field;
+    u8 value;
+};
+
+bool card_property_read(char c, card_property& property) {
+    if ('A' <= c && c <= 'F') {
+        property = {field_colour, static_cast<u8>(c - 'A')};
+    } else if ('a' <= c && c <= 'f') {
+        property = {field_shape, static_cast<u8>(c - 'a')};
+    } else if ('1' <= c && c <= '6') {
+        property = {field_number, static_cast<u8>(c - '0')};
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// A rule is evaluated over a domain of cards at once, and what it says of them is a set with one
+// bit per card: a single bit for the one card that is tested, or a bit for every card value.
+
+struct one_card {
+    using set = u64;
+    static constexpr set none = 0;
+    static constexpr set all = 1;
+
+    card tested;
+
+    set having(card_property property) const {
+        return card_field_value(tested, property.field) == property.value ? all : none;
+    }
+};
+
+struct every_card {
+    using set = card_set;
+    static constexpr set none = {};
+    static constexpr set all = {{~u64{0}, ~u64{0}, ~u64{0}, (u64{1} << 24) - 1}};
+    static_assert(card_value_count == 3 * 64 + 24);
+
+    static set having(card_property property);
+};
+
+struct property_sets {
+    card_set sets[field_count][card_number_count + 1];
+};
+
+constexpr property_sets property_sets_make() {
+    property_sets made = {};
+    for (i64 value = 0; value < card_value_count; ++value) {
+        i64 number = value % card_number_count + 1;
+        i64 shape = value / card_number_count % card_shape_count;
+        i64 colour = value / (card_number_count * card_shape_count);
+        card_set_add(made.sets[field_colour][colour], value);
+        card_set_add(made.sets[field_shape][shape], value);
+        card_set_add(made.sets[field_number][number], value);
+    }
+    return made;
+}
+
+constexpr property_sets all_property_sets = property_sets_make();
+
+card_set every_card::having(card_property property) {
+    return all_property_sets.sets[property.field][property.value];
+}
+
+// What an expression says of each card of the domain.
+template <typename domain>
+struct rule_value {
+    typename domain::set played = domain::none;  // it holds for the card
+    typename domain::set top = domain::none;     // it holds for the top card of the pile
+};
+
+template <typename domain>
+struct rule_parser {
+    domain cards;
+    text_cursor cursor;
+    // A syntax error anywhere makes the whole rule hold for no card, so the first one ends it.
+    bool failed;
+
+    using value = rule_value<domain>;
+};
+
+template <typename domain>
+char next_byte(const rule_parser<domain>& parser) {
+    const text_cursor& cursor = parser.cursor;
+    return cursor.position < cursor.size ? cursor.data[cursor.position] : '\0';
+}
+
+template <typename domain>
+rule_value<domain> rule_parse_expression(rule_parser<domain>& parser);
+
+// Adds one value of a list to what the operator in front of it has made of the ones before.
+template <typename domain>
+void list_fold(rule_value<domain>& folded, const rule_value<domain>& value, char list_operator) {
+    switch (list_operator) {
+        case 'T':
+            folded.played = folded.played | value.top;
+            folded.top = folded.top | value.top;
+            break;
+        case '~':
+            folded.played = folded.played | (value.played & value.top);
+            folded.top = folded.top | (value.played & value.top);
+            break;
+        case '!':
+            folded.played = folded.played | (domain::all ^ value.played);
+            folded.top = folded.top | (domain::all ^ value.top);
+            break;
+        default:
+            folded = value;
+    }
+}
+
+// The list in parentheses, its values folded by the operator in front of it ('\0': none, which
+// takes a list of one only).
+template <typename domain>
+rule_value<domain> rule_parse_list(rule_parser<domain>& parser, char list_operator) {
+    i64 limit = list_operator == '\0' ? 1 : list_limit;
+    rule_value<domain> folded;
+    for (i64 count = 0; count < limit; ++count) {
+        parser.cursor.position += 1;  // the "(" or ","
+        list_fold(folded, rule_parse_expression(parser), list_operator);
+        if (parser.failed || next_byte(parser) != ',') {
+            break;
+        }
+    }
+    if (next_byte(parser) != ')') {
+        parser.failed = true;
+    }
+    parser.cursor.position += 1;
+    return folded;
+}
+
+template <typename domain>
+rule_value<domain> rule_parse_primary(rule_parser<domain>& parser, char list_operator) {
+    char c = next_byte(parser);
+    if (c == '(') {
+        return rule_parse_list(parser, list_operator);
+    }
+    rule_value<domain> value;
+    card_property property;
+    if (c == '*') {
+        value = {domain::all, domain::all};
+    } else if (card_property_read(c, property)) {
+        value.played = parser.cards.having(property);
+        const dyn_array<card>& pile = discard_pile.cards;
+        bool top_has = pile.count > 0 &&
+                       card_field_value(card_array_top(pile), property.field) == property.value;
+        value.top = top_has ? domain::all : domain::none;
+    } else {
+        parser.failed = true;
+        return value;
+    }
+    parser.cursor.position += 1;
+    rule_value<domain> folded;
+    list_fold(folded, value, list_operator);
+    return folded;
+}
+
+template <typename domain>
+rule_value<domain> rule_parse_unary(rule_parser<domain>& parser) {
+    char c = next_byte(parser);
+    if (c == 'T' || c == '~' || c == '!') {
+        parser.cursor.position += 1;
+        return rule_parse_primary(parser, c);
+    }
+    return rule_parse_primary(parser, '\0');
+}
+
+template <typename domain>
+rule_value<domain> rule_parse_expression(rule_parser<domain>& parser) {
+    rule_value<domain> left = rule_parse_unary(parser);
+    for (;;) {
+        char c = next_byte(parser);
+        if (parser.failed || (c != '&' && c != '|' && c != '^')) {
+            return left;
+        }
+        parser.cursor.position += 1;
+        rule_value<domain> right = rule_parse_unary(parser);
+        if (c == '&') {
+            left = {left.played & right.played, left.top & right.top};
+        } else if (c == '|') {
+            left = {left.played | right.played, left.top | right.top};
+        } else {
+            left = {left.played ^ right.played, left.top ^ right.top};
+        }
+    }
+}
+
+// Copies the rule without its blanks into `rule_buffer`; returns the bytes stored.
+i64 rule_squeeze(str rule) {
+    i64 size = 0;
+    for (char c : rule) {
+        if (size == rule_buffer_size) {
+            break;
+        }
+        if (c != '\t' && c != '\n' && c != ' ') {
+            rule_buffer[size] = c;
+            size += 1;
+        }
+    }
+    return size;
+}
+
+// The cards of the domain that the rule holds for.
+template <typename domain>
+typename domain::set rule_evaluate(str rule, domain cards) {
+    rule_parser<domain> parser = {cards, {rule_buffer, rule_squeeze(rule), 0}, false};
+    rule_value<domain> value = rule_parse_expression(parser);
+    bool whole = parser.cursor.position == parser.cursor.size;
+    return whole && !parser.failed ? value.played : domain::none;
+}
+
+}  // namespace
+
+bool rule_matches(str rule, card tested) {
+    return rule_evaluate(rule, one_card{tested}) != 0;
+}
+
+card_set rule_matching_cards(str rule) {
+    return rule_evaluate(rule, every_card{});
+}

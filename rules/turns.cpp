@@ -1,0 +1,91 @@
+#include "rules/turns.h"
+
+#include "rules/cards.h"
+#include "rules/goal.h"
+
+namespace {
+
+constexpr f64 stone_spacing = 8;  // world units between stones on one state
+
+void card_write(card& c, char symbol) {
+    if ('A' <= symbol && symbol <= 'F') {
+        c.colour = static_cast<u8>(symbol - 'A');
+    } else if ('a' <= symbol && symbol <= 'f') {
+        c.shape = static_cast<u8>(symbol - 'a');
+    } else if ('1' <= symbol && symbol <= '6') {
+        c.number = static_cast<u8>(symbol - '0');
+    }
+}
+
+void tape_head_move(char direction) {
+    i64 step = direction == 'L' ? -1 : direction == 'R' ? 1 : 0;
+    i64 count = tape.count;
+    tape_head = count == 0 ? 0 : ((tape_head + step) % count + count) % count;
+}
+
+}  // namespace
+
+u16 stone_find(u16 state) {
+    for (i64 i = 0; i < stones.count && i < no_index; ++i) {
+        if (stones[i] == state) {
+            return static_cast<u16>(i);
+        }
+    }
+    return no_index;
+}
+
+void state_world_position(u16 state, f32 (&position)[2]) {
+    world_point centre = state_centre(state);
+    position[0] = static_cast<f32>(centre.x);
+    position[1] = static_cast<f32>(centre.y + stone_spacing * stone_stack[state]);
+}
+
+void stone_move(u16 stone, u16 target) {
+    flight.moving_stone = stone;
+    state_world_position(stones[stone], flight.moving_from);
+    stones[stone] = target;
+    turn.move_timer = move_duration;
+}
+
+void hand_play(i64 index) {
+    dyn_array<card>& hand = current_seat().hand;
+    card played = hand[index];
+    card_array_remove_at(hand, index);
+    dyn_array_push(discard_pile.cards, played);
+}
+
+void hand_draw() {
+    dyn_array_push(current_seat().hand, card_take_top(deck.cards));
+    turn.card_drawn = true;
+}
+
+void turn_pass() {
+    turn.move_timer = move_duration;
+}
+
+void tape_apply(str action) {
+    if (action.length > 0 && 0 <= tape_head && tape_head < tape.count) {
+        card_write(tape[tape_head], action[0]);
+    }
+    if (action.length > 1) {
+        tape_head_move(action[1]);
+    }
+}
+
+void turn_end() {
+    if (players.count > 1) {
+        turn.turn_revealed = false;
+    }
+    turn.card_drawn = false;
+    selection = {};
+    if (win_check()) {
+        turn.winner = static_cast<u8>(turn.current_player);
+        return;
+    }
+    turn.current_player = static_cast<i8>((turn.current_player + 1) % players.count);
+    if (current_seat().is_computer) {
+        turn.think_timer = think_after_turn;
+    } else if (turn.human_count <= 1) {
+        turn.turn_revealed = true;
+    }
+}

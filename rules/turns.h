@@ -1,0 +1,35 @@
+#pragma once
+
+// What a move does and how a turn ends; shared by human and computer seats.
+
+#include "maps/model.h"
+#include "rules/game_state.h"
+#include "shell/memory/str.h"
+#include "shell/memory/types.h"
+
+inline constexpr f64 move_duration = 0.5;     // seconds for which a move is shown
+inline constexpr f64 think_after_turn = 0.4;  // seconds a computer seat waits when its turn comes
+inline constexpr f64 think_after_draw = 0.25;
+
+// The first stone on `state`, `no_index` when there is none.
+u16 stone_find(u16 state);
+
+// Where the next stone on an existing state is drawn: its centre, raised by the stones that the
+// board drew there in its last frame.
+void state_world_position(u16 state, f32 (&position)[2]);
+
+// Puts a stone on an existing state and starts its flight and the move's time.
+void stone_move(u16 stone, u16 target);
+// The card at `index` leaves the current hand, whose order stays, for the top of the discard pile.
+void hand_play(i64 index);
+// The deck's top card goes to the end of the current hand; `card_drawn` is set.
+void hand_draw();
+// The current seat's turn ends without a move, when the time of a move has passed.
+void turn_pass();
+
+// A turing machine's action: its first byte, a colour, shape or number, is written on the card
+// under the head; its second, "L" or "R", moves the head one card, round the tape's ends.
+void tape_apply(str action);
+
+// Ends the move or turn: the current seat has won, or the next one takes its turn.
+void turn_end();
