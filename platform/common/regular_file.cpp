@@ -1,0 +1,34 @@
+#include "platform/common/regular_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+std::string path_text(str path) {
+    if (path.length <= 0) {
+        return {};
+    }
+    std::string text(path.data, static_cast<std::size_t>(path.length));
+    return text.find('\0') == std::string::npos ? text : std::string();
+}
+
+std::FILE* regular_file_open(str path, i64& size) {
+    size = 0;
+    // Without O_NONBLOCK a pipe would be waited for before it can be refused.
+    int descriptor = open(path_text(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) {
+        return nullptr;
+    }
+    struct stat status;
+    if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+        close(descriptor);
+        return nullptr;
+    }
+    std::FILE* stream = fdopen(descriptor, "rb");
+    if (stream == nullptr) {
+        close(descriptor);
+        return nullptr;
+    }
+    size = status.st_size;
+    return stream;
+}
