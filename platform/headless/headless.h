@@ -3,7 +3,7 @@
 // The controls of the headless platform: no window and no GPU, real files, scripted input, a
 // chosen clock, and every GPU call kept in order. For tests, benchmarks and tools.
 //
-// Scripted input takes effect at the next `input_poll`, as real input does.
+// Scripted input takes effect at the next `input_poll`, as real input does: all of it in one frame.
 
 #include <array>
 #include <string>
@@ -57,11 +57,12 @@ enum class gpu_op : u8 {
     pipeline_get_error,
     pipeline_present,
     draw_elements,
+    count,
 };
 
 // One GPU call with its arguments, in their order: whole numbers in `numbers`, reals in `reals`
-// and the bytes of a name, a text or a block of data in `bytes`; a created handle or a looked-up
-// location is in `result`.
+// and the bytes of a name, a text or a block of data in `bytes`; what it answered (a created
+// handle, a location, a status, an error, whether a shader compiled) is in `result`, else 0.
 struct gpu_call {
     gpu_op op;
     std::vector<i64> numbers;
@@ -70,18 +71,19 @@ struct gpu_call {
     i64 result;
 };
 
-// One `draw_elements` with the state it was drawn with.
+// One `draw_elements` with the state it was drawn with. A uniform that was never set is zero.
 struct gpu_draw {
-    u32 frame_buffer;  // 0: the window
-    u32 program;
-    u32 texture;
+    u32 frame_buffer;           // 0: the window
+    u32 program;                // 0: none bound
+    u32 texture;                // bound to the unit that the uniform `diffuse` names
     std::array<f32, 16> mvp;    // column-major
     std::array<f32, 4> colour;  // of the uniform `color`
     std::array<f32, 4> uv_rect;
     f32 gamma;
 };
 
-// Forgets the script, the recording, the handles and their states; starts every test.
+// Forgets the script, the recording, the handles and their states; starts every test. Afterwards
+// the clock stands at 0 and the screen is 1920 by 1080.
 void headless_reset();
 
 void headless_set_time(u64 time);                         // what `system_time` answers
@@ -98,15 +100,18 @@ void headless_set_caps_lock(bool on);
 void headless_mouse_move(f64 x, f64 y);  // pixels from the window's top-left corner
 void headless_mouse_press(u32 button);   // goes down: one edge; stays down
 void headless_mouse_release(u32 button);
-void headless_wheel(f64 steps);
+void headless_wheel(f64 steps);  // adds to what the next poll finds
 
-// Whether GPU calls are kept (off at first: they are dropped).
+// Whether GPU calls are kept (off at first: they are dropped). The state that draws are made with
+// is known in either case.
 void headless_record(bool on);
 const std::vector<gpu_call>& headless_calls();
-// The draws among the recorded calls, with the state each was drawn with.
+// The draws among the recorded calls, in order.
 std::vector<gpu_draw> headless_draws();
 void headless_forget_calls();
 // Live GPU objects by their kind's create operation, e.g. gpu_op::texture_create.
 i64 headless_live_objects(gpu_op create);
+bool headless_window_is_open();
 // How often `display_set_fullscreen` was called, and its last argument.
 i64 headless_fullscreen_calls();
+bool headless_is_fullscreen();

@@ -1,0 +1,128 @@
+#include "platform/headless/headless.h"
+
+#include "platform/common/input_state.h"
+#include "platform/display.h"
+#include "platform/headless/gpu_headless.h"
+#include "platform/input.h"
+#include "platform/system.h"
+
+namespace {
+
+struct machine {
+    u64 time = 0;
+    i32 screen_width = 1920;
+    i32 screen_height = 1080;
+    bool window_open = false;
+    bool window_closed_by_player = false;
+    bool fullscreen = false;
+    i64 fullscreen_calls = 0;
+    f64 pointer_x = 0.0;
+    f64 pointer_y = 0.0;
+};
+
+machine now;
+
+}  // namespace
+
+void headless_reset() {
+    now = {};
+    input_reset();
+    gpu_reset();
+}
+
+void headless_set_time(u64 time) {
+    now.time = time;
+}
+
+void headless_set_screen(i32 width, i32 height) {
+    now.screen_width = width;
+    now.screen_height = height;
+}
+
+void headless_close_window() {
+    now.window_closed_by_player = true;
+}
+
+bool headless_window_is_open() {
+    return now.window_open;
+}
+
+i64 headless_fullscreen_calls() {
+    return now.fullscreen_calls;
+}
+
+bool headless_is_fullscreen() {
+    return now.fullscreen;
+}
+
+void headless_key_press(u32 key) {
+    input_feed_key(key, true);
+    input_feed_key(key, false);
+}
+
+void headless_key_hold(u32 key) {
+    input_feed_key(key, true);
+}
+
+void headless_key_release(u32 key) {
+    input_feed_key(key, false);
+}
+
+void headless_set_caps_lock(bool on) {
+    input_feed_caps_lock(on);
+}
+
+void headless_mouse_move(f64 x, f64 y) {
+    input_feed_motion(x - now.pointer_x, y - now.pointer_y);
+    input_feed_pointer(x, y);
+    now.pointer_x = x;
+    now.pointer_y = y;
+}
+
+void headless_mouse_press(u32 button) {
+    input_feed_button(button, true);
+}
+
+void headless_mouse_release(u32 button) {
+    input_feed_button(button, false);
+}
+
+void headless_wheel(f64 steps) {
+    input_feed_wheel(steps);
+}
+
+void system_init(u32, f64) {}
+
+void system_release() {}
+
+u64 system_time() {
+    return now.time;
+}
+
+void system_sleep(u32) {}
+
+void display_open(i32, i32, str, u32, u32) {
+    now.window_open = true;
+}
+
+bool display_is_closed() {
+    return now.window_closed_by_player;
+}
+
+void display_set_fullscreen(bool fullscreen) {
+    now.fullscreen = fullscreen;
+    now.fullscreen_calls += 1;
+}
+
+void display_get_info(i32& width, i32& height) {
+    width = now.screen_width;
+    height = now.screen_height;
+}
+
+void display_close() {
+    now.window_open = false;
+}
+
+void input_poll() {
+    input_sample();
+}
