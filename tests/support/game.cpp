@@ -1,0 +1,176 @@
+#include "tests/support/game.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "ai/nimbers.h"
+#include "maps/catalogue.h"
+#include "platform/headless/headless.h"
+#include "platform/input.h"
+#include "rules/cards.h"
+#include "rules/screens.h"
+#include "rules/turn_update.h"
+
+namespace {
+
+void globals_start() {
+    machine_kind = pushdown_machine;
+    game_map = {};
+    settings = {};
+    goals = {};
+    stones = {};
+    std::fill(catalogues, catalogues + machine_kind_count, catalogue{});
+    current_catalogue = nullptr;
+    selected_entry = -1;
+    deck = {};
+    discard_pile = {};
+    tape = {};
+    tape_head = 0;
+    random_generator = {};
+    players = {};
+    player_count = 3;
+    turn = {};
+    selection = {};
+    flight = {};
+    screens = {};
+}
+
+// The arenas' memory is taken once; every test finds it empty.
+void arenas_start() {
+    static const bool created = (arenas_create(), true);
+    static_cast<void>(created);
+    arenas[arena_persistent] = {arenas[arena_persistent].base, persistent_arena_capacity, 0};
+    arenas[arena_frame] = {arenas[arena_frame].base, frame_arena_capacity, 0};
+}
+
+}  // namespace
+
+game_test::game_test() : outside(std::filesystem::current_path()) {
+    std::string name = (std::filesystem::temp_directory_path() / "quorrel-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+        throw std::filesystem::filesystem_error("no temporary directory", {});
+    }
+    folder = name;
+    std::filesystem::current_path(folder);
+    globals_start();
+    arenas_start();
+    headless_reset();
+    random_seed(1);
+}
+
+game_test::~game_test() {
+    std::filesystem::current_path(outside);
+    std::filesystem::remove_all(folder);
+}
+
+str str_of(std::string_view text) {
+    return {text.data(), static_cast<i64>(text.size())};
+}
+
+std::string string_of(str text) {
+    return {text.begin(), text.end()};
+}
+
+void file_put(const std::string& path, std::string_view content) {
+    std::filesystem::path parent = std::filesystem::path(path).parent_path();
+    if (!parent.empty()) {
+        std::filesystem::create_directories(parent);
+    }
+    std::ofstream(path, std::ios::binary) << content;
+}
+
+std::string file_get(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void map_make(i64 kind, std::string_view states, const std::vector<arc>& arcs,
+              const std::vector<u16>& stones_on) {
+    machine_kind = kind;
+    map_clear();
+    for (std::size_t i = 0; i < states.size(); ++i) {
+        map_add_state(static_cast<f64>(i), 0, states[i] == '*');
+    }
+    for (const arc& a : arcs) {
+        map_add_transition(a.from, a.to, 0, 0, 0, str_copy(str_of(a.rule)));
+    }
+    for (u16 state : stones_on) {
+        dyn_array_push(stones, state);
+    }
+    if (kind == state_machine) {
+        nimbers_compute();
+    }
+}
+
+void seats_make(std::string_view kinds) {
+    players.count = 0;
+    for (char kind : kinds) {
+        player seat;
+        seat.is_computer = kind != 'H';
+        seat.strength = seat.is_computer ? static_cast<u64>(kind - '0') : 0;
+        dyn_array_push(players, seat);
+    }
+    player_count = players.count;
+}
+
+card card_of(std::string_view text) {
+    return {static_cast<u8>(text[0] - 'A'), static_cast<u8>(text[1] - 'a'),
+            static_cast<u8>(text[2] - '0')};
+}
+
+void pile_set(dyn_array<card>& pile, std::string_view text) {
+    pile.count = 0;
+    std::istringstream words{std::string(text)};
+    for (std::string word; words >> word;) {
+        dyn_array_push(pile, card_of(word));
+    }
+}
+
+std::string pile_text(const dyn_array<card>& pile) {
+    std::string text;
+    for (card c : pile) {
+        text += text.empty() ? "" : " ";
+        text += {static_cast<char>('A' + c.colour), static_cast<char>('a' + c.shape),
+                 static_cast<char>('0' + c.number)};
+    }
+    return text;
+}
+
+std::string game_text() {
+    std::ostringstream text;
+    text << "stones";
+    for (u16 state : stones) {
+        text << ' ' << state;
+    }
+    text << "\ndeck " << pile_text(deck.cards) << "\ndiscard " << pile_text(discard_pile.cards)
+         << "\ntape " << pile_text(tape) << " head " << tape_head;
+    for (const player& seat : players) {
+        text << "\nhand " << pile_text(seat.hand);
+    }
+    text << "\nseat " << int{turn.current_player} << " move " << turn.move_timer << " think "
+         << turn.think_timer << " drawn " << turn.card_drawn << " revealed " << turn.turn_revealed
+         << " winner " << int{turn.winner} << "\n";
+    return text.str();
+}
+
+i64 move_finish() {
+    i64 updates = 0;
+    for (; turn.move_timer > 0; ++updates) {
+        turn_update();
+    }
+    return updates;
+}
+
+i64 draws_since(random_state before) {
+    random_state now = random_generator;
+    random_generator = before;
+    i64 draws = 0;
+    for (; random_generator != now && draws < 100'000; ++draws) {
+        random_next();
+    }
+    return draws;
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+// What the tests of memory, maps, rules and computer seats share: a clean start, small maps, boards
+// as text, captured output.
+//
+// A card is written as in rules: "Ca3" has colour 2, shape 0 and number 3; piles are cards with
+// blanks between them, the top one last.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "maps/model.h"
+#include "rules/game_state.h"
+#include "rules/random.h"
+
+// Starts every test with all globals at their start values, empty arenas, and an empty temporary
+// directory as the working one.
+class game_test : public testing::Test {
+  protected:
+    game_test();
+    ~game_test() override;
+
+  private:
+    std::filesystem::path outside;
+    std::filesystem::path folder;
+};
+
+str str_of(std::string_view text);
+std::string string_of(str text);
+
+void file_put(const std::string& path, std::string_view content);
+std::string file_get(const std::string& path);
+
+// What `act` writes to standard output.
+template <typename action>
+std::string output_of(action act) {
+    testing::internal::CaptureStdout();
+    act();
+    return testing::internal::GetCapturedStdout();
+}
+
+struct arc {
+    u16 from;
+    u16 to;
+    std::string rule = "";
+};
+
+// Makes the loaded map: one character per state, "*" for an accepting one; the nimbers are computed
+// for a state machine.
+void map_make(i64 kind, std::string_view states, const std::vector<arc>& arcs,
+              const std::vector<u16>& stones_on = {});
+// Makes the seats: "H" for a human, "0" to "2" for a computer of that strength.
+void seats_make(std::string_view kinds);
+
+card card_of(std::string_view text);
+void pile_set(dyn_array<card>& pile, std::string_view text);
+std::string pile_text(const dyn_array<card>& pile);
+
+// The whole game: stones, piles, tape with its head, hands, seat to move, timers, winner.
+std::string game_text();
+
+// Runs updates until no move is shown; returns how many it took.
+i64 move_finish();
+
+// How many random numbers were drawn since the generator stood at `before`.
+i64 draws_since(random_state before);
