@@ -1,0 +1,176 @@
+#include "game/board.h"
+
+#include <algorithm>
+
+#include "game/map_drawing.h"
+#include "platform/input.h"
+#include "render/numbers.h"
+#include "render/text.h"
+#include "rules/game_state.h"
+#include "rules/screens.h"
+
+namespace {
+
+constexpr f64 halo_size = 96;
+constexpr colour selected_halo = {0.5f, 0, 0, 0.5f};
+constexpr colour target_halo = {0, 0, 1, 0.5f};
+constexpr colour hover_halo = {1, 1, 1, 0.3f};
+constexpr colour selected_transition_tint = {0.3f, 0, 1, 1};
+
+// The spring that flies a stone to its state: pull per frame, damping per second.
+constexpr f32 flight_pull = 1.5f;
+constexpr f32 flight_damping = 24;
+
+void transitions_draw() {
+    for (i64 i = 0; i < game_map.transitions.count; ++i) {
+        const transition& arc = game_map.transitions[i];
+        if (transition_exists(arc)) {
+            bool selected = i == selection.selected_transition && i != no_index;
+            transition_draw(on_board, arc, selected ? selected_transition_tint : transition_tint);
+        }
+    }
+}
+
+// Undoes the most recent of target, source and card.
+void right_click_apply() {
+    if (!input_mouse_is_pressed(mouse_right) || screens.text_entry_open) {
+        return;
+    }
+    if (selection.target_state != no_index) {
+        selection.target_state = no_index;
+    } else if (selection.selected_state != no_index) {
+        selection.selected_state = no_index;
+    } else {
+        selection.selected_card = no_card;
+    }
+}
+
+void state_click_apply(u16 state) {
+    if (selection.selected_state == no_index) {
+        selection.selected_state = state;
+        selection.target_state = no_index;
+    } else if (selection.target_state == state) {
+        selection.target_state = no_index;
+    } else {
+        selection.target_state = state;
+    }
+}
+
+bool state_is_hovered(const pointer& mouse, world_point centre) {
+    f64 left = centre.x - state_size / 2;
+    f64 bottom = centre.y - state_size / 2;
+    return mouse.on_board && !screens.text_entry_open && left <= mouse.world_x &&
+           mouse.world_x < left + state_size && bottom <= mouse.world_y &&
+           mouse.world_y < bottom + state_size;
+}
+
+void nimber_draw(i64 state, world_point centre) {
+    if (!turn.show_nimbers || state >= game_map.nimber_count) {
+        return;
+    }
+    text_builder text = {};
+    text.owner = arena_frame;
+    text_builder_put_int(text, static_cast<i8>(game_map.nimbers[state]));
+    text_draw(text_builder_text(text), centre.x, centre.y - 32, 256, colour_white, false, false,
+              true);
+}
+
+void state_frame(i64 state, const pointer& mouse) {
+    world_point centre = state_centre(state);
+    bool hovered = state_is_hovered(mouse, centre);
+    if (hovered && mouse.pressed && state_exists(state)) {
+        state_click_apply(static_cast<u16>(state));
+    }
+    if (state_exists(state) && state == selection.selected_state) {
+        disc_draw(on_board, centre, halo_size, selected_halo);
+    }
+    if (state_exists(state) && state == selection.target_state) {
+        disc_draw(on_board, centre, halo_size, target_halo);
+    }
+    state_draw(on_board, state);
+    if (hovered) {
+        disc_draw(on_board, centre, halo_size, hover_halo);
+    }
+    nimber_draw(state, centre);
+}
+
+// Moves the flying stone one step; it lands when it is slow.
+void flight_advance() {
+    if (flight.moving_stone >= stones.count || !state_exists(stones[flight.moving_stone])) {
+        flight.moving_stone = no_index;
+        return;
+    }
+    world_point centre = state_centre(stones[flight.moving_stone]);
+    const f32 target[2] = {static_cast<f32>(centre.x), static_cast<f32>(centre.y)};
+    constexpr f32 dt = static_cast<f32>(frame_dt);
+    f32 speed_squared = 0;
+    for (i64 axis = 0; axis < 2; ++axis) {
+        f32& p = flight.moving_from[axis];
+        f32& v = flight.moving_velocity[axis];
+        v = v + (target[axis] - p) * flight_pull - v * flight_damping * dt;
+        p = p + v * dt;
+        speed_squared += v * v;
+    }
+    if (speed_squared < 1) {
+        std::copy(target, target + 2, flight.moving_from);
+        flight.moving_stone = no_index;
+    }
+}
+
+world_point stone_centre(i64 stone) {
+    if (stone == flight.moving_stone) {
+        return {flight.moving_from[0], flight.moving_from[1]};
+    }
+    u16 state = stones[stone];
+    world_point centre = state_centre(state);
+    return {centre.x, centre.y + stone_rise * stone_stack[state]};
+}
+
+void stones_draw() {
+    for (i64 i = 0; i < stones.count; ++i) {
+        if (state_exists(stones[i])) {
+            stone_draw(on_board, stone_centre(i));
+            stone_stack[stones[i]] += 1;
+        }
+    }
+}
+
+}  // namespace
+
+void board_check_selection() {
+    if (!state_exists(selection.selected_state)) {
+        selection.selected_state = no_index;
+        selection.target_state = no_index;
+    }
+    if (!state_exists(selection.target_state)) {
+        selection.target_state = no_index;
+    }
+}
+
+void board_find_transition() {
+    selection.selected_transition = no_index;
+    if (selection.selected_state == no_index || selection.target_state == no_index) {
+        return;
+    }
+    i64 count = std::min(game_map.transitions.count, i64{no_index});
+    for (i64 i = 0; i < count; ++i) {
+        const transition& arc = game_map.transitions[i];
+        if (arc.from == selection.selected_state && arc.to == selection.target_state) {
+            selection.selected_transition = static_cast<u16>(i);
+            return;
+        }
+    }
+}
+
+void board_frame(const pointer& mouse) {
+    board_check_selection();
+    board_find_transition();
+    transitions_draw();
+    right_click_apply();
+    for (i64 i = 0; i < game_map.states.count; ++i) {
+        state_frame(i, mouse);
+    }
+    std::fill(stone_stack, stone_stack + stone_stack_size, u16{0});
+    flight_advance();
+    stones_draw();
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+// The board: the map in world space, the selection of states with the mouse, the stone in flight.
+
+#include "game/pointer.h"
+
+// Drops a selected state that the loaded map does not have.
+void board_check_selection();
+
+// Sets `selected_transition` to the first transition between the selected states, or to none.
+void board_find_transition();
+
+// Takes the frame's clicks and draws transitions, states and stones.
+void board_frame(const pointer& mouse);

@@ -1,0 +1,11 @@
+#pragma once
+
+// The map editor: the editing mode of the board screen.
+
+#include "game/pointer.h"
+
+// One frame of the editor, after the board was drawn: its keys, buttons and dialogs.
+void editor_frame(const pointer& mouse);
+
+// Closes the dialogs and drops what they had pending; called when the editor is left.
+void editor_leave();

@@ -1,0 +1,177 @@
+#include "game/hand_panel.h"
+
+#include <algorithm>
+
+#include "game/bands.h"
+#include "game/card_row.h"
+#include "platform/input.h"
+#include "render/cards.h"
+#include "render/goal_text.h"
+#include "render/numbers.h"
+#include "render/renderer.h"
+#include "render/sprites.h"
+#include "render/text.h"
+#include "rules/cards.h"
+#include "rules/turns.h"
+
+hand_scroll_record hand_row;
+
+namespace {
+
+constexpr f64 hand_y = 16;
+constexpr f64 bar_y = 160;
+constexpr f64 bar_height = 16;
+constexpr f64 bar_margin = 16;
+constexpr f64 wheel_step = 0.03125;
+
+constexpr colour thumb_tint = {0.3f, 0, 1, 1};
+constexpr colour thumb_hover_tint = {0.5f, 0.3f, 1, 1};
+constexpr colour thumb_drag_tint = {0.1f, 0, 0.5f, 1};
+
+// The row of a hand with `count` cards, at the start of the frame.
+struct hand_layout {
+    i64 count;
+    i64 visible;     // cards that the window shows at once
+    f64 full_width;  // pixels
+    f32 start;       // x of the first card while nothing is scrolled
+};
+
+hand_layout hand_measure(i64 count) {
+    hand_layout row = {};
+    row.count = count;
+    row.visible = render_target.width / static_cast<i64>(card_step);
+    row.full_width = static_cast<f64>(count) * card_step - card_margin;
+    f64 shown = static_cast<f64>(std::min(count, row.visible));
+    row.start = static_cast<f32>(render_target.width / 2.0 -
+                                 ((shown - 1) * card_margin + shown * card_size) / 2);
+    return row;
+}
+
+void hand_card_frame(i64 index, f64 x, const pointer& mouse) {
+    bool hovered =
+        machine_kind == pushdown_machine && pointer_in(mouse, x, hand_y, card_size, card_size);
+    if (hovered && mouse.pressed) {
+        selection.selected_card = selection.selected_card == index ? no_card : index;
+    }
+    if (selection.selected_card == index) {
+        card_highlight_draw(x, hand_y, card_selected_tint);
+    }
+    card_draw(current_seat().hand[index], x, hand_y, card_size);
+    if (hovered) {
+        card_highlight_draw(x, hand_y, card_hover_tint);
+    }
+}
+
+void hand_cards_frame(const hand_layout& row, const pointer& mouse) {
+    if (machine_kind == state_machine) {
+        return;
+    }
+    for (i64 i = 0; i < row.count; ++i) {
+        f64 x = static_cast<f64>(i) * card_step + f64{row.start} -
+                row.full_width * hand_row.hand_scroll;
+        hand_card_frame(i, x, mouse);
+    }
+}
+
+void deck_frame(const pointer& mouse) {
+    bool drawable = machine_kind == pushdown_machine && deck.cards.count > 0 && !turn.card_drawn;
+    if (!drawable || !pointer_in(mouse, deck.x, deck.y, deck.size, deck.size)) {
+        return;
+    }
+    if (mouse.pressed) {
+        hand_draw();
+    }
+    card_highlight_draw(deck.x, deck.y, card_hover_tint);
+}
+
+void end_turn_frame(const pointer& mouse) {
+    if (!turn.card_drawn) {
+        return;
+    }
+    f64 x = render_target.width - card_step;
+    f64 y = render_target.height - card_step;
+    sprite_draw(texture_set.textures[texture_next_turn], x, y, card_size, card_size,
+                colour_rgba(current_seat().colour_index), true);
+    if (deck.cards.count == 0 || !pointer_in(mouse, x, y, deck.size, deck.size)) {
+        return;
+    }
+    if (mouse.pressed) {
+        turn_end();
+    }
+    card_highlight_draw(x, y, card_hover_tint);
+}
+
+void drag_advance(const pointer& mouse, f64 track, bool thumb_hovered) {
+    if (thumb_hovered && mouse.pressed) {
+        hand_row.hand_scroll_dragging = true;
+    }
+    if (input_mouse_is_released(mouse_left)) {
+        hand_row.hand_scroll_dragging = false;
+    } else if (hand_row.hand_scroll_dragging) {
+        f64 dx = 0;
+        f64 dy = 0;
+        input_mouse_moved(dx, dy);
+        hand_row.hand_scroll += dx / track;
+    }
+}
+
+void scroll_bar_frame(const hand_layout& row, const pointer& mouse) {
+    if (row.count <= row.visible) {
+        hand_row.hand_scroll = 0;
+        return;
+    }
+    f64 track = render_target.width - 2 * bar_margin;
+    f64 fraction = track / row.full_width;
+    f64 thumb_width = fraction * track;
+    bool hovered = !hand_row.hand_scroll_dragging &&
+                   pointer_in(mouse, bar_margin + hand_row.hand_scroll * track, bar_y, thumb_width,
+                              bar_height);
+    drag_advance(mouse, track, hovered);
+    if (mouse.y < bottom_panel_height) {
+        hand_row.hand_scroll -= input_mouse_wheel() * wheel_step;
+    }
+    hand_row.hand_scroll = std::clamp(hand_row.hand_scroll, 0.0, 1 - fraction);
+    const colour& tint = hand_row.hand_scroll_dragging ? thumb_drag_tint
+                         : hovered                     ? thumb_hover_tint
+                                                       : thumb_tint;
+    sprite_draw(texture_set.textures[texture_white], bar_margin + hand_row.hand_scroll * track,
+                bar_y, thumb_width, bar_height, tint, true);
+}
+
+void card_count_draw(const player& seat, f64 x, f64 y) {
+    i64 count = seat.hand.count;
+    text_builder text = {};
+    text.owner = arena_frame;
+    text_builder_put_int(text, count);
+    text_builder_put_str(text, " card");
+    if (count != 1) {
+        text_builder_put(text, 's');
+    }
+    if (count < 2) {
+        text_builder_put(text, '!');
+    }
+    text_draw_centred(text_builder_text(text), x, y, 256, colour_rgba(seat.colour_index));
+}
+
+}  // namespace
+
+void hand_panel_frame(const pointer& mouse) {
+    hand_layout row = hand_measure(current_seat().hand.count);
+    hand_cards_frame(row, mouse);
+    deck_frame(mouse);
+    if (machine_kind == turing_machine) {
+        goal_draw(current_seat().own_goal, render_target.width / 2.0, bottom_panel_height / 2);
+    }
+    end_turn_frame(mouse);
+    scroll_bar_frame(row, mouse);
+}
+
+void card_counts_draw() {
+    i64 rows = std::max(i64{4}, players.count / 2);
+    f64 offset = players.count > rows ? 128 : 0;
+    for (i64 i = 0; i < players.count; ++i) {
+        f64 x = render_target.width / 2.0 - offset + static_cast<f64>(i / rows) * 2 * offset;
+        f64 y = bottom_panel_height - 24 - 32 * static_cast<f64>(i % rows);
+        card_count_draw(players[i], x, y);
+    }
+}

@@ -1,0 +1,69 @@
+#include "game/map_drawing.h"
+
+#include "render/renderer.h"
+#include "render/sprites.h"
+#include "render/text.h"
+
+namespace {
+
+constexpr colour stone_tint = {0.2f, 0.4f, 1, 1};
+constexpr colour accepting_tint = {0.4f, 0.7f, 1, 1};
+constexpr colour plain_tint = {0.08f, 0.08f, 0.15f, 1};
+
+constexpr f64 arrow_width = 4;
+constexpr f64 bend_offset = 8;
+constexpr f64 rule_size = 256;
+
+// The loop picture stands on the state's centre, its foot a little above it.
+constexpr f64 loop_width = 100;
+constexpr f64 loop_height = 90;
+constexpr f64 loop_foot = -1.5;
+
+void square_draw(texture_slot picture, const map_placement& place, world_point centre, f64 side,
+                 const colour& tint) {
+    f64 size = side * place.factor;
+    sprite_draw(texture_set.textures[picture], centre.x - size / 2, centre.y - size / 2, size, size,
+                tint, place.screen);
+}
+
+void loop_draw(const map_placement& place, world_point centre, i16 degrees, const colour& tint) {
+    f64 f = place.factor;
+    sprite_draw_rotated(texture_set.textures[texture_self_arrow], centre.x, centre.y,
+                        loop_width * f, loop_height * f, degrees, loop_width / 2 * f, loop_foot * f,
+                        tint, place.screen);
+}
+
+}  // namespace
+
+world_point placed_centre(const map_placement& place, i64 state) {
+    world_point centre = state_centre(state);
+    return {place.x + centre.x * place.factor, place.y + centre.y * place.factor};
+}
+
+void transition_draw(const map_placement& place, const transition& arc, const colour& tint) {
+    world_point from = placed_centre(place, arc.from);
+    world_point to = placed_centre(place, arc.to);
+    f64 f = place.factor;
+    if (arc.from == arc.to) {
+        loop_draw(place, from, arc.bend, tint);
+    } else if (from.x != to.x || from.y != to.y) {
+        arrow_draw(from.x, from.y, to.x, to.y, arrow_width * f, arc.bend * bend_offset * f, tint,
+                   place.screen);
+    }
+    text_draw(arc.rule, (from.x + to.x) / 2 + f64{arc.label_dx} * f,
+              (from.y + to.y) / 2 + f64{arc.label_dy} * f, rule_size * f, colour_white,
+              place.screen, true, true);
+}
+
+void disc_draw(const map_placement& place, world_point centre, f64 side, const colour& tint) {
+    square_draw(texture_circle, place, centre, side, tint);
+}
+
+void state_draw(const map_placement& place, i64 state) {
+    const colour& tint = game_map.states[state].accepting ? accepting_tint : plain_tint;
+    disc_draw(place, placed_centre(place, state), state_size, tint);
+}
+
+void stone_draw(const map_placement& place, world_point centre) {
+    square_draw(texture_player, place, centre, stone_size, stone_tint);
+}

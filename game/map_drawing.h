@@ -1,0 +1,38 @@
+#pragma once
+
+// The parts of a map, drawn alike on the board and in the map list's preview.
+
+#include "maps/model.h"
+#include "render/colour.h"
+#include "shell/memory/types.h"
+
+// Where and how large a map is drawn: the world point (0, 0) lands on (x, y) and lengths are
+// multiplied by `factor`.
+struct map_placement {
+    f64 x;
+    f64 y;
+    f64 factor;
+    bool screen;  // window pixels; else world units through the camera
+};
+
+inline constexpr map_placement on_board = {0, 0, 1, false};
+
+inline constexpr f64 state_size = 64;  // world units, side of a state's disc and of its box
+inline constexpr f64 stone_size = 48;
+inline constexpr f64 stone_rise = 8;  // between stones on one state
+
+inline constexpr colour transition_tint = {0.9f, 0.8f, 0.8f, 1};
+
+// An existing state's centre under the placement.
+world_point placed_centre(const map_placement& place, i64 state);
+
+// The arrow or loop of a transition whose states exist, and its rule.
+void transition_draw(const map_placement& place, const transition& arc, const colour& tint);
+
+// A round mark centred on a point of the placement's space; `side` in world units.
+void disc_draw(const map_placement& place, world_point centre, f64 side, const colour& tint);
+// The disc of an existing state.
+void state_draw(const map_placement& place, i64 state);
+
+// A stone centred on a point of the placement's space.
+void stone_draw(const map_placement& place, world_point centre);

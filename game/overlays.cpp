@@ -1,0 +1,61 @@
+#include "game/overlays.h"
+
+#include "game/bands.h"
+#include "maps/model.h"
+#include "render/goal_text.h"
+#include "render/renderer.h"
+#include "render/sprites.h"
+#include "render/text.h"
+#include "rules/game_state.h"
+
+namespace {
+
+constexpr str family_labels[machine_kind_count] = {"state machine!", "pushdown machine!",
+                                                   "turing machine!"};
+constexpr str win_mode_labels[win_mode_count] = {"immediate", "all accepting", "any accepting"};
+
+constexpr str turn_texts[seat_colour_count] = {"Red's turn",    "Blue's turn",   "Green's turn",
+                                               "Yellow's turn", "Purple's turn", "Orange's turn"};
+constexpr str win_texts[seat_colour_count] = {"Red wins!",    "Blue wins!",   "Green wins!",
+                                              "Yellow wins!", "Purple wins!", "Orange wins!"};
+
+constexpr colour status_tint = {1, 0, 0, 1};
+constexpr colour box_tint = {0, 0, 0, 0.9f};
+
+// A box over the middle of the board with a large title and a smaller line below it.
+void notice_draw(str title, str hint, f64 hint_drop, const colour& tint) {
+    f64 x = render_target.width / 2.0;
+    f64 y = render_target.height / 2.0;
+    sprite_draw(texture_set.textures[texture_white], x - 400, y - 300, 800, 600, box_tint, true);
+    text_draw_centred(title, x, y, 512, tint);
+    text_draw_centred(hint, x, y - hint_drop, 256, tint);
+}
+
+}  // namespace
+
+void status_lines_draw() {
+    f64 height = render_target.height;
+    text_draw_left(family_labels[machine_kind], 16, height - 48, 256, status_tint);
+    text_draw_left(win_mode_label(settings.win_mode), 16, height - 80, 256, status_tint);
+    const colour& tint = colour_rgba(current_seat().colour_index);
+    text_draw_left("turn: ", 16, height - 112, 256, tint);
+    sprite_draw(texture_set.textures[texture_player], 96, height - 112, 32, 32, tint, true);
+}
+
+void turn_cover_draw() {
+    u8 index = current_seat().colour_index;
+    notice_draw(turn_texts[index], "Press <space> to continue", 64, colour_rgba(index));
+}
+
+void winner_banner_draw() {
+    const player& winner = players[turn.winner];
+    notice_draw(win_texts[winner.colour_index], "Press <space> to restart or <esc> to quit", 200,
+                colour_rgba(winner.colour_index));
+    if (machine_kind == turing_machine) {
+        goal_draw(winner.own_goal, render_target.width / 2.0, bottom_panel_height / 2);
+    }
+}
+
+str win_mode_label(i64 win_mode) {
+    return 0 <= win_mode && win_mode < win_mode_count ? win_mode_labels[win_mode] : str();
+}

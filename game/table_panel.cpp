@@ -1,0 +1,57 @@
+#include "game/table_panel.h"
+
+#include "game/bands.h"
+#include "game/card_row.h"
+#include "maps/model.h"
+#include "render/cards.h"
+#include "render/renderer.h"
+#include "render/sprites.h"
+#include "rules/cards.h"
+
+namespace {
+
+void pile_place(card_pile& pile, f64 x) {
+    pile.x = x;
+    pile.y = render_target.height - card_step;
+    pile.size = card_size;
+}
+
+void piles_draw() {
+    if (deck.cards.count > 0) {
+        sprite_draw(texture_set.textures[texture_gradient1], deck.x, deck.y, deck.size, deck.size,
+                    colour_white, true);
+    }
+    if (discard_pile.cards.count > 0) {
+        card_draw(card_array_top(discard_pile.cards), discard_pile.x, discard_pile.y,
+                  discard_pile.size);
+    }
+}
+
+void tape_draw() {
+    f64 row_width = static_cast<f64>(settings.tape_length) * card_step - card_margin;
+    f64 start = render_target.width / 2.0 - row_width / 2;
+    f64 y = render_target.height - top_panel_height / 2 - card_size / 2;
+    for (i64 i = 0; i < tape.count; ++i) {
+        f64 x = start + static_cast<f64>(i) * card_step;
+        if (i == tape_head) {
+            card_highlight_draw(x, y, card_selected_tint);
+        }
+        card_draw(tape[i], x, y, card_size);
+    }
+}
+
+}  // namespace
+
+void piles_place() {
+    f64 centre = render_target.width / 2.0;
+    pile_place(deck, centre - 192);
+    pile_place(discard_pile, centre + 64);
+}
+
+void table_draw() {
+    if (machine_kind == pushdown_machine) {
+        piles_draw();
+    } else if (machine_kind == turing_machine) {
+        tape_draw();
+    }
+}

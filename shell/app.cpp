@@ -1,0 +1,3 @@
+#include "shell/app.h"
+
+app_record app;

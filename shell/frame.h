@@ -1,0 +1,15 @@
+#pragma once
+
+// The program's life: start-up, one frame, shutdown. A main loop is
+//
+//     program_start();
+//     while (program_frame()) {
+//     }
+//     program_end();
+
+void program_start();
+
+// Runs one frame; false when the program has to end. A GPU error ends the process at once.
+bool program_frame();
+
+void program_end();
