@@ -1,0 +1,34 @@
+#pragma once
+
+// The one camera over the map, and the frame's three matrices made from it.
+//
+// Window pixels have their origin at the window's bottom-left corner, y upwards. World units are
+// pixels at zoom 1.
+
+#include "render/matrix.h"
+#include "shell/memory/types.h"
+
+struct camera_record {
+    f64 x = 0;  // the world point shown at the window's centre
+    f64 y = 0;
+    f64 zoom = 1;     // 0.25 to 4
+    f64 speed = 256;  // world units per second at zoom 1
+};
+
+extern camera_record camera;
+
+// Built once per frame, before that frame's camera input; read by everything that draws.
+extern mat4 screen_matrix;        // window pixels to clip space
+extern mat4 world_matrix;         // world units to clip space
+extern mat4 inverse_view_matrix;  // window pixels to world units
+
+// Builds the matrices of a window of that many pixels from the camera as it is now.
+void camera_matrices_build(i32 width, i32 height);
+
+// Moves and zooms the camera by this frame's keys and wheel; a change shows from the next frame
+// on. The keys rest while a text is being typed, the wheel while it is over the bottom panel.
+// `height` is the window's, in pixels.
+void camera_input_apply(i32 height);
+
+// The world point under a window pixel.
+void camera_world_point(f64 pixel_x, f64 pixel_y, f64& world_x, f64& world_y);
