@@ -1,0 +1,110 @@
+// Shader programs: one text split into its two sections, compiled and linked.
+
+#include <epoxy/gl.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "platform/gpu.h"
+
+namespace {
+
+struct section {
+    std::string_view marker;  // the line that stands before it
+    GLenum stage;
+};
+
+constexpr section sections[] = {
+    {"#vertex\n", GL_VERTEX_SHADER},
+    {"#fragment\n", GL_FRAGMENT_SHADER},
+};
+
+// From behind the section's marker to the next marker or the end; empty without its marker.
+std::string_view section_text(std::string_view source, const section& wanted) {
+    std::size_t marker = source.find(wanted.marker);
+    if (marker == std::string_view::npos) {
+        return source.substr(source.size());
+    }
+    std::size_t begin = marker + wanted.marker.size();
+    std::size_t end = source.size();
+    for (const section& other : sections) {
+        end = std::min(end, source.find(other.marker, begin));
+    }
+    return source.substr(begin, end - begin);
+}
+
+// An object's log, cut to the caller's memory. Nothing but its first failure is told.
+template <typename get_log>
+shader_result refused(GLuint object, get_log log, char* message, i64 message_size) {
+    GLsizei length = 0;
+    log(object, static_cast<GLsizei>(message_size), &length, message);
+    return {false, {message, length}};
+}
+
+// Compiles a section and attaches it; the program keeps it alive from then on.
+shader_result section_compile(u32 program, const section& part, std::string_view text,
+                              char* message, i64 message_size) {
+    GLuint shader = glCreateShader(part.stage);
+    const GLchar* bytes = text.data();
+    GLint length = static_cast<GLint>(text.size());
+    glShaderSource(shader, 1, &bytes, &length);
+    glCompileShader(shader);
+    glAttachShader(program, shader);
+    glDeleteShader(shader);
+    GLint ok = GL_FALSE;
+    glGetShaderiv(shader, GL_COMPILE_STATUS, &ok);
+    return ok != GL_FALSE ? shader_result{true, {}}
+                          : refused(shader, glGetShaderInfoLog, message, message_size);
+}
+
+}  // namespace
+
+u32 shader_create() {
+    return glCreateProgram();
+}
+
+void shader_destroy(u32 program) {
+    glDeleteProgram(program);
+}
+
+shader_result shader_source(u32 program, str source, char* message, i64 message_size) {
+    std::string_view text(source.data, static_cast<std::size_t>(source.length));
+    for (const section& part : sections) {
+        shader_result compiled =
+            section_compile(program, part, section_text(text, part), message, message_size);
+        if (!compiled.ok) {
+            return compiled;
+        }
+    }
+    glLinkProgram(program);
+    GLint ok = GL_FALSE;
+    glGetProgramiv(program, GL_LINK_STATUS, &ok);
+    return ok != GL_FALSE ? shader_result{true, {}}
+                          : refused(program, glGetProgramInfoLog, message, message_size);
+}
+
+i32 shader_get_uniform_location(u32 program, str name) {
+    return glGetUniformLocation(program, std::string(name.begin(), name.end()).c_str());
+}
+
+void shader_bind(u32 program) {
+    glUseProgram(program);
+}
+
+void shader_uniform1i(i32 location, i32 value) {
+    glUniform1i(location, value);
+}
+
+void shader_uniform1f(i32 location, f32 value) {
+    glUniform1f(location, value);
+}
+
+void shader_uniform4f(i32 location, const f32* values) {
+    glUniform4fv(location, 1, values);
+}
+
+void shader_uniform_matrix4fa(i32 location, u32 count, bool transpose, const f32* values) {
+    glUniformMatrix4fv(location, static_cast<GLsizei>(count), transpose ? GL_TRUE : GL_FALSE,
+                       values);
+}

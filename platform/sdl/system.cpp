@@ -1,0 +1,25 @@
+#include "platform/system.h"
+
+#include <SDL.h>
+
+#include <chrono>
+#include <csignal>
+
+void system_init(u32, f64) {
+    // Messages into a pipe that nobody reads any more must not end the game.
+    std::signal(SIGPIPE, SIG_IGN);
+    SDL_Init(SDL_INIT_EVENTS);
+}
+
+void system_release() {
+    SDL_Quit();
+}
+
+u64 system_time() {
+    auto since_epoch = std::chrono::system_clock::now().time_since_epoch();
+    return static_cast<u64>(std::chrono::nanoseconds(since_epoch).count());
+}
+
+void system_sleep(u32 milliseconds) {
+    SDL_Delay(milliseconds);
+}
