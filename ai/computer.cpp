@@ -27,9 +27,9 @@ struct stone_table {
 
 template <typename element>
 element* per_state(element start) {
-    i64 bytes = game_map.states.count * static_cast<i64>(sizeof(element));
+    i64 bytes = named_state_count() * static_cast<i64>(sizeof(element));
     auto* values = static_cast<element*>(arena_alloc(arena_frame, bytes));
-    for (i64 s = 0; s < game_map.states.count; ++s) {
+    for (i64 s = 0; s < named_state_count(); ++s) {
         values[s] = start;
     }
     return values;
@@ -186,7 +186,7 @@ i64 hand_matches(const hand_table& hand, const card_set& matching) {
 
 void outlook_compute(top_outlook& outlook, const stone_table& table, const hand_table& hand,
                      const card_set& deck_kind, card top) {
-    for (i64 s = 0; s < game_map.states.count; ++s) {
+    for (i64 s = 0; s < named_state_count(); ++s) {
         outlook.own[s] = 0;
         outlook.others[s] = 0;
     }
@@ -201,7 +201,7 @@ void outlook_compute(top_outlook& outlook, const stone_table& table, const hand_
     }
     card_take_top(discard_pile.cards);
     outlook.own_sum = 0;
-    for (i64 s = 0; s < game_map.states.count; ++s) {
+    for (i64 s = 0; s < named_state_count(); ++s) {
         outlook.own_sum += table.count[s] > 0 ? outlook.own[s] : 0;
     }
 }

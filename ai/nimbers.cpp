@@ -114,14 +114,10 @@ bool search(const successor_lists& lists, dyn_array<u16>& stack) {
 
 void nimbers_compute() {
     nimbers_forget();
-    i64 named_states = 0;  // states that an index can name
-    while (state_exists(named_states)) {
-        named_states += 1;
-    }
-    successor_lists lists = successors_collect(named_states);
+    successor_lists lists = successors_collect(named_state_count());
     dyn_array<u16> stack = {};
     stack.owner = arena_frame;
-    for (i64 s = 0; s < named_states; ++s) {
+    for (i64 s = 0; s < named_state_count(); ++s) {
         dyn_array_push(stack, static_cast<u16>(s));
     }
     if (!search(lists, stack)) {

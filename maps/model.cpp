@@ -1,5 +1,7 @@
 #include "maps/model.h"
 
+#include <algorithm>
+
 i64 machine_kind = pushdown_machine;
 map_record game_map;
 map_settings settings;
@@ -26,7 +28,11 @@ void map_clear() {
 }
 
 bool state_exists(i64 index) {
-    return 0 <= index && index < game_map.states.count && index < no_index;
+    return 0 <= index && index < named_state_count();
+}
+
+i64 named_state_count() {
+    return std::min(game_map.states.count, i64{no_index});
 }
 
 bool transition_exists(const transition& arc) {

@@ -87,6 +87,8 @@ void transition_remove(i64 index);
 void map_clear();
 
 bool state_exists(i64 index);
+// How many states an index can name; a file may hold more, which are only drawn.
+i64 named_state_count();
 // Whether both of its states exist.
 bool transition_exists(const transition& arc);
 
