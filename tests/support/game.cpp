@@ -67,6 +67,10 @@ game_test::~game_test() {
     std::filesystem::remove_all(folder);
 }
 
+std::filesystem::path maps_folder() {
+    return std::filesystem::path(__FILE__).parent_path() / "../../resources/maps";
+}
+
 str str_of(std::string_view text) {
     return {text.data(), static_cast<i64>(text.size())};
 }

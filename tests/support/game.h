@@ -29,6 +29,9 @@ class game_test : public testing::Test {
     std::filesystem::path folder;
 };
 
+// The folder of the maps that ship.
+std::filesystem::path maps_folder();
+
 str str_of(std::string_view text);
 std::string string_of(str text);
 
