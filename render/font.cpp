@@ -1,0 +1,113 @@
+#include "render/font.h"
+
+#include <algorithm>
+
+#include "maps/file_text.h"
+#include "maps/scan.h"
+#include "platform/file.h"
+#include "platform/gpu.h"
+#include "render/picture.h"
+#include "shell/memory/message.h"
+
+// The font file is lines of text, each one a letter, a blank and what belongs to it:
+//
+//   i path                                     the font picture, here or beside the font file
+//   g index unread unread advance u v width height    a glyph; a negative index is all 256
+//
+// Exactly one byte stands after each of the first seven numbers; the rest of the line is ignored.
+
+font_record font;
+
+namespace {
+
+constexpr str font_path = "resources/font_info.txt";
+constexpr str font_folder = "resources/";
+
+// Finds the picture under its own name or else beside the font file; reports a missing one.
+bool picture_find(str& path) {
+    if (!file_exists(path)) {
+        path = str_concat(font_folder, path, arena_persistent);
+    }
+    bool found = file_exists(path);
+    if (!found) {
+        message_write({"failed to load font image: ", path, "\n"});
+    }
+    return found;
+}
+
+bool picture_line_read(text_cursor& cursor, font_record& into) {
+    str path = text_scan_until(cursor, '\n');
+    if (!picture_find(path)) {
+        return false;
+    }
+    if (into.texture != 0) {
+        texture_destroy(into.texture);
+    }
+    image picture = {};
+    image_load(picture, path, image_channels_rgba);
+    into.texture = texture_make(picture, filter_linear, filter_nearest);
+    return true;
+}
+
+void glyph_line_read(text_cursor& cursor, font_record& into) {
+    i64 index = text_scan_int(cursor);
+    f64 values[7];
+    for (f64& value : values) {
+        cursor.position += 1;
+        value = text_scan_real(cursor);
+    }
+    const glyph read = {
+        {values[0], values[1]}, values[2], values[3], values[4], values[5], values[6]};
+    if (index < 0) {
+        std::fill(into.glyphs, into.glyphs + glyph_count, read);
+    } else if (index < glyph_count) {
+        into.glyphs[index] = read;
+    }
+    into.line_height = std::max(into.line_height, read.height);
+}
+
+bool line_read(text_cursor& cursor, font_record& into) {
+    if (cursor.position + 1 >= cursor.size || cursor.data[cursor.position + 1] != ' ') {
+        return false;
+    }
+    const char* kind = cursor.data + cursor.position;
+    cursor.position += 2;
+    if (*kind == 'i') {
+        return picture_line_read(cursor, into);
+    }
+    if (*kind == 'g') {
+        glyph_line_read(cursor, into);
+        return true;
+    }
+    message_write({"unknown ", {kind, 1}, "\n"});
+    return false;
+}
+
+// Whether every line was understood.
+bool lines_read(text_cursor& cursor, font_record& into) {
+    while (cursor.position < cursor.size) {
+        if (!line_read(cursor, into)) {
+            return false;
+        }
+        text_scan_until(cursor, '\n');
+        cursor.position += 1;
+    }
+    return true;
+}
+
+}  // namespace
+
+void font_load() {
+    str content;
+    if (!file_read_all(font_path, content)) {
+        message_write({"failed to open ", font_path, "\n"});
+        return;
+    }
+    text_cursor cursor = {content.data, content.length, 0};
+    font_record fresh = {};
+    if (lines_read(cursor, fresh)) {
+        font = fresh;
+    } else if (fresh.texture != 0) {
+        texture_destroy(fresh.texture);
+    }
+}

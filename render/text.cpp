@@ -1,0 +1,131 @@
+#include "render/text.h"
+
+#include "render/font.h"
+#include "render/quad.h"
+#include "render/renderer.h"
+
+namespace {
+
+constexpr f64 icon_scale = 0.125;  // of the text's size, the side of an icon
+
+// What stays the same for all characters of one text.
+struct text_style {
+    f64 x;
+    f64 y;
+    f64 size;
+    const colour& tint;
+    bool screen;
+    bool icons;
+};
+
+// Where the next character goes, relative to the text's position.
+struct text_pen {
+    f32 x;
+    f32 y;  // downwards
+};
+
+void pen_move(text_pen& pen, f64 dx, f64 dy) {
+    pen.x = static_cast<f32>(pen.x + dx);
+    pen.y = static_cast<f32>(pen.y + dy);
+}
+
+glyph_look letter_look(char c, const colour& tint) {
+    const glyph& g = font.glyphs[static_cast<u8>(c)];
+    return {g.u, g.v, g.width, g.height, g.advance, 1, tint};
+}
+
+f64 advance_of(const glyph_look& look, f64 size) {
+    return size * look.scale * look.advance;
+}
+
+// The width of all characters, over all lines together. A '%' counts nothing, drawn or not.
+f64 text_width(str text, f64 size, bool icons) {
+    f64 width = 0;
+    bool escaped = false;
+    for (char c : text) {
+        if (c != '%' && c != '\n') {
+            glyph_look look = letter_look(c, colour_white);
+            if (icons && !escaped) {
+                glyph_icon(c, look);
+            }
+            width += advance_of(look, size);
+        }
+        escaped = c == '%';
+    }
+    return width;
+}
+
+f64 text_height(str text, f64 size) {
+    i64 lines = 1;
+    for (char c : text) {
+        lines += c == '\n' ? 1 : 0;
+    }
+    return size * font.line_height * static_cast<f64>(lines);
+}
+
+void character_draw(char c, bool escaped, const text_style& style, text_pen& pen) {
+    glyph_look look = letter_look(c, style.tint);
+    if (style.icons) {
+        quad_texture(escaped ? font.texture : glyph_icon(c, look));
+        quad_tint(look.tint);
+    }
+    f64 unit = style.size * look.scale;
+    quad_place(quad_model(style.x + pen.x, style.y - pen.y, unit * look.width, unit * look.height),
+               style.screen);
+    quad_part(look.u, look.v, look.width, look.height);
+    quad_draw();
+    pen_move(pen, advance_of(look, style.size), 0);
+}
+
+void characters_draw(str text, const text_style& style, text_pen pen) {
+    bool escaped = false;
+    for (char c : text) {
+        if (style.icons && c == '%') {
+            escaped = true;
+            continue;
+        }
+        if (c == ' ' || c == '\t') {
+            pen_move(pen, advance_of(letter_look(c, style.tint), style.size), 0);
+        } else if (c == '\n') {
+            pen.x = 0;
+            pen_move(pen, 0, style.size * font.line_height);
+        } else {
+            character_draw(c, escaped, style, pen);
+        }
+        escaped = false;
+    }
+}
+
+}  // namespace
+
+void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, bool screen, bool icons,
+               bool centred) {
+    quad_unit();
+    quad_texture(font.texture);
+    quad_sampler();
+    quad_tint(tint);
+    text_pen pen = {};
+    if (icons || centred) {
+        pen_move(pen, -text_width(text, size, icons) / 2, text_height(text, size) / 2);
+    }
+    characters_draw(text, {x, y, size, tint, screen, icons}, pen);
+}
+
+u32 glyph_icon(char character, glyph_look& look) {
+    i64 slot = 0;
+    colour tint = look.tint;
+    if ('A' <= character && character <= 'F') {
+        slot = texture_circle;
+        tint = colour_rgba(character - 'A');
+    } else if ('a' <= character && character <= 'f') {
+        slot = texture_circle + (character - 'a');
+    } else if (character == 'T') {
+        slot = texture_eye;
+    } else if (character == '~') {
+        slot = texture_similarity;
+    } else {
+        return font.texture;
+    }
+    look = {0, 0, 1, 1, 1, icon_scale, tint};
+    return texture_set.textures[slot];
+}
