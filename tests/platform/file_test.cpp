@@ -1,0 +1,179 @@
+#include "platform/file.h"
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "tests/support/game.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class file_test : public game_test {};
+
+// Writes through the platform; whether it succeeded.
+bool file_replace(std::string_view path, std::string_view content) {
+    file_handle file = file_open(str_of(path), file_mode_write);
+    file_write(file, static_cast<i64>(content.size()), content.data());
+    file_close(file);
+    return !file_failed(file);
+}
+
+std::string file_text(std::string_view path) {
+    file_handle file = file_open(str_of(path), file_mode_read);
+    std::string text(static_cast<std::size_t>(file_size(file)), '?');
+    file_read(file, file_size(file), text.data());
+    file_close(file);
+    return file_failed(file) ? "failed" : text;
+}
+
+std::vector<std::string> names_in(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        names.push_back(entry.path().filename());
+    }
+    return names;
+}
+
+// While it lives, no file can grow beyond `bytes`, as on a full disk.
+struct full_disk {
+    rlimit before;
+    explicit full_disk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        rlimit limited = {bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~full_disk() { setrlimit(RLIMIT_FSIZE, &before); }
+};
+
+}  // namespace
+
+TEST_F(file_test, what_is_written_is_read_back_and_replaces_the_old) {
+    const std::string binary("a\0\n\xff", 4);
+    for (const std::string& content : {std::string(100'000, 'x'), binary, std::string()}) {
+        EXPECT_TRUE(file_replace("new/deep/file", content));
+        EXPECT_EQ(file_text("new/deep/file"), content);
+    }
+    EXPECT_EQ(names_in("new/deep"), std::vector<std::string>{"file"});
+}
+
+TEST_F(file_test, only_regular_files_open_for_reading) {
+    fs::create_directory("folder");
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    file_put("a", "content");
+    for (std::string_view path :
+         {std::string_view("missing"), std::string_view("folder"), std::string_view("pipe"),
+          std::string_view("/dev/zero"), std::string_view(""), std::string_view("a\0", 2)}) {
+        SCOPED_TRACE(path);
+        EXPECT_FALSE(file_exists(str_of(path)));
+        file_handle file = file_open(str_of(path), file_mode_read);
+        EXPECT_TRUE(file_failed(file));
+        EXPECT_EQ(file_size(file), 0);
+        file_close(file);
+        EXPECT_TRUE(file_failed(file));
+    }
+    EXPECT_TRUE(file_exists("a"));
+}
+
+TEST_F(file_test, a_read_beyond_the_end_fails_and_gives_zeros) {
+    file_put("short", "ab");
+    file_handle file = file_open("short", file_mode_read);
+    char bytes[4] = {'?', '?', '?', '?'};
+    file_read(file, 4, bytes);
+    EXPECT_TRUE(file_failed(file));
+    EXPECT_EQ(std::string(bytes, 4), std::string("ab\0\0", 4));
+    file_close(file);
+}
+
+TEST_F(file_test, the_old_file_stays_until_close) {
+    file_put("target", "old");
+    file_handle file = file_open("target", file_mode_write);
+    file_write(file, 3, "new");
+    file_write_byte(file, '!');
+    EXPECT_EQ(file_get("target"), "old");
+    file_close(file);
+    EXPECT_EQ(file_get("target"), "new!");
+}
+
+TEST_F(file_test, a_failed_write_leaves_the_old_file_whole_and_nothing_beside_it) {
+    file_put("safe/target", "old");
+    {
+        full_disk limit(4096);
+        EXPECT_FALSE(file_replace("safe/target", std::string(1'000'000, 'x')));
+        EXPECT_FALSE(file_replace("safe/target", std::string(4097, 'x')));
+    }
+    EXPECT_EQ(file_get("safe/target"), "old");
+    EXPECT_EQ(names_in("safe"), std::vector<std::string>{"target"});
+    EXPECT_TRUE(file_replace("safe/target", "new"));
+}
+
+TEST_F(file_test, what_cannot_be_replaced_fails) {
+    fs::create_directory("folder");
+    file_put("file", "old");
+    for (std::string_view path :
+         {std::string_view("folder"), std::string_view("folder/"), std::string_view("file/below"),
+          std::string_view("/dev/null"), std::string_view(""), std::string_view("a\0b", 3)}) {
+        EXPECT_FALSE(file_replace(path, "new")) << path;
+    }
+    EXPECT_FALSE(file_replace("folder/" + std::string(300, 'n'), "new"));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+
+    // What the target became while it was written.
+    file_handle file = file_open("late/target", file_mode_write);
+    fs::create_directory("late/target");
+    file_close(file);
+    EXPECT_TRUE(file_failed(file));
+    EXPECT_EQ(names_in("late"), std::vector<std::string>{"target"});
+    EXPECT_EQ(names_in("folder"), std::vector<std::string>{});
+}
+
+TEST_F(file_test, a_replaced_file_keeps_its_permissions_and_its_link) {
+    file_put("real", "old");
+    fs::permissions("real", fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink("real", "link");
+    EXPECT_TRUE(file_replace("link", "new"));
+    EXPECT_TRUE(fs::is_symlink("link"));
+    EXPECT_EQ(file_get("real"), "new");
+    EXPECT_EQ(fs::status("real").permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(file_test, stale_and_too_many_handles_are_harmless) {
+    file_put("a", "content");
+    std::vector<file_handle> open;
+    while (open.size() < 1000 && (open.empty() || !file_failed(open.back()))) {
+        open.push_back(file_open("a", file_mode_read));
+    }
+    EXPECT_LT(open.size(), 1000U);
+    for (file_handle file : open) {
+        file_close(file);
+        file_close(file);
+    }
+    file_handle stale = open.front();
+    file_handle fresh = file_open("a", file_mode_read);
+    char byte = '?';
+    for (file_handle file : {stale, file_handle{0}, ~file_handle{0}}) {
+        file_read(file, 1, &byte);
+        file_write(file, 1, &byte);
+        file_close(file);
+        EXPECT_EQ(file_size(file), 0);
+    }
+    EXPECT_TRUE(file_failed(stale));
+    EXPECT_EQ(byte, '?');
+    EXPECT_EQ(file_size(fresh), 7);
+    file_close(fresh);
+    EXPECT_FALSE(file_failed(fresh));
+}
+
+TEST_F(file_test, deleting) {
+    file_put("a", "");
+    file_delete("a");
+    file_delete("a");
+    file_delete("");
+    EXPECT_FALSE(file_exists("a"));
+}
