@@ -37,6 +37,7 @@ void globals_start() {
     selection = {};
     flight = {};
     screens = {};
+    std::fill(stone_stack, stone_stack + stone_stack_size, u16{0});
 }
 
 // The arenas' memory is taken once; every test finds it empty.

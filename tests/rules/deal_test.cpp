@@ -1,0 +1,225 @@
+#include "rules/deal.h"
+
+#include <algorithm>
+
+#include "maps/catalogue.h"
+#include "rules/cards.h"
+#include "rules/screens.h"
+#include "tests/support/game.h"
+
+namespace {
+
+using deal_test = game_test;
+
+void deck_settings(i64 copies, i64 colours, i64 shapes, i64 numbers) {
+    settings.deck_copies = copies;
+    settings.deck_colours = colours;
+    settings.deck_shapes = shapes;
+    settings.deck_numbers = numbers;
+}
+
+// The deck that the settings describe, in the order in which it is built.
+std::vector<card> deck_expected() {
+    std::vector<card> cards;
+    for (i64 copy = 0; copy < settings.deck_copies; ++copy) {
+        for (u8 colour = 0; colour < std::min<i64>(settings.deck_colours, 6); ++colour) {
+            for (u8 shape = 0; shape < std::min<i64>(settings.deck_shapes, 6); ++shape) {
+                for (u8 number = 1; number <= std::min<i64>(settings.deck_numbers, 6); ++number) {
+                    cards.push_back({colour, shape, number});
+                }
+            }
+        }
+    }
+    return cards;
+}
+
+void shuffle_expected(std::vector<card>& cards) {
+    for (std::size_t left = cards.size(); left > 1; --left) {
+        std::swap(cards[left - 1], cards[random_below(left)]);
+    }
+}
+
+std::vector<card> take_expected(std::vector<card>& cards, i64 count) {
+    std::vector<card> taken;
+    for (; count > 0; --count) {
+        taken.push_back(cards.empty() ? card{0, 0, 1} : cards.back());
+        if (!cards.empty()) {
+            cards.pop_back();
+        }
+    }
+    return taken;
+}
+
+std::vector<card> cards_of(const dyn_array<card>& pile) {
+    return {pile.begin(), pile.end()};
+}
+
+TEST_F(deal_test, AGameIsDealtFromTheShuffledDeckInOrder) {
+    struct {
+        i64 kind, copies, colours, shapes, numbers, hand, tape;
+        const char* seats;
+    } const rows[] = {
+        {pushdown_machine, 1, 4, 4, 4, 8, 4, "H12"},  {pushdown_machine, 2, 1, 1, 3, 3, 2, "0"},
+        {pushdown_machine, 9, 9, 7, 99, 5, 0, "HH"},  {pushdown_machine, 1, 4, 0, 4, 2, 3, "H"},
+        {pushdown_machine, 1, 1, 1, 1, 0, 0, "H"},    {pushdown_machine, -1, 4, 4, 4, -3, -1, "H"},
+        {turing_machine, 1, 6, 6, 6, 8, 5, "H012HH"}, {state_machine, 1, 2, 2, 2, 8, 4, "22"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        map_make(row.kind, ".", {}, {0});
+        deck_settings(row.copies, row.colours, row.shapes, row.numbers);
+        settings.hand_size = row.hand;
+        settings.tape_length = row.tape;
+        seats_make(row.seats);
+        random_state before = random_generator;
+        game_start();
+        random_state after = random_generator;
+
+        random_generator = before;
+        std::vector<card> expected = deck_expected();
+        shuffle_expected(expected);
+        EXPECT_EQ(cards_of(tape), take_expected(expected, row.tape));
+        for (const player& seat : players) {
+            i64 hand = row.kind == pushdown_machine ? row.hand : 0;
+            EXPECT_EQ(cards_of(seat.hand), take_expected(expected, hand));
+        }
+        EXPECT_EQ(cards_of(deck.cards), expected);
+        EXPECT_EQ(discard_pile.cards.count, 0);
+        EXPECT_EQ(random_generator, after);
+    }
+}
+
+TEST_F(deal_test, AShuffleDrawsOncePerCardButTheFirst) {
+    for (i64 count : {0, 1, 2, 7, 100}) {
+        deck.cards.count = 0;
+        for (i64 i = 0; i < count; ++i) {
+            dyn_array_push(deck.cards, card{});
+        }
+        random_state before = random_generator;
+        deck_shuffle();
+        EXPECT_EQ(draws_since(before), std::max<i64>(count - 1, 0));
+    }
+}
+
+TEST_F(deal_test, EveryTuringSeatIsDealtAGoal) {
+    map_make(turing_machine, ".", {}, {0});
+    deck_settings(0, 0, 0, 0);
+    settings.tape_length = 0;
+    seats_make("H0H1");
+    players[0].own_goal.target = 5;
+    random_state before = random_generator;
+    game_start();
+    EXPECT_EQ(players[0].own_goal.target, 0);  // the default goal
+    EXPECT_EQ(draws_since(before), 0);
+    for (i64 target : {10, 11, 12}) {
+        goal g;
+        g.target = target;
+        dyn_array_push(goals, g);
+    }
+    game_start();
+    EXPECT_EQ(draws_since(before), 4);
+    random_generator = before;
+    for (const player& seat : players) {
+        EXPECT_EQ(seat.own_goal.target, 10 + static_cast<i64>(random_below(3)));
+    }
+}
+
+TEST_F(deal_test, AStartClosesTheMenusAndKeepsTheRest) {
+    map_make(state_machine, "..", {});
+    seats_make("0H");
+    screens = {true, true, true, true, true};
+    turn = {1, 2, 0, true, true, 0.3, 0.2, true};
+    selection = {1, 0, 3, 4};
+    tape_head = 9;
+    pile_set(discard_pile.cards, "Aa1 Bb2");
+    game_start();
+    EXPECT_FALSE(screens.title_menu_open || screens.player_setup_open || screens.map_list_open);
+    EXPECT_TRUE(screens.editor_open && screens.text_entry_open);
+    EXPECT_EQ(turn.current_player, 0);
+    EXPECT_EQ(turn.winner, no_winner);
+    EXPECT_FALSE(turn.turn_revealed);
+    EXPECT_EQ(turn.move_timer, 0);
+    EXPECT_EQ(turn.think_timer, 0.2);
+    EXPECT_TRUE(turn.card_drawn && turn.show_nimbers);
+    EXPECT_EQ(selection.selected_state, 1);
+    EXPECT_EQ(selection.selected_card, 4);
+    EXPECT_EQ(tape_head, 9);
+    EXPECT_EQ(std::vector(stones.begin(), stones.end()), std::vector<u16>({0, 0}));
+    seats_make("H0");
+    game_start();
+    EXPECT_TRUE(turn.turn_revealed);
+}
+
+TEST_F(deal_test, AStartLoadsTheSelectedMapAgain) {
+    file_put("resources/pushdown_maps.txt", "one maps/one\n");
+    file_put("maps/one", "hand 2\nstone 1\n. 0 0\n. 1 0\n");
+    output_of(catalogues_load);
+    catalogue_select();
+    seats_make("H");
+    for (i64 selected : {0, -1, 1}) {
+        selected_entry = selected;
+        stones[0] = 0;
+        settings.hand_size = 5;
+        game_start();
+        EXPECT_EQ(stones[0], selected == 0 ? 1 : 0);
+        EXPECT_EQ(players[0].hand.count, selected == 0 ? 2 : 5);
+        EXPECT_EQ(stones.count, 1);
+    }
+}
+
+TEST_F(deal_test, HugePilesAreCutAndSaidOnce) {
+    constexpr i64 huge = i64{1} << 62;
+    map_make(pushdown_machine, ".", {}, {0});
+    seats_make("H0");
+    deck_settings(huge, 2, 2, huge);
+    settings.hand_size = huge;
+    settings.tape_length = 10'001;
+    EXPECT_EQ(output_of(game_start),
+              "deck limited to 10000 cards\ntape limited to 10000 cards\n"
+              "hand limited to 10000 cards\n");
+    EXPECT_EQ(players[1].hand.count, 10'000);
+    EXPECT_EQ(tape.count, 10'000);
+    EXPECT_EQ(settings.hand_size, huge);
+    deck_settings(huge, 0, 1, 1);
+    settings.hand_size = settings.tape_length = 10'000;
+    EXPECT_EQ(output_of(game_start), "");
+}
+
+TEST_F(deal_test, AnEmptyDeckTakesTheDiscardPile) {
+    pile_set(deck.cards, "Aa1");
+    pile_set(discard_pile.cards, "Bb2 Cc3 Dd4 Ee5");
+    random_state before = random_generator;
+    deck_refill();
+    EXPECT_EQ(pile_text(deck.cards), "Aa1");
+    card_take_top(deck.cards);
+    deck_refill();
+    EXPECT_EQ(draws_since(before), 3);
+    std::string refilled = pile_text(deck.cards);
+    EXPECT_EQ(discard_pile.cards.count, 0);
+
+    for (int i = 0; i < 9; ++i) {
+        dyn_array_push(discard_pile.cards, card_of("Ff6"));
+    }
+    EXPECT_EQ(pile_text(deck.cards), refilled);
+
+    random_generator = before;
+    pile_set(deck.cards, "Bb2 Cc3 Dd4 Ee5");  // the pile's order before the shuffle
+    deck_shuffle();
+    EXPECT_EQ(pile_text(deck.cards), refilled);
+}
+
+TEST_F(deal_test, CardsAreTakenFromTheTop) {
+    dyn_array<card> pile = {};
+    pile_set(pile, "Bb2 Cc3 Dd4");
+    EXPECT_EQ(card_take_top(pile), card_of("Dd4"));
+    card_array_remove_at(pile, 0);
+    card_array_remove_at(pile, 1);
+    card_array_remove_at(pile, -1);
+    EXPECT_EQ(pile_text(pile), "Cc3");
+    EXPECT_EQ(card_array_top(pile), card_of("Cc3"));
+    card_take_top(pile);
+    EXPECT_EQ(card_take_top(pile), card_of("Aa1"));
+    EXPECT_EQ(pile.count, 0);
+}
+
+}  // namespace

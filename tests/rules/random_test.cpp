@@ -1,0 +1,69 @@
+#include "rules/random.h"
+
+#include <bit>
+
+#include "tests/support/game.h"
+
+namespace {
+
+// The published reference outputs of both generators.
+TEST(random_test, SeedingIsSplitMix64) {
+    random_seed(1234567);
+    const random_state expected = {6457827717110365317u, 3203168211198807973u, 9817491932198370423u,
+                                   4593380528125082431u};
+    EXPECT_EQ(random_generator, expected);
+}
+
+TEST(random_test, SteppingIsXoshiro256StarStar) {
+    random_generator = {1, 2, 3, 4};
+    const u64 expected[] = {11520u,
+                            0u,
+                            1509978240u,
+                            1215971899390074240u,
+                            1216172134540287360u,
+                            607988272756665600u,
+                            16172922978634559625u,
+                            8476171486693032832u,
+                            10595114339597558777u,
+                            2904607092377533576u};
+    for (u64 value : expected) {
+        EXPECT_EQ(random_next(), value);
+    }
+}
+
+TEST(random_test, BoundedValuesRejectTheIncompleteBlock) {
+    constexpr u64 last = ~u64{0};
+    constexpr u64 half = u64{1} << 63;
+    struct {
+        u64 bound, drawn, value;
+        i64 draws;  // 2: the first one is rejected
+    } const rows[] = {
+        {1, 7, 0, 1},
+        {1, last, 0, 1},
+        {100, 250, 50, 1},
+        {3, last, 0, 2},
+        {3, last - 1, 2, 1},
+        {half, last, half - 1, 1},
+        {10, last, 0, 2},
+        {10, last - 6, 9, 1},
+        {10, last - 5, 0, 2},
+        {half + 1, half + 1, 0, 2},
+        {half + 1, half, half, 1},
+    };
+    for (const auto& row : rows) {
+        // The word s1 that makes `drawn` the next output: its two odd factors have inverses.
+        u64 s1 = std::rotr(row.drawn * 0x8e38e38e38e38e39, 7) * 0xcccccccccccccccd;
+        random_generator = {1, s1, 3, 4};
+        random_state before = random_generator;
+        u64 value = random_below(row.bound);
+        EXPECT_LT(value, row.bound);
+        if (row.draws == 1) {
+            EXPECT_EQ(value, row.value) << row.bound << ' ' << row.drawn;
+            EXPECT_EQ(draws_since(before), 1);
+        } else {
+            EXPECT_GT(draws_since(before), 1) << row.bound << ' ' << row.drawn;
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,241 @@
+#include "rules/turns.h"
+
+#include "platform/headless/headless.h"
+#include "platform/input.h"
+#include "rules/cards.h"
+#include "rules/turn_update.h"
+#include "tests/support/game.h"
+
+namespace {
+
+// A board on which nobody wins: two stones on state 0, and two cards for the seat to move.
+class turns_test : public game_test {
+  protected:
+    void board_make(i64 kind, std::string_view seats) {
+        map_make(kind, "...",
+                 {{0, 1, "C"}, {0, 1, "*"}, {1, 2, "*"}, {0, 9, "*"}, {0, 0, "4R"}, {0, 2}},
+                 {0, 0});
+        settings.win_mode = win_mode_count;
+        seats_make(seats);
+        pile_set(players[0].hand, "Aa1 Cb2 Dd4");
+        pile_set(deck.cards, "Ee5 Ff6");
+        pile_set(tape, "Aa1 Bb2");
+    }
+
+    void update_with(u32 key) {
+        headless_key_press(key);
+        input_poll();
+        turn_update();
+        input_poll();
+    }
+};
+
+TEST_F(turns_test, IncompleteOrStaleSelectionsMoveNothing) {
+    const selection_record rows[] = {
+        {no_index, 1, 0, 1}, {0, no_index, 0, 1}, {0, 1, no_index, 1},  // incomplete
+        {0, 1, 0, no_card},  {0, 1, 0, 0},                              // the card does not fit
+        {1, 2, 2, 1},                                                   // no stone
+        {0, 2, 0, 1},        {0, 1, 2, 1},                              // another pair's transition
+        {0, 1, 99, 1},       {0, 1, 0, 3},        {0, 9, 3, 1},         // things that are gone
+    };
+    board_make(pushdown_machine, "HH");
+    const std::string before = game_text();
+    for (const selection_record& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        selection = row;
+        turn_update();
+        EXPECT_EQ(game_text(), before);
+        EXPECT_EQ(selection.selected_state, row.selected_state);
+        EXPECT_EQ(selection.selected_card, row.selected_card);
+    }
+}
+
+TEST_F(turns_test, AMoveDoesWhatItsFamilySays) {
+    struct {
+        i64 kind;
+        selection_record chosen;
+        const char *hand, *discard, *tape;
+        i64 head;
+    } const rows[] = {
+        {state_machine, {0, 1, 0, no_card}, "Aa1 Cb2 Dd4", "", "Aa1 Bb2", 1},
+        {pushdown_machine, {0, 1, 0, 1}, "Aa1 Dd4", "Cb2", "Aa1 Bb2", 1},
+        {pushdown_machine, {0, 1, 1, 0}, "Cb2 Dd4", "Aa1", "Aa1 Bb2", 1},
+        {turing_machine, {0, 1, 0, no_card}, "Aa1 Cb2 Dd4", "", "Aa1 Cb2", 1},
+        {turing_machine, {0, 0, 4, no_card}, "Aa1 Cb2 Dd4", "", "Aa1 Bb4", 0},
+        {turing_machine, {0, 2, 5, 2}, "Aa1 Cb2 Dd4", "", "Aa1 Bb2", 1},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        board_make(row.kind, "HH");
+        tape_head = 1;
+        discard_pile.cards.count = 0;
+        turn = {};
+        selection = row.chosen;
+        stone_stack[0] = 2;
+        game_map.origin_y = 100;
+        turn_update();
+        EXPECT_EQ(stones[0], row.chosen.target_state);
+        EXPECT_EQ(stones[1], 0);
+        EXPECT_EQ(pile_text(players[0].hand), row.hand);
+        EXPECT_EQ(pile_text(discard_pile.cards), row.discard);
+        EXPECT_EQ(pile_text(tape), row.tape);
+        EXPECT_EQ(tape_head, row.head);
+        EXPECT_EQ(flight.moving_stone, 0);
+        EXPECT_EQ(flight.moving_from[0], 0);
+        EXPECT_EQ(flight.moving_from[1], 116);
+        EXPECT_EQ(turn.move_timer, 0.5);
+        // 0.5 less 30 times the double nearest to 1/60 is still a little above 0.
+        EXPECT_EQ(move_finish(), 31);
+        EXPECT_EQ(turn.current_player, 1);
+        EXPECT_EQ(selection.selected_state, no_index);
+        EXPECT_EQ(selection.target_state, no_index);
+        EXPECT_EQ(selection.selected_transition, no_index);
+        EXPECT_EQ(selection.selected_card, no_card);
+    }
+}
+
+TEST_F(turns_test, TheTurnPassesAndIsRevealed) {
+    struct {
+        const char* seats;
+        i8 from, to;
+        bool revealed_before, revealed;
+        f64 think;
+    } const rows[] = {
+        {"H", 0, 0, false, true, 0},     {"H", 0, 0, true, true, 0},
+        {"0", 0, 0, true, true, 0.4},    {"H0", 0, 1, true, false, 0.4},
+        {"H0", 1, 0, false, true, 0},    {"HH", 1, 0, true, false, 0},
+        {"HH0", 1, 2, true, false, 0.4}, {"HH0", 2, 0, false, false, 0},
+        {"012", 2, 0, true, false, 0.4},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.seats);
+        board_make(state_machine, row.seats);
+        turn = {};
+        turn.current_player = row.from;
+        turn.turn_revealed = row.revealed_before;
+        turn.card_drawn = true;
+        turn.move_timer = 0.001;
+        turn_update();
+        EXPECT_EQ(turn.current_player, row.to);
+        EXPECT_EQ(turn.turn_revealed, row.revealed);
+        EXPECT_EQ(turn.think_timer, row.think);
+        EXPECT_FALSE(turn.card_drawn);
+        EXPECT_EQ(turn.winner, no_winner);
+    }
+}
+
+TEST_F(turns_test, AWinnerKeepsTheTurnUntilSpaceRestarts) {
+    board_make(pushdown_machine, "H0");
+    settings.win_mode = win_immediate;
+    turn.turn_revealed = true;
+    for (i64 left : {2, 1, 0}) {
+        EXPECT_EQ(turn.winner, no_winner);
+        EXPECT_EQ(players[0].hand.count, left + 1);
+        turn.current_player = 0;
+        selection = {0, 0, 6, 0};
+        map_add_transition(0, 0, 0, 0, 0, "*");
+        turn_update();
+        move_finish();
+    }
+    EXPECT_EQ(turn.winner, 0);
+    EXPECT_EQ(turn.current_player, 0);
+    turn.current_player = 1;  // a computer seat does not act any more
+    const std::string before = game_text();
+    turn_update();
+    EXPECT_EQ(game_text(), before);
+    update_with(key_space);
+    EXPECT_EQ(turn.winner, no_winner);
+    EXPECT_EQ(players[0].hand.count, 8);
+}
+
+TEST_F(turns_test, KeysOfTheGame) {
+    board_make(state_machine, "HH0");
+    update_with(key_n);
+    EXPECT_FALSE(turn.show_nimbers);
+    headless_key_hold(key_shift);
+    update_with(key_n);
+    EXPECT_TRUE(turn.show_nimbers);
+    turn.move_timer = 0.5;
+    update_with(key_n);
+    update_with(key_space);
+    EXPECT_TRUE(turn.show_nimbers);
+    EXPECT_FALSE(turn.turn_revealed);
+    turn.move_timer = 0;
+    update_with(key_n);
+    EXPECT_FALSE(turn.show_nimbers);
+    update_with(key_space);
+    EXPECT_TRUE(turn.turn_revealed);
+    turn.turn_revealed = false;
+    turn.current_player = 2;
+    turn.think_timer = 0.4;
+    update_with(key_space);
+    EXPECT_FALSE(turn.turn_revealed);
+}
+
+TEST_F(turns_test, AComputerSeatThinksBeforeItActs) {
+    board_make(state_machine, "0");
+    turn.think_timer = 0.4;
+    int updates = 0;
+    while (turn.move_timer <= 0 && updates < 100) {
+        turn_update();
+        updates += 1;
+    }
+    EXPECT_EQ(updates, 26);  // 25 steps of 1/60 s bring 0.4 s below 0
+}
+
+TEST_F(turns_test, EveryUpdateRefillsAnEmptyDeck) {
+    board_make(pushdown_machine, "H");
+    deck.cards.count = 0;
+    pile_set(discard_pile.cards, "Bb2");
+    turn.move_timer = 0.4;
+    turn_update();
+    EXPECT_EQ(deck.cards.count, 0);  // not while a move is shown
+    turn.move_timer = 0;
+    turn_update();
+    EXPECT_EQ(pile_text(deck.cards), "Bb2");
+    hand_draw();
+    hand_draw();
+    EXPECT_EQ(pile_text(players[0].hand), "Aa1 Cb2 Dd4 Bb2 Aa1");
+    EXPECT_TRUE(turn.card_drawn);
+}
+
+TEST_F(turns_test, ActionsWriteTheTapeAndMoveItsHead) {
+    struct {
+        const char *action, *tape;
+        i64 head;
+        const char* written;
+        i64 moved;
+    } const rows[] = {
+        {"AL", "Bb2 Cc3 Dd4", 0, "Ab2 Cc3 Dd4", 2},
+        {"fR", "Bb2 Cc3 Dd4", 2, "Bb2 Cc3 Df4", 0},
+        {"3", "Bb2 Cc3", 0, "Bb3 Cc3", 0},
+        {"R", "Bb2 Cc3", 0, "Bb2 Cc3", 0},
+        {"6x", "Bb2 Cc3", 1, "Bb2 Cc6", 1},
+        {" R", "Bb2 Cc3", 0, "Bb2 Cc3", 1},
+        {"7L", "Bb2 Cc3", 1, "Bb2 Cc3", 0},
+        {"FRL", "Bb2 Cc3", 0, "Fb2 Cc3", 1},
+        {"GR", "Bb2", 0, "Bb2", 0},
+        {"AR", "", 0, "", 0},
+        {"AL", "", 7, "", 0},
+        {"AR", "Bb2 Cc3", 7, "Bb2 Cc3", 0},
+        {"AS", "Bb2 Cc3", 7, "Bb2 Cc3", 1},
+        {"A", "Bb2 Cc3", 7, "Bb2 Cc3", 7},
+        {"", "Bb2 Cc3", 1, "Bb2 Cc3", 1},
+    };
+    for (const auto& row : rows) {
+        pile_set(tape, row.tape);
+        tape_head = row.head;
+        tape_apply(str_of(row.action));
+        EXPECT_EQ(pile_text(tape), row.written) << row.action;
+        EXPECT_EQ(tape_head, row.moved) << row.action << ' ' << row.tape;
+    }
+}
+
+TEST_F(turns_test, TheFirstStoneOnAStateIsFound) {
+    map_make(state_machine, "..", {}, {1, 0, 1, 70});
+    EXPECT_EQ(stone_find(1), 0);
+    EXPECT_EQ(stone_find(0), 1);
+    EXPECT_EQ(stone_find(7), no_index);
+}
+
+}  // namespace
