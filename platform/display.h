@@ -16,4 +16,6 @@ bool display_is_closed();
 void display_set_fullscreen(bool fullscreen);
 // The size of the whole screen that the window stands on.
 void display_get_info(i32& width, i32& height);
+// Takes the window off the screen. Its GPU objects may still be destroyed, until the platform is
+// released.
 void display_close();

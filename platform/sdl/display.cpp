@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "platform/sdl/window.h"
+#include "platform/system.h"
 #include "shell/memory/message.h"
 
 SDL_Window* window;
@@ -31,7 +32,7 @@ bool driver_shows_windows() {
 [[noreturn]] void open_failed(const char* reason) {
     message_write(
         {"failed to open the display: ", {reason, static_cast<i64>(std::strlen(reason))}, "\n"});
-    display_close();
+    system_release();
     std::exit(EXIT_FAILURE);
 }
 
@@ -99,6 +100,10 @@ void display_get_info(i32& width, i32& height) {
 }
 
 void display_close() {
+    SDL_HideWindow(window);
+}
+
+void display_release() {
     if (context != nullptr) {
         SDL_GL_DeleteContext(context);
         context = nullptr;
@@ -107,5 +112,4 @@ void display_close() {
         SDL_DestroyWindow(window);
         window = nullptr;
     }
-    SDL_QuitSubSystem(SDL_INIT_VIDEO);
 }

@@ -5,6 +5,8 @@
 #include <chrono>
 #include <csignal>
 
+#include "platform/sdl/window.h"
+
 void system_init(u32, f64) {
     // Messages into a pipe that nobody reads any more must not end the game.
     std::signal(SIGPIPE, SIG_IGN);
@@ -12,6 +14,7 @@ void system_init(u32, f64) {
 }
 
 void system_release() {
+    display_release();
     SDL_Quit();
 }
 
