@@ -179,8 +179,7 @@ std::string text_mutate(std::string text, std::mt19937_64& random) {
 
 TEST_F(reader_test, CutAndBrokenFilesAreReadWithinTheirBytes) {
     std::vector<std::string> files = {turing_example};
-    std::error_code error;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(maps_folder(), error)) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(maps_folder())) {
         if (entry.is_regular_file()) {
             files.push_back(file_get(entry.path().string()));
         }

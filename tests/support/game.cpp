@@ -8,44 +8,20 @@
 #include <sstream>
 
 #include "ai/nimbers.h"
-#include "maps/catalogue.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "rules/cards.h"
-#include "rules/screens.h"
 #include "rules/turn_update.h"
+#include "shell/globals.h"
 
 namespace {
 
+// Every global at its start value and both arenas empty; their memory is taken once.
 void globals_start() {
-    machine_kind = pushdown_machine;
-    game_map = {};
-    settings = {};
-    goals = {};
-    stones = {};
-    std::fill(catalogues, catalogues + machine_kind_count, catalogue{});
-    current_catalogue = nullptr;
-    selected_entry = -1;
-    deck = {};
-    discard_pile = {};
-    tape = {};
-    tape_head = 0;
-    random_generator = {};
-    players = {};
-    player_count = 3;
-    turn = {};
-    selection = {};
-    flight = {};
-    screens = {};
-    std::fill(stone_stack, stone_stack + stone_stack_size, u16{0});
-}
-
-// The arenas' memory is taken once; every test finds it empty.
-void arenas_start() {
-    static const bool created = (arenas_create(), true);
-    static_cast<void>(created);
-    arenas[arena_persistent] = {arenas[arena_persistent].base, persistent_arena_capacity, 0};
-    arenas[arena_frame] = {arenas[arena_frame].base, frame_arena_capacity, 0};
+    static const arena memory[] = {(arenas_create(), arenas[arena_persistent]),
+                                   arenas[arena_frame]};
+    globals_reset();
+    std::copy(std::begin(memory), std::end(memory), arenas);
 }
 
 }  // namespace
@@ -58,7 +34,6 @@ game_test::game_test() : outside(std::filesystem::current_path()) {
     folder = name;
     std::filesystem::current_path(folder);
     globals_start();
-    arenas_start();
     headless_reset();
     random_seed(1);
 }
@@ -69,7 +44,7 @@ game_test::~game_test() {
 }
 
 std::filesystem::path maps_folder() {
-    return std::filesystem::path(__FILE__).parent_path() / "../../resources/maps";
+    return std::filesystem::path(QUORREL_SOURCE_DIR) / "resources/maps";
 }
 
 str str_of(std::string_view text) {
