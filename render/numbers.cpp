@@ -21,8 +21,8 @@ f64 first_place(f64 value, i64& integer_count) {
     return place;
 }
 
-// Far below the digits shown, rounding errors may leave a rest under 0 or of ten places and more:
-// such a digit is bounded.
+// From 10^22 on powers of ten are rounded, and so are the decimals': a rest may fall under 0 or
+// reach ten places, and its digit is bounded. The digits shown of smaller values never are.
 void digits_take(decimal_digits& number, f64 value, f64 place) {
     for (u8& digit : number.digits) {
         digit = static_cast<u8>(std::clamp(value / place, 0.0, 9.0));

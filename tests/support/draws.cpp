@@ -95,8 +95,8 @@ char letter_of(const gpu_draw& draw) {
         return static_cast<f32>(g.u) == part[0] && static_cast<f32>(g.v) == part[1] &&
                static_cast<f32>(g.width) == part[2] && static_cast<f32>(g.height) == part[3];
     };
-    const glyph* end = std::end(font.glyphs);
-    const glyph* found = std::find_if(std::begin(font.glyphs), end, shows);
+    const glyph* end = std::cend(font.glyphs);
+    const glyph* found = std::find_if(std::cbegin(font.glyphs), end, shows);
     return found == end ? '\0' : static_cast<char>(found - font.glyphs);
 }
 
@@ -115,8 +115,9 @@ drawn_text text_of(const draw_group& group) {
     bool icons = group.texture_binds > 1;
     const gpu_draw& first = group.draws.front();
     point start = {box_of(first).x, box_of(first).y};
-    f64 size = box_of(first).width / (is_icon(first) ? 0.125 : font.glyphs['0'].width);
-    f64 advance = size * font.glyphs['0'].advance;
+    const glyph& cell = font.glyphs[u8{'0'}];
+    f64 size = box_of(first).width / (is_icon(first) ? 0.125 : cell.width);
+    f64 advance = size * cell.advance;
     f64 line_height = size * font.line_height;
     drawn_text text = {{}, start, {}, size, tint_of(first)};
     f64 first_line_end = start.x;
@@ -155,9 +156,6 @@ testing::AssertionResult text_find(std::string_view text, const char* how, point
 }  // namespace
 
 draw_test::draw_test() {
-    camera = {};
-    texture_set = {};
-    render_target = {};
     output_of(renderer_init);  // speaks of every missing picture
     font_make();
     camera_matrices_build(render_target.width, render_target.height);
