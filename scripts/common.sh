@@ -1,0 +1,74 @@
+# What scripts/play and scripts/test share. Sourced; leaves the project's root as working directory.
+
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+build_packages=(g++ cmake ninja-build pkg-config libsdl2-dev libepoxy-dev libpng-dev
+    libgl1-mesa-dri)
+
+say() {
+    echo "== $*"
+}
+
+fail() {
+    echo "error: $*" >&2
+    exit 1
+}
+
+# Runs a command as root.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        fail "this needs root: $*"
+    fi
+}
+
+# The given Debian packages that are not installed.
+packages_missing() {
+    comm -23 <(printf '%s\n' "$@" | sort) \
+        <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |
+            sed -n 's/^installed //p' | sort)
+}
+
+# Installs those of the given Debian packages that are missing.
+packages_install() {
+    if ! command -v apt-get >/dev/null; then
+        say "no apt-get here: taking these as installed: $*"
+        return
+    fi
+    local missing
+    mapfile -t missing < <(packages_missing "$@")
+    if [ "${#missing[@]}" -eq 0 ]; then
+        return
+    fi
+    say "installing ${missing[*]}"
+    as_root apt-get update -q
+    as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}"
+}
+
+# Configures and builds a preset of CMakePresets.json.
+preset_build() {
+    say "building the $1 preset"
+    cmake --preset "$1"
+    cmake --build --preset "$1"
+}
+
+# Starts a virtual display of the given size on a free number and points DISPLAY to it; it ends with
+# this script.
+virtual_display_start() {
+    local number log
+    log=$(mktemp)
+    exec {virtual_display_output}< <(
+        exec setsid Xvfb -displayfd 1 -screen 0 "$1x24" -nolisten tcp 2>"$log"
+    )
+    virtual_display=$!
+    trap 'kill "$virtual_display" 2>/dev/null || true' EXIT
+    read -r number <&"$virtual_display_output" || fail "Xvfb does not start: $(tail -n 1 "$log")"
+    rm "$log"
+    unset WAYLAND_DISPLAY
+    export DISPLAY=":$number"
+}
