@@ -1,0 +1,322 @@
+#include "shell/frame.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "game/hand_panel.h"
+#include "maps/catalogue.h"
+#include "rules/cards.h"
+#include "rules/screens.h"
+#include "shell/app.h"
+#include "shell/camera.h"
+#include "tests/shell/program.h"
+
+namespace {
+
+using frame_test = program_test;
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::StartsWith;
+
+struct screen_state {
+    const char* name;
+    screen_flags flags;
+};
+
+constexpr screen_state all_screens[] = {
+    {"title", {true, false, false, false, false}},
+    {"setup", {false, true, false, false, false}},
+    {"list", {false, false, true, false, false}},
+    {"editor", {false, false, false, true, false}},
+    {"editor's list", {false, false, true, true, false}},
+    {"game", {false, false, false, false, false}},
+};
+
+std::string screen_shown() {
+    for (const screen_state& s : all_screens) {
+        if (s.flags.title_menu_open == screens.title_menu_open &&
+            s.flags.player_setup_open == screens.player_setup_open &&
+            s.flags.map_list_open == screens.map_list_open &&
+            s.flags.editor_open == screens.editor_open) {
+            return s.name;
+        }
+    }
+    return "none";
+}
+
+// The recorded calls of that kind.
+std::vector<gpu_call> calls_of(gpu_op op) {
+    std::vector<gpu_call> found;
+    std::copy_if(headless_calls().begin(), headless_calls().end(), std::back_inserter(found),
+                 [op](const gpu_call& call) { return call.op == op; });
+    return found;
+}
+
+i64 live_objects() {
+    i64 count = 0;
+    for (gpu_op create : {gpu_op::texture_create, gpu_op::buffer_create, gpu_op::shader_create,
+                          gpu_op::vertex_array_create, gpu_op::frame_buffer_create}) {
+        count += headless_live_objects(create);
+    }
+    return count;
+}
+
+// Nineteen pictures, the font, the target's texture; two buffers, their array, two programs, the
+// target.
+constexpr i64 all_objects = 19 + 2 + 2 + 1 + 2 + 1;
+
+TEST_F(frame_test, StartUp) {
+    headless_set_time(12345);
+    file_put("resources/turing_maps.txt", "a maps/a\n");
+    EXPECT_EQ(begin(), "");
+    EXPECT_TRUE(headless_window_is_open());
+    EXPECT_EQ(live_objects(), all_objects);
+    random_state seeded = random_generator;
+    random_seed(12345);
+    EXPECT_EQ(random_generator, seeded);
+    // What the renderer loaded was given back before the title map and the catalogues came.
+    EXPECT_LT(arenas[arena_persistent].offset, 4096);
+    EXPECT_EQ(game_map.states.count, 5);
+    EXPECT_EQ(catalogues[turing_machine].count, 1);
+    EXPECT_EQ(screen_shown(), "title");
+    const std::vector<gpu_call>& calls = headless_calls();
+    std::vector<gpu_call> last(calls.end() - 3, calls.end());
+    EXPECT_EQ(last[0].op, gpu_op::pipeline_cull_enable);
+    EXPECT_THAT(last[0].numbers, ElementsAre(1));
+    EXPECT_EQ(last[1].op, gpu_op::pipeline_cull_orientation);
+    EXPECT_THAT(last[1].numbers, ElementsAre(1));
+    EXPECT_EQ(last[2].op, gpu_op::pipeline_blend_factor);
+    EXPECT_THAT(last[2].numbers, ElementsAre(3, 9));
+}
+
+TEST_F(frame_test, StartUpSaysWhatIsMissing) {
+    std::filesystem::remove_all("resources");
+    std::string said = begin();
+    EXPECT_THAT(said, StartsWith("failed to load picture: resources/circle.png\n"));
+    EXPECT_THAT(said, EndsWith("failed to open resources/font_info.txt\n"
+                               "failed to open resources/state_maps.txt\n"
+                               "failed to open resources/pushdown_maps.txt\n"
+                               "failed to open resources/turing_maps.txt\n"));
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 19 + 4);
+    EXPECT_TRUE(frame());
+}
+
+TEST_F(frame_test, TheTitleMapsTransitions) {
+    begin();
+    std::string arcs;
+    for (const transition& t : game_map.transitions) {
+        arcs += std::to_string(t.from) + std::to_string(t.to) + (t.bend == 1 ? "+ " : " ");
+    }
+    EXPECT_EQ(arcs, "21 32 43 14 01+ 02+ 03+ 04+ 10+ 20+ 30+ 40+ ");
+    screens = {false, false, true, false, false};
+    frame();
+    EXPECT_EQ(screen_lines([](auto line) { return line[0] == 'c' || line[0] == '"'; }),
+              "circle -32 -32 64 64 (0.08 0.08 0.15 1)\n"
+              "circle -160 -160 64 64 (0.08 0.08 0.15 1)\n"
+              "circle -160 96 64 64 (0.08 0.08 0.15 1)\n"
+              "circle 96 96 64 64 (0.08 0.08 0.15 1)\n"
+              "circle 96 -160 64 64 (0.08 0.08 0.15 1)\n"
+              "\"b\" -160 0\n"
+              "\"~(A,B,C,D)\" 0 168\n"
+              "\"c\" 160 0\n"
+              "\"~(1,2,3,4) & ~(a,b,c,d)\" 0 -168\n"
+              "\"4\" -48 -80\n"
+              "\"A\" -80 48 (1 0 0 1)\n"
+              "\"1\" 48 80\n"
+              "\"C\" 80 -48 (0 1 0 1)\n"
+              "\"3\" -80 -48\n"
+              "\"D\" -48 80 (1 1 0 1)\n"
+              "\"2\" 80 48\n"
+              "\"B\" 48 -80 (0 0 1 1)\n");
+}
+
+TEST_F(frame_test, StartingAgainStartsAnew) {
+    begin_game("HH");
+    machine_kind = turing_machine;
+    settings.hand_size = 3;
+    tape_head = 2;
+    turn.winner = 1;
+    selection.selected_card = 4;
+    flight.moving_stone = 1;
+    hand_row.hand_scroll = 0.5;
+    camera.zoom = 2;
+    app.help_visible = app.memory_report_visible = true;
+    key(key_f11);
+    end();
+    begin();
+    frame();
+    EXPECT_EQ(machine_kind, pushdown_machine);
+    EXPECT_EQ(players.count, 0);
+    EXPECT_EQ(player_count, 3);
+    EXPECT_EQ(settings.hand_size, 8);
+    EXPECT_EQ(tape_head, 0);
+    EXPECT_EQ(turn.winner, no_winner);
+    EXPECT_EQ(selection.selected_card, no_card);
+    EXPECT_EQ(flight.moving_stone, no_index);
+    EXPECT_EQ(hand_row.hand_scroll, 0);
+    EXPECT_EQ(camera.zoom, 1);
+    EXPECT_EQ(render_target.width, 1024);
+    EXPECT_EQ(lines_with("0.97") + lines_with("memory"), "");
+}
+
+TEST_F(frame_test, AFrameEndsWithErrorCheckAndPresent) {
+    begin();
+    EXPECT_TRUE(frame());
+    EXPECT_EQ(headless_calls().front().op, gpu_op::vertex_array_bind);
+    EXPECT_EQ(headless_calls().back().op, gpu_op::pipeline_present);
+    EXPECT_EQ((headless_calls().end() - 2)->op, gpu_op::pipeline_get_error);
+    EXPECT_EQ(calls_of(gpu_op::pipeline_present).size(), 1U);
+}
+
+TEST_F(frame_test, TheCameraShowsOneFrameLater) {
+    begin_game("H");
+    map_make(state_machine, ".", {});
+    const std::string centred = "circle -32 -32 64 64 (0.08 0.08 0.15 1)\n";
+    const std::string moved = "circle -36.27 -32 64 64 (0.08 0.08 0.15 1)\n";
+    key(key_d);
+    EXPECT_EQ(lines_with("circle"), centred);  // a key that is not held any more does not move it
+    headless_key_hold(key_d);
+    frame();
+    EXPECT_EQ(lines_with("circle"), centred);
+    headless_key_release(key_d);
+    frame();
+    EXPECT_EQ(lines_with("circle"), moved);
+    key(key_r);
+    EXPECT_EQ(lines_with("circle"), moved);
+    frame();
+    EXPECT_EQ(lines_with("circle"), centred);
+}
+
+TEST_F(frame_test, TurnsGoOnInTheGameAlone) {
+    begin_game("HH");
+    for (const screen_state& s : all_screens) {
+        screens = s.flags;
+        turn.move_timer = 0.3;
+        frame();
+        EXPECT_EQ(turn.move_timer < 0.3, std::string(s.name) == "game") << s.name;
+    }
+}
+
+TEST_F(frame_test, EscapeGoesBack) {
+    struct {
+        const char *from, *to;
+        bool runs_on;
+    } const rows[] = {
+        {"title", "title", false}, {"list", "setup", true},  {"editor's list", "editor", true},
+        {"editor", "title", true}, {"setup", "title", true}, {"game", "setup", true},
+    };
+    begin_game("HH");
+    for (const auto& row : rows) {
+        screens = std::find_if(std::begin(all_screens), std::end(all_screens), [&](const auto& s) {
+                      return std::string(s.name) == row.from;
+                  })->flags;
+        app.help_visible = true;
+        app.running = true;
+        turn.move_timer = 0.3;
+        EXPECT_EQ(key(key_escape), row.runs_on) << row.from;
+        EXPECT_EQ(screen_shown(), row.to) << row.from;
+        EXPECT_FALSE(app.help_visible);
+        EXPECT_EQ(turn.move_timer, 0.3) << row.from;
+        EXPECT_EQ(headless_calls().back().op, gpu_op::pipeline_present);
+    }
+}
+
+TEST_F(frame_test, LeavingTheEditorClosesItsDialogs) {
+    begin_game("H");
+    screens.editor_open = true;
+    screens.text_entry_open = true;
+    key(key_escape);
+    EXPECT_FALSE(screens.text_entry_open);
+}
+
+TEST_F(frame_test, HelpLiesOverEveryScreen) {
+    begin_game("HH");
+    for (const screen_state& s : all_screens) {
+        screens = s.flags;
+        key(key_f1);
+        std::string help = screen_lines([](auto line) { return line.find("0.97") != line.npos; });
+        EXPECT_EQ(help, "white -400 -400 800 800 (0 0 0 0.97)\n") << s.name;
+        drawn_text text = texts_drawn().back();
+        EXPECT_TRUE(text_starts_at(text.text, 112 + 32, 816 - 48));
+        EXPECT_NEAR(text.size, 256, 0.01);
+        EXPECT_THAT(text.text, StartsWith("Game controls:\n<esc>: quit\n"));
+        EXPECT_THAT(text.text, EndsWith("\n         or rule from transition\n"
+                                        "u/o: change accepting property of state\n"
+                                        "     or move transition\n"
+                                        "ctrl+o/ctrl+s: load/save"));
+        key(key_f1);
+        EXPECT_EQ(lines_with("0.97"), "");
+    }
+}
+
+TEST_F(frame_test, MemoryReport) {
+    begin();
+    struct {
+        i64 offset;
+        const char* text;
+    } const rows[] = {
+        {0, "memory used: 0 / 262144 kiB (0%)"},
+        {1023, "memory used: 0 / 262144 kiB (0.0004%)"},
+        {3'145'728, "memory used: 3072 / 262144 kiB (1.1719%)"},
+        {67'108'864, "memory used: 65536 / 262144 kiB (25%)"},
+    };
+    key(key_f3);
+    for (const auto& row : rows) {
+        arenas[arena_persistent].offset = row.offset;
+        frame();
+        EXPECT_TRUE(text_starts_at(row.text, 16, 16));
+        EXPECT_NEAR(texts_drawn().back().size, 128, 0.01);
+        EXPECT_EQ(texts_drawn().back().tint, (colour{1, 0, 0, 0.8f}));
+    }
+    key(key_f3);
+    EXPECT_EQ(lines_with("memory"), "");
+}
+
+TEST_F(frame_test, FullscreenRebuildsTheTarget) {
+    begin();
+    frame();
+    for (i64 times = 1; times <= 6; ++times) {
+        bool full = times % 2 == 1;
+        i64 width = full ? 1920 : 1024;
+        i64 height = full ? 1080 : 832;
+        u32 old_texture = render_target.texture;
+        key(key_f11);
+        EXPECT_EQ(headless_is_fullscreen(), full);
+        EXPECT_EQ(headless_fullscreen_calls(), times);
+        EXPECT_NE(render_target.texture, old_texture);
+        EXPECT_EQ(live_objects(), all_objects);
+        EXPECT_THAT(calls_of(gpu_op::texture_image_2d).at(0).numbers,
+                    ElementsAre(1, 0, 13, width, height, 8, 0));
+        EXPECT_THAT(calls_of(gpu_op::pipeline_viewport).at(0).numbers,
+                    ElementsAre(0, 0, width, height));
+        EXPECT_TRUE(text_is_centred_at("Game Mode", static_cast<f64>(width) / 2,
+                                       static_cast<f64>(height) / 2 + 352));
+    }
+}
+
+TEST_F(frame_test, AGpuErrorEndsTheProgramAtOnce) {
+    begin();
+    auto fail = [] {
+        dup2(STDERR_FILENO, STDOUT_FILENO);
+        std::atexit([] { std::fputs(headless_window_is_open() ? "open" : "closed", stderr); });
+        headless_set_gpu_error(1286);
+        frame();
+    };
+    EXPECT_EXIT(fail(), testing::ExitedWithCode(0), "^gl error: 1286\nopen$");
+}
+
+TEST_F(frame_test, AClosedWindowEndsAfterItsFrame) {
+    begin_game("HH");
+    headless_close_window();
+    EXPECT_FALSE(frame());
+    EXPECT_EQ(headless_calls().back().op, gpu_op::pipeline_present);
+    end();
+    EXPECT_EQ(live_objects(), 0);
+    EXPECT_FALSE(headless_window_is_open());
+    EXPECT_EQ(arenas[arena_persistent].offset, 0);
+}
+
+}  // namespace
