@@ -85,8 +85,9 @@ bool ctrl_keys_apply() {
 }
 
 transition* selected_arc() {
-    bool set = selection.selected_transition < game_map.transitions.count;
-    return set ? &game_map.transitions[selection.selected_transition] : nullptr;
+    u16 index = selection.selected_transition;
+    bool set = index != no_index && index < game_map.transitions.count;
+    return set ? &game_map.transitions[index] : nullptr;
 }
 
 void rule_entry_frame() {
@@ -137,6 +138,7 @@ void state_keys_apply(u16 state, const edit_buttons& clicked) {
     if (!only_one_stone) {
         state_remove(state);
         selection.selected_state = no_index;
+        selection.selected_transition = no_index;
     }
 }
 
