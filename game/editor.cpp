@@ -209,4 +209,5 @@ void editor_frame(const pointer& mouse) {
 void editor_leave() {
     text_entry_close();
     goal_editing.goal_dialog_open = false;
+    selection = {};
 }

@@ -7,5 +7,6 @@
 // One frame of the editor, after the board was drawn: its keys, buttons and dialogs.
 void editor_frame(const pointer& mouse);
 
-// Closes the dialogs and drops what they had pending; called when the editor is left.
+// Closes the dialogs, drops what they had pending and forgets the selection, which in play would be
+// a move; called when the editor is left.
 void editor_leave();
