@@ -1,5 +1,9 @@
 #include "maps/writer.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 #include "maps/catalogue.h"
 #include "maps/model.h"
 #include "platform/file.h"
@@ -11,14 +15,23 @@ namespace {
 constexpr u8 first_measure_with_card_a = 4;
 constexpr u8 first_measure_with_card_b = 7;
 
+constexpr f64 smallest_written = 0.00005;  // below it all four decimals are 0
+constexpr f32 largest_label_offset = std::numeric_limits<f32>::max();
+
 void put_int(text_builder& text, i64 value) {
     text_builder_put(text, ' ');
     text_builder_put_int(text, value);
 }
 
+// A zero has no sign, which would be lost when it is read back.
 void put_real(text_builder& text, f64 value) {
     text_builder_put(text, ' ');
-    text_builder_put_real(text, value);
+    text_builder_put_real(text, std::abs(value) < smallest_written ? 0 : value);
+}
+
+// A file may give a label an offset beyond all f32, but an infinity cannot be read.
+void put_label_offset(text_builder& text, f32 value) {
+    put_real(text, std::clamp(value, -largest_label_offset, largest_label_offset));
 }
 
 // Bytes and indices stand in the file as signed numbers.
@@ -97,8 +110,8 @@ void transition_write(text_builder& text, const transition& arc) {
     put_index(text, arc.from);
     put_index(text, arc.to);
     put_int(text, arc.bend);
-    put_real(text, arc.label_dx);
-    put_real(text, arc.label_dy);
+    put_label_offset(text, arc.label_dx);
+    put_label_offset(text, arc.label_dy);
     text_builder_put_str(text, " \"");
     text_builder_put_str(text, arc.rule);
     text_builder_put_str(text, "\"\n");
@@ -116,13 +129,36 @@ bool map_file_write(str path) {
     return !file_failed(file);
 }
 
-// Different names may become one path.
+// The byte at `i`, which moves on; several "/" in a row are one. '\0' at the path's end.
+char path_next(str path, i64& i) {
+    while (i + 1 < path.length && path[i] == '/' && path[i + 1] == '/') {
+        i += 1;
+    }
+    char byte = i < path.length ? path[i] : '\0';
+    i += 1;
+    return byte;
+}
+
+bool path_is_same(str a, str b) {
+    char byte = '\0';
+    i64 in_a = 0;
+    i64 in_b = 0;
+    do {
+        byte = path_next(a, in_a);
+        if (byte != path_next(b, in_b)) {
+            return false;
+        }
+    } while (byte != '\0');
+    return true;
+}
+
+// Different names may become one file.
 void shared_path_report(str name, str path) {
     if (current_catalogue == nullptr) {
         return;
     }
     for (const catalogue_entry& entry : *current_catalogue) {
-        if (entry.path == path && !(entry.name == name)) {
+        if (path_is_same(entry.path, path) && !(entry.name == name)) {
             message_write({"file shared with map ", entry.name, "\n"});
             return;
         }
