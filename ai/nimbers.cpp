@@ -8,9 +8,6 @@ namespace {
 
 constexpr i64 step_budget = 0x100001;
 constexpr i64 nimber_values = 128;
-// The stack grows in place by doubling as the frame arena's last block; at twice this it would no
-// longer fit.
-constexpr i64 stack_limit = 4 * 1024 * 1024;  // states
 
 // The existing successors of every state, in the order of the transitions: those of state s are
 // targets[first[s]] up to targets[first[s + 1]].
@@ -85,24 +82,29 @@ void nimbers_forget() {
     }
 }
 
-// Settles every state on the stack; false when the search has to give up.
+// Settles every state on the stack; false when the search has to give up. A state that waits for
+// its successors a second time was reached from itself: from here on the same steps would repeat
+// until the budget is gone, so the search ends at once. As no state waits three times, the stack
+// stays in the order of the map's states and transitions.
 bool search(const successor_lists& lists, dyn_array<u16>& stack) {
+    u8* waited = frame_array<u8>(named_state_count());
     for (i64 budget = step_budget; stack.count > 0;) {
         budget -= 1;
-        u16 state = stack[stack.count - 1];
-        u32 out_degree = lists.first[state + 1] - lists.first[state];
-        if (budget == 0 || stack.count + out_degree > stack_limit) {
+        if (budget == 0) {
             return false;
         }
+        u16 state = stack[stack.count - 1];
         if (game_map.nimbers[state] != no_nimber) {
             stack.count -= 1;
             continue;
         }
         i64 value = excluded_value(lists, state, stack);
-        if (value == nimber_values) {
+        if (value == nimber_values || (value < 0 && waited[state])) {
             return false;
         }
-        if (value >= 0) {
+        if (value < 0) {
+            waited[state] = 1;
+        } else {
             game_map.nimbers[state] = static_cast<u8>(value);
             stack.count -= 1;
         }

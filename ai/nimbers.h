@@ -8,6 +8,6 @@
 
 // Fills `game_map.nimbers` for the current states and transitions: values 0 to 127. Transitions
 // that name missing states do not count. The depth-first search takes at most 1,048,576 steps:
-// when they run out (a cycle), when its stack outgrows its bound, or when a state would need 128,
-// it writes one line to standard output and leaves the states it did not settle at `no_nimber`.
+// when they run out or would on a cycle, or when a state would need 128, it writes one line to
+// standard output and leaves the states it did not settle at `no_nimber`.
 void nimbers_compute();
