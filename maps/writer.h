@@ -5,7 +5,8 @@
 #include "shell/memory/str.h"
 #include "shell/memory/text_builder.h"
 
-// Appends the canonical text of the loaded map, the one form in which maps are written.
+// Appends the canonical text of the loaded map, the one form in which maps are written. Read and
+// written again it gives the same bytes, as far as the reals are within 10^10.
 void map_write(text_builder& text);
 
 // Saves the loaded map under the name in the current family's directory and lists it in the
