@@ -1,0 +1,302 @@
+#include <algorithm>
+
+#include "rules/screens.h"
+#include "shell/camera.h"
+#include "tests/shell/program.h"
+
+namespace {
+
+// Three states at -128, 0 and 128 on the board, two humans, nothing to move.
+class board_test : public program_test {
+  protected:
+    board_test() {
+        begin_game("HH");
+        map_make(state_machine, ".*.", {});
+        game_map.origin_x = -128;
+    }
+};
+
+void stones_set(const std::vector<u16>& states) {
+    stones.count = 0;
+    for (u16 state : states) {
+        dyn_array_push(stones, state);
+    }
+}
+
+std::string index_text(u16 index) {
+    return index == no_index ? "-" : std::to_string(index);
+}
+
+std::string selected_text() {
+    return index_text(selection.selected_state) + index_text(selection.target_state);
+}
+
+// A digit clicks that state, "R" the right button.
+void clicks(std::string_view script) {
+    for (char c : script) {
+        if (c == 'R') {
+            click(0, 0, mouse_right);
+        } else {
+            click(128.0 * (c - '1'), 0);
+        }
+    }
+}
+
+bool is_circle(std::string_view line) {
+    return line.find("circle") == 0;
+}
+
+TEST_F(board_test, IsDrawnFromBackToFront) {
+    map_add_transition(0, 1, 0, 0, 40, "B");
+    map_add_transition(1, 2, -1, 0, -40, "x");
+    map_add_transition(1, 1, 90, -8, 4, {});
+    stones_set({0, 1, 0, 0});
+    settings.win_mode = win_all_accepting;
+    frame();
+    EXPECT_EQ(screen_text(),
+              "white -128 -2 96 4 (0.9 0.8 0.8 1)\n"
+              "triangle -44 12 24 -24 (0.9 0.8 0.8 1)\n"
+              "white 0 -10 96 4 (0.9 0.8 0.8 1)\n"
+              "triangle 84 4 24 -24 (0.9 0.8 0.8 1)\n"
+              "self_arrow -1.5 -50 -90 100 (0.9 0.8 0.8 1)\n"
+              "circle -160 -32 64 64 (0.08 0.08 0.15 1)\n"
+              "circle -32 -32 64 64 (0.4 0.7 1 1)\n"
+              "circle 96 -32 64 64 (0.08 0.08 0.15 1)\n"
+              "player -152 -24 48 48 (0.2 0.4 1 1)\n"
+              "player -24 -24 48 48 (0.2 0.4 1 1)\n"
+              "player -152 -16 48 48 (0.2 0.4 1 1)\n"
+              "player -152 -8 48 48 (0.2 0.4 1 1)\n"
+              "white -512 -416 1024 176 (0 0 0 0.75)\n"
+              "white -512 256 1024 160 (0 0 0 0.75)\n"
+              "player -416 304 32 32 (1 0 0 1)\n"
+              "\"B\" -64 40 (0 0 1 1)\n"
+              "\"x\" 64 -40\n"
+              "\"state machine!\" -405 384 (1 0 0 1)\n"
+              "\"all accepting\" -411.5 352 (1 0 0 1)\n"
+              "\"turn:\" -463.5 320 (1 0 0 1)\n");
+}
+
+TEST_F(board_test, SelectedStatesHaveHalosBelowHoveredOnesAbove) {
+    map_add_transition(0, 2, 0, 0, 0, {});
+    map_add_transition(0, 2, 2, 0, 0, {});
+    clicks("0");
+    clicks("2");
+    EXPECT_EQ(screen_lines(is_circle),
+              "circle -176 -48 96 96 (0.5 0 0 0.5)\n"
+              "circle -160 -32 64 64 (0.08 0.08 0.15 1)\n"
+              "circle -32 -32 64 64 (0.4 0.7 1 1)\n"
+              "circle 80 -48 96 96 (0 0 1 0.5)\n"
+              "circle 96 -32 64 64 (0.08 0.08 0.15 1)\n"
+              "circle 80 -48 96 96 (1 1 1 0.3)\n");
+    EXPECT_EQ(lines_with("(0.3 0 1 1)"), "");
+    frame();  // the transition is found at the start of the frame after
+    EXPECT_EQ(selection.selected_transition, 0);
+    EXPECT_EQ(lines_with("(0.3 0 1 1)"),
+              "white -128 -2 224 4 (0.3 0 1 1)\ntriangle 84 12 24 -24 (0.3 0 1 1)\n");
+}
+
+TEST_F(board_test, ClicksChooseSourceThenTarget) {
+    struct {
+        const char *clicks, *selected;
+    } const rows[] = {
+        {"0", "0-"},    {"01", "01"},     {"00", "00"},   {"000", "0-"}, {"011", "0-"},
+        {"012", "02"},  {"0121", "01"},   {"R", "--"},    {"0R", "--"},  {"01R", "0-"},
+        {"01RR", "--"}, {"01RRR2", "2-"}, {"0112", "02"},
+    };
+    for (const auto& row : rows) {
+        selection = {};
+        clicks(row.clicks);
+        EXPECT_EQ(selected_text(), row.selected) << row.clicks;
+    }
+}
+
+TEST_F(board_test, RightClicksUndoTargetSourceAndCardInThatOrder) {
+    selection = {0, 1, no_index, 3};
+    const char* const selected[] = {"0-", "--", "--"};
+    const i64 cards[] = {3, 3, no_card};
+    for (i64 i = 0; i < 3; ++i) {
+        clicks("R");
+        EXPECT_EQ(selected_text(), selected[i]);
+        EXPECT_EQ(selection.selected_card, cards[i]);
+    }
+}
+
+TEST_F(board_test, AnOpenTextEntryTakesTheClicks) {
+    screens.editor_open = true;
+    screens.text_entry_open = true;
+    selection.selected_state = 2;
+    clicks("1R");
+    EXPECT_EQ(selected_text(), "2-");
+    EXPECT_EQ(lines_with("(1 1 1 0.3)").find("circle 80"), std::string::npos);
+}
+
+TEST_F(board_test, TheHitBoxIncludesLeftAndBottom) {
+    struct {
+        f64 x, y;
+        bool hit;
+    } const rows[] = {
+        {-32, 0, true},  {-33, 0, false}, {31, 0, true},  {32, 0, false},   {0, -32, true},
+        {0, -33, false}, {0, 31, true},   {0, 32, false}, {-32, -32, true}, {31, 31, true},
+    };
+    for (const auto& row : rows) {
+        selection = {};
+        click(row.x, row.y);
+        EXPECT_EQ(selected_text(), row.hit ? "1-" : "--") << row.x << ' ' << row.y;
+    }
+}
+
+TEST_F(board_test, BandsTakeNoClicksForTheBoard) {
+    map_make(state_machine, "..", {});
+    game_map.origin_x = 0;
+    game_map.states[0] = {0, -240.0 / 128, 0};
+    game_map.states[1] = {0, 256.0 / 128, 0};
+    struct {
+        f64 y;
+        const char* selected;
+    } const rows[] = {{-239, "0-"}, {-240, "--"}, {-241, "--"}, {255, "1-"}, {256, "--"}};
+    for (const auto& row : rows) {
+        selection = {};
+        click(0, row.y);
+        EXPECT_EQ(selected_text(), row.selected) << row.y;
+    }
+    key(key_f11);  // the bands stay at the window's edges
+    selection = {};
+    click(0, 1080 / 2 - 160);
+    EXPECT_EQ(selected_text(), "--");
+    click(0, -256);
+    EXPECT_EQ(selected_text(), "0-");
+}
+
+TEST_F(board_test, IsSeenAndClickedThroughTheCamera) {
+    camera = {128, 50, 2, 256};
+    click(0, 0);
+    EXPECT_EQ(selected_text(), "--");
+    click(0, -100);
+    EXPECT_EQ(selected_text(), "2-");
+    EXPECT_TRUE(is_drawn("circle -64 -164 128 128 (0.08 0.08 0.15 1)")) << screen_text();
+}
+
+TEST_F(board_test, OverlappingStatesAreAllClicked) {
+    game_map.states[1].x = 0;
+    click(-128, 0);
+    EXPECT_EQ(selected_text(), "01");
+}
+
+TEST_F(board_test, OnlyTheFirstTransitionIsSelected) {
+    map_add_transition(2, 1, 0, 0, 0, {});
+    map_add_transition(0, 1, 0, 0, 0, {});
+    map_add_transition(0, 1, 0, 0, 0, {});
+    struct {
+        const char* clicks;
+        u16 transition;
+    } const rows[] = {{"01", 1}, {"10", no_index}, {"21", 0}, {"00", no_index}, {"0", no_index}};
+    for (const auto& row : rows) {
+        selection = {};
+        clicks(row.clicks);
+        frame();
+        EXPECT_EQ(selection.selected_transition, row.transition) << row.clicks;
+    }
+}
+
+TEST_F(board_test, NimbersAreSigned) {
+    u8 nimbers[] = {no_nimber, 2};
+    game_map.nimbers = nimbers;
+    game_map.nimber_count = 2;  // the third state has none
+    auto lowered = [](std::string_view line) { return line.ends_with(" -32"); };
+    key(key_n);
+    EXPECT_EQ(screen_lines(lowered), "");
+    headless_key_hold(key_shift);
+    for (i64 kind : {state_machine, pushdown_machine, turing_machine}) {
+        machine_kind = kind;
+        key(key_n);
+        EXPECT_EQ(screen_lines(lowered), "\"-1\" -128 -32\n\"2\" 0 -32\n");
+        key(key_n);
+        EXPECT_EQ(screen_lines(lowered), "");
+    }
+}
+
+TEST_F(board_test, AMovedStoneFliesAndLands) {
+    map_add_transition(0, 2, 0, 0, 0, {});
+    stones_set({1, 0, 0});
+    frame();
+    clicks("02");
+    frame();
+    EXPECT_EQ(stones[1], 0);
+    frame();
+    EXPECT_EQ(stones[1], 2);
+    // It starts where the next stone on its old state would have been drawn.
+    EXPECT_EQ(flight.moving_from[0], -0x1.e66666p+6f);
+    EXPECT_EQ(flight.moving_from[1], 0x1.f33334p+3f);
+    EXPECT_EQ(flight.moving_velocity[0], 384);
+    EXPECT_TRUE(is_drawn("player -145.6 -8.4 48 48 (0.2 0.4 1 1)")) << screen_text();
+    EXPECT_TRUE(is_drawn("player -152 -24 48 48 (0.2 0.4 1 1)"));
+    frames(2);
+    EXPECT_EQ(flight.moving_from[0], -0x1.8def9cp+6f);
+    frames(95);
+    EXPECT_EQ(flight.moving_stone, 1);
+    EXPECT_EQ(flight.moving_from[0], 0x1.ff1566p+6f);
+    frame();
+    EXPECT_EQ(flight.moving_stone, no_index);
+    EXPECT_EQ(flight.moving_from[0], 128);
+    EXPECT_EQ(flight.moving_from[1], 0);
+    EXPECT_TRUE(is_drawn("player 104 -24 48 48 (0.2 0.4 1 1)"));
+}
+
+TEST_F(board_test, AStoneInFlightStillRaisesTheOthers) {
+    stones_set({1, 1, 1});
+    flight = {1, {500, 300}, {0, 0}};
+    frame();
+    EXPECT_EQ(lines_with("(0.2 0.4 1 1)"),
+              "player -24 -24 48 48 (0.2 0.4 1 1)\n"
+              "player 463.5 268.5 48 48 (0.2 0.4 1 1)\n"
+              "player -24 -8 48 48 (0.2 0.4 1 1)\n");
+}
+
+TEST_F(board_test, MoreThan256StatesAreDrawnAndClicked) {
+    map_make(state_machine, std::string(300, '.'), {});
+    game_map.origin_x = -128.0 * 299;
+    stones_set({299, 43, 299});
+    click(0, 0);
+    EXPECT_EQ(selection.selected_state, 299);
+    EXPECT_EQ(lines_with("48 48 (0.2 0.4 1 1)").find("player -24 -24 48 48"), 0U);
+    EXPECT_TRUE(is_drawn("player -24 -16 48 48 (0.2 0.4 1 1)"));
+    EXPECT_TRUE(is_drawn("circle -48 -48 96 96 (0.5 0 0 0.5)"));
+}
+
+TEST_F(board_test, WhatNamesMissingStatesLeavesNoTrace) {
+    stones_set({0});
+    frame();
+    std::string whole = screen_text();
+    map_add_transition(0, 3, 0, 0, 0, "x");
+    map_add_transition(no_index, 0, 0, 0, 0, "x");
+    map_add_transition(7, 7, 0, 0, 0, "x");
+    stones_set({3, 0, no_index});
+    flight.moving_stone = 0;
+    selection = {7, 1, 2, no_card};
+    frame();
+    EXPECT_EQ(screen_text(), whole);
+    EXPECT_EQ(selected_text(), "--");
+    flight.moving_stone = 3;  // after a restart with fewer stones
+    selection = {1, 7, 2, no_card};
+    frame();
+    EXPECT_EQ(selected_text(), "1-");
+    EXPECT_EQ(flight.moving_stone, no_index);
+}
+
+// The index that means none is no stone's, however many there are.
+TEST_F(board_test, NoStoneFliesAmongVeryMany) {
+    stones_set(std::vector<u16>(no_index + 2, 1));
+    stones[no_index] = 2;
+    frame();
+    EXPECT_TRUE(is_drawn("player 104 -24 48 48 (0.2 0.4 1 1)"));
+}
+
+TEST_F(board_test, StatesAtOnePlaceShowTheRuleWithoutAnArrow) {
+    map_add_transition(0, 1, 0, 8, 0, "x");
+    game_map.states[1].x = 0;
+    frame();
+    EXPECT_EQ(lines_with("triangle"), "");
+    EXPECT_EQ(lines_with("\"x\""), "\"x\" -120 0\n");
+}
+
+}  // namespace

@@ -1,0 +1,382 @@
+#include "game/hand_panel.h"
+#include "rules/cards.h"
+#include "tests/shell/program.h"
+
+namespace {
+
+// One state, nothing to move.
+class panels_test : public program_test {
+  protected:
+    panels_test() { game_begin(pushdown_machine, "HH"); }
+
+    void game_begin(i64 kind, std::string_view kinds) {
+        begin_game(kinds);
+        map_make(kind, ".", {});
+        pile_set(deck.cards, "Aa1 Aa1");
+    }
+
+    void hand_set(i64 count) {
+        players[turn.current_player].hand.count = 0;
+        for (i64 i = 0; i < count; ++i) {
+            dyn_array_push(players[turn.current_player].hand, {1, 0, 0});
+        }
+    }
+};
+
+void mouse_hold(f64 x, f64 y) {
+    point_at(x, y);
+    headless_mouse_press(mouse_left);
+    frame();
+}
+
+// The cards of the hand and their highlights.
+std::string hand_lines() {
+    return screen_lines([](std::string_view line) {
+        return line.find(" -400 128 128 ") != line.npos || line.find(" -416 160 160 ") != line.npos;
+    });
+}
+
+std::string thumb_line() {
+    return lines_with(" -256 ");
+}
+
+// What the turn's state shows of cover, banner, counts and hand.
+std::string overlays_shown() {
+    std::string shown;
+    shown += lines_with("to continue").empty() ? "" : "cover ";
+    shown += lines_with("to restart").empty() ? "" : "banner ";
+    shown += lines_with(" card").empty() ? "" : "counts ";
+    shown += hand_lines().empty() ? "" : "hand ";
+    return shown;
+}
+
+TEST_F(panels_test, PilesOfAPushdownGame) {
+    pile_set(discard_pile.cards, "Aa2 Cb1");
+    const std::string back = "gradient1 -192 272 128 128\n";
+    const std::string top =
+        "white 64 272 128 128 (0 0.14 0 1)\ntriangle 64 272 128 128 (0 1 0 1)\n";
+    auto piles = [] { return lines_with(" 272 128 128"); };
+    frame();
+    EXPECT_EQ(piles(), back + top);
+    discard_pile.cards.count = 0;
+    frame();
+    EXPECT_EQ(piles(), back);
+    deck.cards.count = 0;
+    frame();
+    EXPECT_EQ(piles(), "");
+    pile_set(deck.cards, "Aa1");
+    machine_kind = state_machine;
+    frame();
+    EXPECT_EQ(piles(), "");
+}
+
+TEST_F(panels_test, TapeWithItsHead) {
+    machine_kind = turing_machine;
+    settings.tape_length = 2;  // centres the row, whatever the tape holds
+    pile_set(tape, "Aa1 Ba1 Aa1");
+    tape_head = 1;
+    frame();
+    auto white_squares = [](std::string_view line) {
+        return line.find("white") == 0 &&
+               (line.find(" 128 128 (") != line.npos || line.find(" 160 160 (") != line.npos);
+    };
+    EXPECT_EQ(screen_lines(white_squares),
+              "white -136 272 128 128 (0.14 0 0 1)\n"
+              "white -8 256 160 160 (1 0.3 0 0.5)\n"
+              "white 8 272 128 128 (0 0 0.14 1)\n"
+              "white 152 272 128 128 (0.14 0 0 1)\n");
+    tape_head = 3;
+    machine_kind = state_machine;
+    frame();
+    EXPECT_EQ(lines_with("(1 0.3 0 0.5)") + lines_with(" 272 128"), "");
+}
+
+TEST_F(panels_test, StatusLines) {
+    struct {
+        i64 kind;
+        u8 win_mode;
+        const char *family, *win;
+    } const rows[] = {
+        {state_machine, 0, "state machine!", "immediate"},
+        {pushdown_machine, 1, "pushdown machine!", "all accepting"},
+        {turing_machine, 2, "turing machine!", "any accepting"},
+        {turing_machine, 3, "turing machine!", ""},
+        {state_machine, 255, "state machine!", ""},
+    };
+    players[0].colour_index = 4;
+    const colour red = {1, 0, 0, 1};
+    for (const auto& row : rows) {
+        machine_kind = row.kind;
+        settings.win_mode = row.win_mode;
+        frame();
+        std::vector<drawn_text> texts = texts_drawn();
+        std::size_t turn_line = *row.win == '\0' ? 1 : 2;
+        EXPECT_TRUE(text_starts_at(row.family, 16, 784));
+        EXPECT_TRUE(turn_line == 1 || text_starts_at(row.win, 16, 752));
+        EXPECT_TRUE(text_starts_at("turn:", 16, 720));
+        texts.erase(texts.begin(), texts.end() - static_cast<i64>(turn_line + 1));
+        EXPECT_EQ(texts[0].tint, red);
+        EXPECT_EQ(texts[turn_line - 1].tint, red);
+        EXPECT_EQ(texts[turn_line].tint, colour_rgba(4));
+        EXPECT_TRUE(is_drawn("player -416 304 32 32 (0.3 0 1 1)"));
+    }
+}
+
+TEST_F(panels_test, TheTurnDecidesWhatCoversTheBoard) {
+    struct {
+        i64 kind;
+        const char* seats;
+        bool revealed;
+        u8 winner;
+        const char* shown;
+    } const rows[] = {
+        {pushdown_machine, "HH", false, no_winner, "cover counts "},
+        {pushdown_machine, "HH", true, no_winner, "hand "},
+        {pushdown_machine, "H0", false, no_winner, "counts "},
+        {pushdown_machine, "0HH", false, no_winner, "counts "},
+        {pushdown_machine, "HH", false, 1, "banner counts "},
+        {pushdown_machine, "H", true, 0, "banner hand "},
+        {turing_machine, "HH", false, no_winner, "cover "},
+        {turing_machine, "HH", true, no_winner, "hand "},
+        {state_machine, "HH", false, no_winner, "cover "},
+        {state_machine, "HH", true, no_winner, ""},
+    };
+    for (const auto& row : rows) {
+        machine_kind = row.kind;
+        seats_make(row.seats);
+        hand_set(1);
+        turn = {};
+        turn.turn_revealed = row.revealed;
+        turn.winner = row.winner;
+        turn.think_timer = 1;
+        frame();
+        EXPECT_EQ(overlays_shown(), row.shown) << row.kind << row.seats;
+    }
+}
+
+TEST_F(panels_test, CoverAndBannerCarryTheSeatsColour) {
+    struct {
+        const char *name, *tint;
+    } const rows[] = {{"Red", "1 0 0"},    {"Blue", "0 0 1"},     {"Green", "0 1 0"},
+                      {"Yellow", "1 1 0"}, {"Purple", "0.3 0 1"}, {"Orange", "1 0.3 0"}};
+    machine_kind = turing_machine;
+    players[1].own_goal = {4, 2, 3, {1, 0, 1}, {}};
+    const std::string box = "white -400 -300 800 600 (0 0 0 0.9)\n";
+    for (u8 i = 0; i < 6; ++i) {
+        std::string tint = std::string(" (") + rows[i].tint + " 1)\n";
+        std::string name = std::string("\"") + rows[i].name;
+        auto notice = [](auto line) {
+            return line.find("800 600") != line.npos || line.find("ress") != line.npos ||
+                   line.find("size 512") != line.npos;
+        };
+        turn = {};
+        players[0].colour_index = i;
+        frame();
+        EXPECT_EQ(screen_lines(notice), box + name + "'s turn\" 0 0 size 512" + tint +
+                                            "\"Press <space> to continue\" 0 -64" + tint);
+        turn.winner = 1;
+        players[1].colour_index = i;
+        frame();
+        EXPECT_EQ(screen_lines(notice), box + name + " wins!\" 0 0 size 512" + tint +
+                                            "\"Press <space> to restart or <esc> to quit\" 0 -200" +
+                                            tint);
+        EXPECT_TRUE(is_drawn("\"num B %at l%e%ast 3\" 0 -328")) << screen_text();
+    }
+}
+
+TEST_F(panels_test, HandsAreCentredOrScrolled) {
+    struct {
+        i64 cards;
+        const char *first, *last, *thumb;
+    } const rows[] = {
+        {0, "", "", ""},
+        {1, "white -64 ", "white -64 ", ""},
+        {5, "white -352 ", "white 224 ", ""},
+        {7, "white -496 ", "white 368 ", ""},
+        {8, "white -496 ", "white 512 ", "white -496 -256 866.25 16 (0.3 0 1 1)\n"},
+        {12, "white -496 ", "white 1088 ", "white -496 -256 574.8 16 (0.3 0 1 1)\n"},
+    };
+    for (const auto& row : rows) {
+        hand_set(row.cards);
+        hand_row.hand_scroll = -1;
+        frames(2);
+        std::string lines = hand_lines();
+        EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), row.cards);
+        EXPECT_EQ(lines.find(row.first), 0U) << lines;
+        EXPECT_NE(lines.rfind(row.last), std::string::npos) << lines;
+        EXPECT_EQ(thumb_line(), row.thumb);
+        EXPECT_EQ(hand_row.hand_scroll, 0);
+    }
+}
+
+TEST_F(panels_test, CardsAreSelectedByClicks) {
+    hand_set(3);  // from -208 in steps of 144
+    struct {
+        f64 x, y;
+        i64 selected;
+    } const rows[] = {
+        {-208, -400, 0}, {-208, -400, no_card}, {-81, -273, 0}, {-80, -300, 0},      {-64, -300, 1},
+        {-64, -401, 1},  {-64, -272, 1},        {80, -300, 2},  {80, -300, no_card},
+    };
+    for (const auto& row : rows) {
+        click(row.x, row.y);
+        EXPECT_EQ(selection.selected_card, row.selected) << row.x << ' ' << row.y;
+    }
+    click(-208, -400);
+    EXPECT_EQ(hand_lines(),
+              "white -224 -416 160 160 (1 0.3 0 0.5)\n"
+              "white -208 -400 128 128 (0 0 0.14 1)\n"
+              "white -224 -416 160 160 (1 1 1 0.3)\n"
+              "white -64 -400 128 128 (0 0 0.14 1)\n"
+              "white 80 -400 128 128 (0 0 0.14 1)\n");
+    selection = {};
+    machine_kind = turing_machine;
+    click(-208, -400);
+    EXPECT_EQ(selection.selected_card, no_card);
+    EXPECT_EQ(lines_with("160 160"), "");
+}
+
+TEST_F(panels_test, OneCardATurnComesFromTheDeck) {
+    const std::string highlight = "white -208 256 160 160 (1 1 1 0.3)";
+    struct {
+        f64 x, y;
+        i64 deck_cards;
+        bool drawn_before, hit;
+    } const rows[] = {
+        {-192, 272, 2, false, true}, {-65, 399, 1, false, true},   {-193, 272, 2, false, false},
+        {-64, 272, 2, false, false}, {-192, 400, 2, false, false}, {-192, 271, 2, false, false},
+        {-192, 272, 2, true, false}, {-192, 272, 0, false, false},
+    };
+    for (const auto& row : rows) {
+        hand_set(1);
+        discard_pile.cards.count = 0;
+        pile_set(deck.cards, row.deck_cards == 2 ? "Aa1 Bb2" : row.deck_cards == 1 ? "Bb2" : "");
+        turn.card_drawn = row.drawn_before;
+        click(row.x, row.y);
+        EXPECT_EQ(pile_text(players[0].hand), row.hit ? "Ba0 Bb2" : "Ba0") << row.x << ' ' << row.y;
+        EXPECT_EQ(is_drawn(highlight), row.hit);
+        EXPECT_EQ(turn.card_drawn, row.hit || row.drawn_before);
+    }
+}
+
+TEST_F(panels_test, TheTurnEndsByItsSignAfterADraw) {
+    players[0].colour_index = 3;
+    const std::string sign = "next_turn2 368 272 128 128 (1 1 0 1)";
+    const std::string highlight = "white 352 256 160 160 (1 1 1 0.3)";
+    struct {
+        f64 x, y;
+        bool drawn;
+        const char* deck;
+        bool ends;
+    } const rows[] = {
+        {368, 272, true, "Aa1", true},   {495, 399, true, "Aa1", true},
+        {367, 272, true, "Aa1", false},  {496, 272, true, "Aa1", false},
+        {368, 400, true, "Aa1", false},  {368, 272, true, "", false},
+        {368, 272, false, "Aa1", false},
+    };
+    for (const auto& row : rows) {
+        turn = {};
+        turn.turn_revealed = true;
+        turn.card_drawn = row.drawn;
+        pile_set(deck.cards, row.deck);
+        hand_set(1);
+        click(row.x, row.y);
+        EXPECT_EQ(is_drawn(sign), row.drawn);
+        EXPECT_EQ(is_drawn(highlight), row.ends) << row.x << ' ' << row.y;
+        EXPECT_EQ(turn.current_player, row.ends ? 1 : 0);
+        EXPECT_EQ(turn.card_drawn, row.drawn && !row.ends);
+    }
+}
+
+TEST_F(panels_test, TheRowIsDragged) {
+    hand_set(12);  // row 1712, track 992
+    point_at(-400, -250);
+    frame();
+    EXPECT_EQ(thumb_line(), "white -496 -256 574.8 16 (0.5 0.3 1 1)\n");
+    mouse_hold(-400, -250);
+    EXPECT_EQ(thumb_line(), "white -496 -256 574.8 16 (0.1 0 0.5 1)\n");
+    point_at(-300, 300);  // anywhere while the button is held
+    frame();
+    EXPECT_NEAR(hand_row.hand_scroll, 100.0 / 992, 1e-12);
+    EXPECT_EQ(thumb_line(), "white -396 -256 574.8 16 (0.1 0 0.5 1)\n");
+    frame();
+    EXPECT_EQ(hand_lines().find("white -668.58 "), 0U) << hand_lines();
+    point_at(500, 0);
+    frame();
+    EXPECT_NEAR(hand_row.hand_scroll, 1 - 992.0 / 1712, 1e-12);
+    point_at(-10, 0);
+    headless_mouse_release(mouse_left);
+    frame();
+    EXPECT_NEAR(hand_row.hand_scroll, 1 - 992.0 / 1712, 1e-12);
+    EXPECT_FALSE(hand_row.hand_scroll_dragging);
+}
+
+TEST_F(panels_test, AThumbIsTakenInsideItsBox) {
+    hand_set(12);
+    struct {
+        f64 x, y;
+        bool taken;
+    } const rows[] = {{-496, -256, true}, {-497, -250, false}, {78, -241, true},
+                      {79, -250, false},  {0, -240, false},    {0, -257, false}};
+    for (const auto& row : rows) {
+        hand_row = {};
+        mouse_hold(row.x, row.y);
+        EXPECT_EQ(hand_row.hand_scroll_dragging, row.taken) << row.x << ' ' << row.y;
+        headless_mouse_release(mouse_left);
+        frame();
+    }
+}
+
+TEST_F(panels_test, TheWheelScrollsOverTheBottomBand) {
+    hand_set(12);
+    struct {
+        f64 y, steps, scroll;
+    } const rows[] = {{-300, -1, 0.03125}, {-241, -2, 0.09375},           {-240, -1, 0.09375},
+                      {-300, 1, 0.0625},   {-300, -90, 1 - 992.0 / 1712}, {-300, 90, 0}};
+    for (const auto& row : rows) {
+        point_at(0, row.y);
+        headless_wheel(row.steps);
+        frame();
+        EXPECT_NEAR(hand_row.hand_scroll, row.scroll, 1e-12) << row.y << ' ' << row.steps;
+    }
+}
+
+TEST_F(panels_test, CardCountsStandInColumnsOfFour) {
+    struct {
+        const char *seats, *counts;
+    } const rows[] = {
+        {"0H", "\"0 cards!\" 0 -264 (1 0 0 1)\n\"1 card!\" 0 -296 (0 0 1 1)\n"},
+        {"0HHH",
+         "\"0 cards!\" 0 -264 (1 0 0 1)\n\"1 card!\" 0 -296 (0 0 1 1)\n"
+         "\"2 cards\" 0 -328 (0 1 0 1)\n\"3 cards\" 0 -360 (1 1 0 1)\n"},
+        {"0HHHHH",
+         "\"0 cards!\" -128 -264 (1 0 0 1)\n\"1 card!\" -128 -296 (0 0 1 1)\n"
+         "\"2 cards\" -128 -328 (0 1 0 1)\n\"3 cards\" -128 -360 (1 1 0 1)\n"
+         "\"4 cards\" 128 -264 (0.3 0 1 1)\n\"5 cards\" 128 -296 (1 0.3 0 1)\n"},
+    };
+    for (const auto& row : rows) {
+        seats_make(row.seats);
+        turn = {};
+        turn.think_timer = 1;
+        for (i64 i = 0; i < players.count; ++i) {
+            turn.current_player = static_cast<i8>(i);
+            players[i].colour_index = static_cast<u8>(i);
+            hand_set(i);
+        }
+        turn.current_player = 0;
+        frame();
+        EXPECT_EQ(lines_with(" card"), row.counts);
+    }
+}
+
+TEST_F(panels_test, ATuringSeatSeesItsGoal) {
+    players[0].own_goal = {7, 0, -2, {0, 0, 1}, {1, 0, 1}};
+    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
+        machine_kind = kind;
+        frame();
+        EXPECT_EQ(lines_with("num"),
+                  kind == turing_machine ? "\"num A or B %ex%a%ctly -2\" 0 -328\n" : "");
+    }
+}
+
+}  // namespace
