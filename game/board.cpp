@@ -94,13 +94,18 @@ void state_frame(i64 state, const pointer& mouse) {
     nimber_draw(state, centre);
 }
 
+bool stone_is_flying(i64 stone) {
+    return stone == flight.moving_stone && stone != no_index;
+}
+
 // Moves the flying stone one step; it lands when it is slow.
 void flight_advance() {
-    if (flight.moving_stone >= stones.count || !state_exists(stones[flight.moving_stone])) {
+    i64 stone = flight.moving_stone;
+    if (stone == no_index || stone >= stones.count || !state_exists(stones[stone])) {
         flight.moving_stone = no_index;
         return;
     }
-    world_point centre = state_centre(stones[flight.moving_stone]);
+    world_point centre = state_centre(stones[stone]);
     const f32 target[2] = {static_cast<f32>(centre.x), static_cast<f32>(centre.y)};
     constexpr f32 dt = static_cast<f32>(frame_dt);
     f32 speed_squared = 0;
@@ -118,7 +123,7 @@ void flight_advance() {
 }
 
 world_point stone_centre(i64 stone) {
-    if (stone == flight.moving_stone) {
+    if (stone_is_flying(stone)) {
         return {flight.moving_from[0], flight.moving_from[1]};
     }
     u16 state = stones[stone];
