@@ -14,9 +14,7 @@ namespace {
 struct candidate {
     i64 card_index;  // in the hand; `no_card` when no card is involved
     u16 stone;
-    u16 from;
-    u16 target;
-    str rule;
+    const transition* arc;
 };
 
 // The first stone on every state and how many stand there.
@@ -114,26 +112,74 @@ void state_machine_act(const stone_table& table) {
 
 // Pushdown machines.
 
-// Calls visit(move) for every playable pair of a transition and a card of the hand.
-template <typename visitor>
-void playable_visit(const stone_table& table, visitor visit) {
+// The cards of the current hand, sorted by value.
+struct hand_table {
+    i64 counts[card_value_count] = {};
+    i64 first[card_value_count] = {};  // index in the hand of the first card of each value held
+    card_set values;
+};
+
+hand_table hand_sort() {
     const dyn_array<card>& hand = current_seat().hand;
-    movable_visit(table, [&](const transition& arc, u16 stone) {
-        card_set matching = rule_matching_cards(arc.rule);
-        for (i64 j = 0; j < hand.count; ++j) {
-            if (card_set_has(matching, card_value(hand[j]))) {
-                visit(candidate{j, stone, arc.from, arc.to, arc.rule});
-            }
-        }
-    });
+    hand_table table;
+    for (i64 j = hand.count - 1; j >= 0; --j) {
+        i64 value = card_value(hand[j]);
+        table.counts[value] += 1;
+        table.first[value] = j;
+        card_set_add(table.values, value);
+    }
+    return table;
 }
 
-candidate playable_pick(const stone_table& table, i64 index) {
-    candidate picked = {};
-    playable_visit(table, [&](const candidate& move) {
-        if (index-- == 0) {
-            picked = move;
+// Calls visit(value) for every card value in the set, in increasing order.
+template <typename visitor>
+void values_visit(const card_set& set, visitor visit) {
+    for (i64 word = 0; word < 4; ++word) {
+        for (u64 bits = set.words[word]; bits != 0; bits &= bits - 1) {
+            visit(word * 64 + std::countr_zero(bits));
         }
+    }
+}
+
+// How many cards of the hand have one of the values.
+i64 hand_count(const hand_table& hand, const card_set& values) {
+    i64 count = 0;
+    values_visit(hand.values & values, [&](i64 value) { count += hand.counts[value]; });
+    return count;
+}
+
+// The index of the card that is the `nth`, from 0, in the current hand to have one of the values.
+i64 hand_nth(const card_set& values, i64 nth) {
+    const dyn_array<card>& hand = current_seat().hand;
+    i64 index = 0;
+    while (!card_set_has(values, card_value(hand[index])) || nth-- > 0) {
+        index += 1;
+    }
+    return index;
+}
+
+i64 playable_count(const stone_table& table, const hand_table& hand) {
+    i64 count = 0;
+    movable_visit(table, [&](const transition& arc, u16) {
+        count += hand_count(hand, rule_matching_cards(arc.rule));
+    });
+    return count;
+}
+
+// The pair at `index` among the playable pairs of a transition and a card, in the transitions'
+// order and for each of them in the hand's.
+candidate playable_pick(const stone_table& table, const hand_table& hand, i64 index) {
+    candidate picked = {};
+    movable_visit(table, [&](const transition& arc, u16 stone) {
+        if (index < 0) {
+            return;
+        }
+        card_set matching = rule_matching_cards(arc.rule);
+        i64 pairs = hand_count(hand, matching);
+        if (index < pairs) {
+            picked = {hand_nth(matching, index), stone, &arc};
+        }
+        index -= pairs;
     });
     return picked;
 }
@@ -151,38 +197,12 @@ card_set deck_values() {
     return values;
 }
 
-// The cards of the current hand, counted by value.
-struct hand_table {
-    i64 counts[card_value_count] = {};
-    card_set values;
-};
-
-hand_table hand_sort() {
-    hand_table table;
-    for (card c : current_seat().hand) {
-        table.counts[card_value(c)] += 1;
-        card_set_add(table.values, card_value(c));
-    }
-    return table;
-}
-
 // What the position is like with a certain card on top of the discard pile.
 struct top_outlook {
     i64* own;     // per state: ways to play one of the other hand cards from it
     i64* others;  // per state: ways to play any card of the deck's kind from it
     i64 own_sum;  // of `own` over the states that hold a stone before the move
 };
-
-i64 hand_matches(const hand_table& hand, const card_set& matching) {
-    card_set both = hand.values & matching;
-    i64 count = 0;
-    for (i64 word = 0; word < 4; ++word) {
-        for (u64 bits = both.words[word]; bits != 0; bits &= bits - 1) {
-            count += hand.counts[word * 64 + std::countr_zero(bits)];
-        }
-    }
-    return count;
-}
 
 void outlook_compute(top_outlook& outlook, const stone_table& table, const hand_table& hand,
                      const card_set& deck_kind, card top) {
@@ -195,7 +215,7 @@ void outlook_compute(top_outlook& outlook, const stone_table& table, const hand_
         if (transition_exists(arc)) {
             card_set matching = rule_matching_cards(arc.rule);
             i64 played = card_set_has(matching, card_value(top)) ? 1 : 0;
-            outlook.own[arc.from] += hand_matches(hand, matching) - played;
+            outlook.own[arc.from] += hand_count(hand, matching) - played;
             outlook.others[arc.from] += card_set_count(matching & deck_kind);
         }
     }
@@ -206,47 +226,49 @@ void outlook_compute(top_outlook& outlook, const stone_table& table, const hand_
     }
 }
 
-i64 move_score(const top_outlook& outlook, const stone_table& table, const candidate& move) {
+i64 move_score(const top_outlook& outlook, const stone_table& table, const transition& arc) {
     i64 follow = outlook.own_sum;
-    if (move.from != move.target) {
-        follow -= table.count[move.from] == 1 ? outlook.own[move.from] : 0;
-        follow += table.count[move.target] == 0 ? outlook.own[move.target] : 0;
+    if (arc.from != arc.to) {
+        follow -= table.count[arc.from] == 1 ? outlook.own[arc.from] : 0;
+        follow += table.count[arc.to] == 0 ? outlook.own[arc.to] : 0;
     }
-    return 16 * follow - outlook.others[move.target];
+    return 16 * follow - outlook.others[arc.to];
 }
 
-// The index, among the playable pairs, of the first one with the highest score. Pairs with equal
-// cards share one outlook, so the rules are evaluated once per card value of the hand.
-i64 best_playable(const stone_table& table) {
-    hand_table hand = hand_sort();
+// Whether `move` stands before `other` among the playable pairs.
+bool is_earlier(const candidate& move, const candidate& other) {
+    return move.arc != other.arc ? move.arc < other.arc : move.card_index < other.card_index;
+}
+
+// The first playable pair with the highest score. Pairs with equal cards share one outlook, so the
+// rules are evaluated twice for every card value of the hand.
+candidate playable_best(const stone_table& table, const hand_table& hand) {
     card_set deck_kind = deck_values();
     top_outlook outlook = {per_state<i64>(0), per_state<i64>(0), 0};
-    i64 best_index = -1;
+    candidate best = {};
     i64 best_score = 0;
-    for (i64 value = 0; value < card_value_count; ++value) {
-        if (!card_set_has(hand.values, value)) {
-            continue;
-        }
+    values_visit(hand.values, [&](i64 value) {
+        i64 card_index = hand.first[value];
+        card played = current_seat().hand[card_index];
         bool ready = false;
-        i64 index = 0;
-        playable_visit(table, [&](const candidate& move) {
-            card played = current_seat().hand[move.card_index];
-            if (card_value(played) == value) {
-                if (!ready) {
-                    outlook_compute(outlook, table, hand, deck_kind, played);
-                    ready = true;
-                }
-                i64 score = move_score(outlook, table, move);
-                bool earlier = score == best_score && index < best_index;
-                if (best_index < 0 || score > best_score || earlier) {
-                    best_index = index;
-                    best_score = score;
-                }
+        movable_visit(table, [&](const transition& arc, u16 stone) {
+            if (!rule_matches(arc.rule, played)) {
+                return;
             }
-            index += 1;
+            if (!ready) {
+                outlook_compute(outlook, table, hand, deck_kind, played);
+                ready = true;
+            }
+            candidate move = {card_index, stone, &arc};
+            i64 score = move_score(outlook, table, arc);
+            bool ties = score == best_score && is_earlier(move, best);
+            if (best.arc == nullptr || score > best_score || ties) {
+                best = move;
+                best_score = score;
+            }
         });
-    }
-    return best_index;
+    });
+    return best;
 }
 
 void draw_or_end() {
@@ -259,16 +281,16 @@ void draw_or_end() {
 }
 
 void pushdown_machine_act(const stone_table& table) {
-    i64 count = 0;
-    playable_visit(table, [&](const candidate&) { count += 1; });
+    hand_table hand = hand_sort();
+    i64 count = playable_count(table, hand);
     u64 strength = current_seat().strength;
     if (count == 0 || (strength == strength_easy && random_below(100) < 20)) {
         draw_or_end();
         return;
     }
-    i64 chosen = strength == strength_hard ? best_playable(table) : random_index(count);
-    candidate move = playable_pick(table, chosen);
-    stone_move(move.stone, move.target);
+    candidate move = strength == strength_hard ? playable_best(table, hand)
+                                               : playable_pick(table, hand, random_index(count));
+    stone_move(move.stone, move.arc->to);
     hand_play(move.card_index);
 }
 
@@ -285,15 +307,15 @@ void turing_machine_act(const stone_table& table) {
     candidate move = {};
     movable_visit(table, [&](const transition& arc, u16 stone) {
         if (chosen-- == 0) {
-            move = {no_card, stone, arc.from, arc.to, arc.rule};
+            move = {no_card, stone, &arc};
         }
     });
-    if (move.rule.length == 0) {
+    if (move.arc->rule.length == 0) {
         turn_pass();
         return;
     }
-    stone_move(move.stone, move.target);
-    tape_apply(move.rule);
+    stone_move(move.stone, move.arc->to);
+    tape_apply(move.arc->rule);
 }
 
 }  // namespace
