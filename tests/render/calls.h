@@ -4,15 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <string>
 
-#include "platform/headless/headless.h"
-
-struct expected_call {
-    gpu_op op;
-    std::vector<i64> numbers = {};
-    std::vector<f32> reals = {};  // none: not compared
-};
-
-// Whether the calls recorded last are exactly these.
-testing::AssertionResult last_calls_are(const std::vector<expected_call>& expected);
+// Whether the calls recorded last are these, written as "texture_unit 0; texture_bind 1 7": the
+// operation, its whole numbers, its reals (those of matrices left out) and a uniform's name.
+testing::AssertionResult last_calls_are(const std::string& expected);

@@ -20,10 +20,8 @@ TEST_F(camera_test, keys_move_by_speed_over_zoom) {
     const struct {
         u32 key;
         f64 x, y, zoom;
-    } rows[] = {
-        {key_a, -128, 0, 2}, {key_d, 128, 0, 2}, {key_w, 0, 128, 2}, {key_s, 0, -128, 2},
-        {key_q, 0, 0, 1.5},  {key_e, 0, 0, 2.5}, {key_r, 0, 0, 1},   {key_delete, 0, 0, 2},
-    };
+    } rows[] = {{key_a, -128, 0, 2}, {key_d, 128, 0, 2}, {key_w, 0, 128, 2}, {key_s, 0, -128, 2},
+                {key_q, 0, 0, 1.5},  {key_e, 0, 0, 2.5}, {key_r, 0, 0, 1},   {key_delete, 0, 0, 2}};
     for (const auto& row : rows) {
         camera = {};
         camera.zoom = 2;

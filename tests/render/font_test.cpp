@@ -47,17 +47,15 @@ TEST_F(font_test, files_not_understood_leave_the_font_as_it_was) {
     const struct {
         const char* content;
         const char* said;
-    } rows[] = {
-        {"g 65 0 0 1 1 1 1 1\n\ng 66 0 0 1 1 1 1 1\n", ""},
-        {"\n", ""},
-        {"g", ""},
-        {"g 65 0 0 1 1 1 1 1\ng", ""},
-        {"g65 0 0 1 1 1 1 1\n", ""},
-        {"x 1\n", "unknown x\n"},
-        {"g 65 0 0 1 1 1 1 1\nG 1", "unknown G\n"},
-        {"i none.png\n", "failed to load font image: resources/none.png\n"},
-        {"i picture.png\n\n", "failed to load picture: resources/picture.png\n"},
-    };
+    } rows[] = {{"g 65 0 0 1 1 1 1 1\n\ng 66 0 0 1 1 1 1 1\n", ""},
+                {"\n", ""},
+                {"g", ""},
+                {"g 65 0 0 1 1 1 1 1\ng", ""},
+                {"g65 0 0 1 1 1 1 1\n", ""},
+                {"x 1\n", "unknown x\n"},
+                {"g 65 0 0 1 1 1 1 1\nG 1", "unknown G\n"},
+                {"i none.png\n", "failed to load font image: resources/none.png\n"},
+                {"i picture.png\n\n", "failed to load picture: resources/picture.png\n"}};
     for (const auto& row : rows) {
         font.line_height = 77;
         EXPECT_EQ(load(row.content), row.said) << row.content;

@@ -18,15 +18,13 @@ TEST(matrix, maps_points) {
         mat4 matrix;
         f32 x, y;
         f32 to_x, to_y;
-    } rows[] = {
-        {mat4_translation(3, 4) * mat4_scale(2, 5), 1, 1, 5, 9},
-        {mat4_scale(2, 5) * mat4_translation(3, 4), 1, 1, 8, 25},
-        {mat4_rotation(half_pi), 1, 0, 0, 1},
-        {mat4_rotation(half_pi), 0, 1, -1, 0},
-        {mat4_direction(0.6f, 0.8f), 5, 0, 3, 4},
-        {mat4_translation(-1, -1) * mat4_scale(2, 2), 0, 0, -1, -1},
-        {mat4_translation(-1, -1) * mat4_scale(2, 2), 1, 1, 1, 1},
-    };
+    } rows[] = {{mat4_translation(3, 4) * mat4_scale(2, 5), 1, 1, 5, 9},
+                {mat4_scale(2, 5) * mat4_translation(3, 4), 1, 1, 8, 25},
+                {mat4_rotation(half_pi), 1, 0, 0, 1},
+                {mat4_rotation(half_pi), 0, 1, -1, 0},
+                {mat4_direction(0.6f, 0.8f), 5, 0, 3, 4},
+                {mat4_translation(-1, -1) * mat4_scale(2, 2), 0, 0, -1, -1},
+                {mat4_translation(-1, -1) * mat4_scale(2, 2), 1, 1, 1, 1}};
     for (const auto& row : rows) {
         const f32* m = row.matrix.at;
         EXPECT_NEAR(m[0] * row.x + m[4] * row.y + m[12], row.to_x, 1e-6f);

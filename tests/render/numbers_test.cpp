@@ -29,32 +29,16 @@ TEST_F(numbers_test, reals) {
     const struct {
         f64 value;
         const char* text;
+        // clang-format off
     } rows[] = {
-        {2.5, "2.5"},
-        {7, "7"},
-        {3.14159, "3.1416"},
-        {0.00004, "0"},
-        {0.00005, "0.0001"},
-        {0.1, "0.1"},
-        {0.3, "0.3"},
-        {0.7, "0.7"},
-        {100, "100"},
-        {1234.5678, "1234.5678"},
-        {12.0304, "12.0304"},
-        {9.99996, "10"},
-        {99999.99999, "100000"},
-        {0.99996, "1"},
-        {0.99995, "0.9999"},
-        {1.09996, "1.1"},
-        {-1.5, "-1.5"},
-        {-0.0, "0"},
-        {-0.00001, "-0"},
-        {9007199254740992, "9007199254740992"},
-        {infinity, "infinity"},
-        {-infinity, "-infinity"},
-        {std::nan(""), "nan"},
-        {-std::nan(""), "nan"},
+        {2.5, "2.5"}, {7, "7"}, {3.14159, "3.1416"}, {0.00004, "0"}, {0.00005, "0.0001"},
+        {0.1, "0.1"}, {0.3, "0.3"}, {0.7, "0.7"}, {100, "100"}, {1234.5678, "1234.5678"},
+        {12.0304, "12.0304"}, {9.99996, "10"}, {99999.99999, "100000"}, {0.99996, "1"},
+        {0.99995, "0.9999"}, {1.09996, "1.1"}, {-1.5, "-1.5"}, {-0.0, "0"}, {-0.00001, "-0"},
+        {9007199254740992, "9007199254740992"}, {infinity, "infinity"},
+        {-infinity, "-infinity"}, {std::nan(""), "nan"}, {-std::nan(""), "nan"},
     };
+    // clang-format on
     for (const auto& row : rows) {
         EXPECT_EQ(real_text(row.value), row.text);
     }
@@ -81,19 +65,11 @@ TEST_F(numbers_test, digits_stay_in_their_record_at_every_size) {
 }
 
 TEST_F(numbers_test, integers) {
-    const struct {
-        i64 value;
-        const char* text;
-    } rows[] = {
-        {0, "0"},
-        {-42, "-42"},
-        {1000, "1000"},
-        {std::numeric_limits<i64>::max(), "9223372036854775807"},
-        {int_min, "-9223372036854775808"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(int_text(row.value), row.text);
-    }
+    EXPECT_EQ(int_text(0), "0");
+    EXPECT_EQ(int_text(-42), "-42");
+    EXPECT_EQ(int_text(1000), "1000");
+    EXPECT_EQ(int_text(std::numeric_limits<i64>::max()), "9223372036854775807");
+    EXPECT_EQ(int_text(int_min), "-9223372036854775808");
 }
 
 TEST_F(numbers_test, a_text_buffer_keeps_its_size) {

@@ -25,17 +25,10 @@ void expect_corners(const gpu_draw& draw, const point (&corners)[corner_count]) 
 
 TEST_F(sprites_test, a_sprite_fills_its_rectangle) {
     sprite_draw(texture_set.textures[texture_eye], 0, 0, 10, 20, some_tint, true);
-    const std::vector<f32> tint = {0.1f, 0.2f, 0.3f, 0.4f};
-    const i64 eye = texture_set.textures[texture_eye];
-    EXPECT_TRUE(last_calls_are({
-        {gpu_op::texture_unit, {0}},
-        {gpu_op::texture_bind, {1, eye}},
-        {gpu_op::shader_uniform_matrix4fa, {simple_shader.mvp, 1, 0}},
-        {gpu_op::shader_uniform1i, {simple_shader.diffuse, 0}},
-        {gpu_op::shader_uniform4f, {simple_shader.color}, tint},
-        {gpu_op::shader_uniform4f, {simple_shader.uv_rect}, {0, 0, 1, 1}},
-        {gpu_op::draw_elements, {4, 0, 0, 6, 0, 1}},
-    }));
+    EXPECT_TRUE(
+        last_calls_are("texture_unit 0; texture_bind 1 8; shader_uniform_matrix4fa 0 1 0; "
+                       "shader_uniform1i 4 0; shader_uniform4f 3 0.1 0.2 0.3 0.4; "
+                       "shader_uniform4f 1 0 0 1 1; draw_elements 4 0 0 6 0 1"));
     EXPECT_TRUE(picture_is_at(texture_eye, {0, 0, 10, 20}));
     camera.zoom = 0.5;
     camera_matrices_build(1024, 832);
@@ -54,36 +47,26 @@ TEST_F(sprites_test, a_turned_sprite_keeps_its_pivot_in_place) {
 // The head's corners are those of its picture, whose tip points up.
 TEST_F(sprites_test, arrows) {
     const struct {
-        point from, to;
+        point to;  // from (100, 100)
         f64 offset;
         point shaft[corner_count];
         point head[corner_count];
+        // clang-format off
     } rows[] = {
-        {{100, 100},
-         {200, 100},
-         0,
-         {{100, 98}, {168, 98}, {100, 102}, {168, 102}},
-         {{156, 112}, {156, 88}, {180, 112}, {180, 88}}},
-        {{100, 100},
-         {200, 100},
-         16,
-         {{100, 114}, {168, 114}, {100, 118}, {168, 118}},
-         {{156, 128}, {156, 104}, {180, 128}, {180, 104}}},
-        {{100, 100},
-         {100, 200},
-         16,
-         {{86, 100}, {86, 168}, {82, 100}, {82, 168}},
-         {{72, 156}, {96, 156}, {72, 180}, {96, 180}}},
+        {{200, 100}, 0, {{100, 98}, {168, 98}, {100, 102}, {168, 102}},
+                        {{156, 112}, {156, 88}, {180, 112}, {180, 88}}},
+        {{200, 100}, 16, {{100, 114}, {168, 114}, {100, 118}, {168, 118}},
+                         {{156, 128}, {156, 104}, {180, 128}, {180, 104}}},
+        {{100, 200}, 16, {{86, 100}, {86, 168}, {82, 100}, {82, 168}},
+                         {{72, 156}, {96, 156}, {72, 180}, {96, 180}}},
         // Nearer than eight widths: a shaft of negative length.
-        {{100, 100},
-         {120, 100},
-         0,
-         {{100, 98}, {88, 98}, {100, 102}, {88, 102}},
-         {{76, 112}, {76, 88}, {100, 112}, {100, 88}}},
+        {{120, 100}, 0, {{100, 98}, {88, 98}, {100, 102}, {88, 102}},
+                        {{76, 112}, {76, 88}, {100, 112}, {100, 88}}},
     };
+    // clang-format on
     for (const auto& row : rows) {
         headless_forget_calls();
-        arrow_draw(row.from.x, row.from.y, row.to.x, row.to.y, 4, row.offset, some_tint, true);
+        arrow_draw(100, 100, row.to.x, row.to.y, 4, row.offset, some_tint, true);
         std::vector<gpu_draw> draws = headless_draws();
         ASSERT_EQ(draws.size(), 2U);
         EXPECT_EQ(draws[0].texture, texture_set.textures[texture_white]);
@@ -91,20 +74,12 @@ TEST_F(sprites_test, arrows) {
         expect_corners(draws[0], row.shaft);
         expect_corners(draws[1], row.head);
     }
-    const i64 white = texture_set.textures[texture_white];
-    const i64 triangle = texture_set.textures[texture_triangle];
-    EXPECT_TRUE(last_calls_are({
-        {gpu_op::shader_uniform1i, {simple_shader.diffuse, 0}},
-        {gpu_op::shader_uniform4f, {simple_shader.color}, {0.1f, 0.2f, 0.3f, 0.4f}},
-        {gpu_op::shader_uniform4f, {simple_shader.uv_rect}, {0, 0, 1, 1}},
-        {gpu_op::texture_unit, {0}},
-        {gpu_op::texture_bind, {1, white}},
-        {gpu_op::shader_uniform_matrix4fa, {simple_shader.mvp, 1, 0}},
-        {gpu_op::draw_elements, {4, 0, 0, 6, 0, 1}},
-        {gpu_op::shader_uniform_matrix4fa, {simple_shader.mvp, 1, 0}},
-        {gpu_op::texture_bind, {1, triangle}},
-        {gpu_op::draw_elements, {4, 0, 0, 6, 0, 1}},
-    }));
+    EXPECT_TRUE(
+        last_calls_are("shader_uniform1i 4 0; shader_uniform4f 3 0.1 0.2 0.3 0.4; "
+                       "shader_uniform4f 1 0 0 1 1; texture_unit 0; texture_bind 1 7; "
+                       "shader_uniform_matrix4fa 0 1 0; draw_elements 4 0 0 6 0 1; "
+                       "shader_uniform_matrix4fa 0 1 0; texture_bind 1 2; "
+                       "draw_elements 4 0 0 6 0 1"));
 }
 
 // Around (300, 200), 64 by 32: from 268 to 332 and from 184 to 216.
@@ -112,10 +87,8 @@ TEST_F(sprites_test, a_button_reports_the_click_once) {
     const struct {
         f64 x, y;  // y upwards
         bool over;
-    } rows[] = {
-        {300, 200, true},    {268, 184, true},  {331.9, 215.9, true}, {267.9, 200, false},
-        {300, 183.9, false}, {332, 200, false}, {300, 216, false},
-    };
+    } rows[] = {{300, 200, true},    {268, 184, true},  {331.9, 215.9, true}, {267.9, 200, false},
+                {300, 183.9, false}, {332, 200, false}, {300, 216, false}};
     for (const auto& row : rows) {
         const bool clicked[] = {false, row.over, false, false};
         headless_mouse_move(row.x, 832 - row.y);
@@ -150,17 +123,15 @@ TEST_F(sprites_test, cards_have_as_many_pips_as_their_number) {
         u8 number;
         std::size_t pips;
         box first, last;
-    } rows[] = {
-        {0, 0, {}, {}},
-        {200, 0, {}, {}},  // negative as a signed byte
-        {1, 1, {100, 200, 80, 80}, {100, 200, 80, 80}},
-        {2, 2, {124, 204, 32, 32}, {124, 244, 32, 32}},
-        {3, 3, {104, 204, 32, 32}, {124, 244, 32, 32}},
-        {4, 4, {104, 204, 32, 32}, {144, 244, 32, 32}},
-        {5, 5, {106.8, 206.8, 26.4, 26.4}, {126.8, 226.8, 26.4, 26.4}},
-        {6, 6, {110, 210, 20, 20}, {150, 230, 20, 20}},
-        {7, 6, {110, 210, 20, 20}, {150, 230, 20, 20}},
-    };
+    } rows[] = {{0, 0, {}, {}},
+                {200, 0, {}, {}},  // negative as a signed byte
+                {1, 1, {100, 200, 80, 80}, {100, 200, 80, 80}},
+                {2, 2, {124, 204, 32, 32}, {124, 244, 32, 32}},
+                {3, 3, {104, 204, 32, 32}, {124, 244, 32, 32}},
+                {4, 4, {104, 204, 32, 32}, {144, 244, 32, 32}},
+                {5, 5, {106.8, 206.8, 26.4, 26.4}, {126.8, 226.8, 26.4, 26.4}},
+                {6, 6, {110, 210, 20, 20}, {150, 230, 20, 20}},
+                {7, 6, {110, 210, 20, 20}, {150, 230, 20, 20}}};
     for (const auto& row : rows) {
         SCOPED_TRACE(int{row.number});
         headless_forget_calls();
@@ -179,19 +150,12 @@ TEST_F(sprites_test, cards_have_as_many_pips_as_their_number) {
 
 TEST_F(sprites_test, a_card_of_no_known_kind_is_black_without_a_picture) {
     card_draw({6, 6, 1}, 0, 0, 64);
-    EXPECT_TRUE(last_calls_are({
-        {gpu_op::texture_unit, {0}},
-        {gpu_op::shader_uniform_matrix4fa, {simple_shader.mvp, 1, 0}},
-        {gpu_op::shader_uniform1i, {simple_shader.diffuse, 0}},
-        {gpu_op::texture_bind, {1, texture_set.textures[texture_white]}},
-        {gpu_op::shader_uniform4f, {simple_shader.color}, {0, 0, 0, 1}},
-        {gpu_op::shader_uniform4f, {simple_shader.uv_rect}, {0, 0, 1, 1}},
-        {gpu_op::draw_elements, {4, 0, 0, 6, 0, 1}},
-        {gpu_op::texture_bind, {1, 0}},
-        {gpu_op::shader_uniform4f, {simple_shader.color}, {0, 0, 0, 1}},
-        {gpu_op::shader_uniform_matrix4fa, {simple_shader.mvp, 1, 0}},
-        {gpu_op::draw_elements, {4, 0, 0, 6, 0, 1}},
-    }));
+    EXPECT_TRUE(
+        last_calls_are("texture_unit 0; shader_uniform_matrix4fa 0 1 0; shader_uniform1i 4 0; "
+                       "texture_bind 1 7; "
+                       "shader_uniform4f 3 0 0 0 1; shader_uniform4f 1 0 0 1 1; "
+                       "draw_elements 4 0 0 6 0 1; texture_bind 1 0; shader_uniform4f 3 0 0 0 1; "
+                       "shader_uniform_matrix4fa 0 1 0; draw_elements 4 0 0 6 0 1"));
 }
 
 }  // namespace

@@ -58,8 +58,7 @@ TEST_F(text_test, characters_follow_the_pen) {
         {"%AA", true, true, {{477.5, 384, 13, 32}, {490.5, 384, 32, 32}}},
         {"%%A", true, true, {{493.5, 384, 13, 32}}},
         {"% A", true, true, {{490.5, 384, 32, 32}}},
-        {"%", true, true, {}},
-    };
+        {"%", true, true, {}}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
         expect_places(places(row.text, row.icons, row.centred), row.places);
@@ -72,22 +71,20 @@ TEST_F(text_test, icons_show_pictures_and_only_dots_have_their_own_colour) {
         char letter;
         texture_slot slot;
         colour shown;
-    } rows[] = {
-        {'A', texture_circle, {1, 0, 0, 1}},
-        {'B', texture_circle, {0, 0, 1, 1}},
-        {'C', texture_circle, {0, 1, 0, 1}},
-        {'D', texture_circle, {1, 1, 0, 1}},
-        {'E', texture_circle, {0.3f, 0, 1, 1}},
-        {'F', texture_circle, {1, 0.3f, 0, 1}},
-        {'a', texture_circle, tint},
-        {'b', texture_triangle, tint},
-        {'c', texture_square, tint},
-        {'d', texture_pentagon, tint},
-        {'e', texture_hexagon, tint},
-        {'f', texture_star, tint},
-        {'T', texture_eye, tint},
-        {'~', texture_similarity, tint},
-    };
+    } rows[] = {{'A', texture_circle, {1, 0, 0, 1}},
+                {'B', texture_circle, {0, 0, 1, 1}},
+                {'C', texture_circle, {0, 1, 0, 1}},
+                {'D', texture_circle, {1, 1, 0, 1}},
+                {'E', texture_circle, {0.3f, 0, 1, 1}},
+                {'F', texture_circle, {1, 0.3f, 0, 1}},
+                {'a', texture_circle, tint},
+                {'b', texture_triangle, tint},
+                {'c', texture_square, tint},
+                {'d', texture_pentagon, tint},
+                {'e', texture_hexagon, tint},
+                {'f', texture_star, tint},
+                {'T', texture_eye, tint},
+                {'~', texture_similarity, tint}};
     const std::array<f32, 4> whole = {0, 0, 1, 1};
     for (const auto& row : rows) {
         headless_forget_calls();
@@ -125,29 +122,15 @@ TEST_F(text_test, an_empty_font_takes_no_room) {
 }
 
 TEST_F(text_test, icons_set_texture_and_colour_for_every_character) {
-    const i64 circle = texture_set.textures[texture_circle];
-    const i64 mvp = simple_shader.mvp;
-    const i64 color = simple_shader.color;
-    const i64 part = simple_shader.uv_rect;
-    const i64 letters = font.texture;
-    const std::vector<f32> white = {1, 1, 1, 1};
     text_draw("Ax", 0, 0, 256, colour_white, true, true, true);
-    EXPECT_TRUE(last_calls_are({
-        {gpu_op::texture_unit, {0}},
-        {gpu_op::texture_bind, {1, letters}},
-        {gpu_op::shader_uniform1i, {simple_shader.diffuse, 0}},
-        {gpu_op::shader_uniform4f, {color}, white},
-        {gpu_op::texture_bind, {1, circle}},
-        {gpu_op::shader_uniform4f, {color}, {1, 0, 0, 1}},
-        {gpu_op::shader_uniform_matrix4fa, {mvp, 1, 0}},
-        {gpu_op::shader_uniform4f, {part}, {0, 0, 1, 1}},
-        {gpu_op::draw_elements, {4, 0, 0, 6, 0, 1}},
-        {gpu_op::texture_bind, {1, letters}},
-        {gpu_op::shader_uniform4f, {color}, white},
-        {gpu_op::shader_uniform_matrix4fa, {mvp, 1, 0}},
-        {gpu_op::shader_uniform4f, {part}},
-        {gpu_op::draw_elements, {4, 0, 0, 6, 0, 1}},
-    }));
+    EXPECT_TRUE(last_calls_are(
+        "texture_unit 0; texture_bind 1 1000; shader_uniform1i 4 0; "
+        "shader_uniform4f 3 1 1 1 1; texture_bind 1 1; "
+        "shader_uniform4f 3 1 0 0 1; shader_uniform_matrix4fa 0 1 0; "
+        "shader_uniform4f 1 0 0 1 1; draw_elements 4 0 0 6 0 1; "
+        "texture_bind 1 1000; shader_uniform4f 3 1 1 1 1; "
+        "shader_uniform_matrix4fa 0 1 0; shader_uniform4f 1 0.5 0.4375 0.0507812 0.125; "
+        "draw_elements 4 0 0 6 0 1"));
 }
 
 TEST_F(text_test, goals) {
@@ -156,23 +139,21 @@ TEST_F(text_test, goals) {
     const struct {
         goal g;
         const char* text;
-    } rows[] = {
-        {{0, 0, 5, {}, {}}, "sum %ex%a%ctly 5"},
-        {{1, 2, 3, {}, {}}, "# %distin%ct %colors %at l%e%ast 3"},
-        {{2, 1, 3, {}, {}}, "# %distin%ct sh%ap%es %at most 3"},
-        {{3, 1, 3, {}, {}}, "# %distin%ct num%b%ers %at most 3"},
-        {{4, 0, 2, purple, other}, "num E %ex%a%ctly 2"},
-        {{5, 0, 2, purple, other}, "num f %ex%a%ctly 2"},
-        {{6, 0, 2, purple, other}, "num 7 %ex%a%ctly 2"},
-        {{7, 0, 2, purple, other}, "num E or B %ex%a%ctly 2"},
-        {{8, 0, 2, purple, other}, "num f or c %ex%a%ctly 2"},
-        {{9, 0, 2, purple, other}, "num 7 or : %ex%a%ctly 2"},
-        {{10, 1, 4, {}, {}}, " %at most 4"},
-        {{0, 3, 5, {}, {}}, "sum5"},
-        {{255, 255, -7, {}, {}}, "-7"},
-        {{3, 2, std::numeric_limits<i64>::min(), {}, {}},
-         "# %distin%ct num%b%ers %at l%e%ast -9223372036854775808"},
-    };
+    } rows[] = {{{0, 0, 5, {}, {}}, "sum %ex%a%ctly 5"},
+                {{1, 2, 3, {}, {}}, "# %distin%ct %colors %at l%e%ast 3"},
+                {{2, 1, 3, {}, {}}, "# %distin%ct sh%ap%es %at most 3"},
+                {{3, 1, 3, {}, {}}, "# %distin%ct num%b%ers %at most 3"},
+                {{4, 0, 2, purple, other}, "num E %ex%a%ctly 2"},
+                {{5, 0, 2, purple, other}, "num f %ex%a%ctly 2"},
+                {{6, 0, 2, purple, other}, "num 7 %ex%a%ctly 2"},
+                {{7, 0, 2, purple, other}, "num E or B %ex%a%ctly 2"},
+                {{8, 0, 2, purple, other}, "num f or c %ex%a%ctly 2"},
+                {{9, 0, 2, purple, other}, "num 7 or : %ex%a%ctly 2"},
+                {{10, 1, 4, {}, {}}, " %at most 4"},
+                {{0, 3, 5, {}, {}}, "sum5"},
+                {{255, 255, -7, {}, {}}, "-7"},
+                {{3, 2, std::numeric_limits<i64>::min(), {}, {}},
+                 "# %distin%ct num%b%ers %at l%e%ast -9223372036854775808"}};
     for (const auto& row : rows) {
         char bytes[goal_text_capacity];
         text_buffer buffer = {bytes, goal_text_capacity, 0, 0};
