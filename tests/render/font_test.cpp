@@ -17,7 +17,9 @@ class font_test : public game_test {
 };
 
 TEST_F(font_test, a_line_sets_one_glyph_or_all_or_none) {
-    EXPECT_EQ(load("g -1 9 9 0.5 .25 .125 1 2\ng 65 0 0 -1 0 0 0 0\ng 300 0 0 0 0 0 0 3"), "");
+    EXPECT_EQ(load("g -1 9 9 0.5 .25 .125 1 2\ng 65 0 0 -1 0 0 0 0\n"
+                   "g 0 0 0 4 0 0 0 0\ng 256 0 0 0 0 0 0 3\ng 999999 0 0 0 0 0 0 1"),
+              "");
     EXPECT_DOUBLE_EQ(font.line_height, 3);
     const glyph& other = font.glyphs[255];
     EXPECT_DOUBLE_EQ(other.advance, 0.5);
@@ -26,6 +28,7 @@ TEST_F(font_test, a_line_sets_one_glyph_or_all_or_none) {
     EXPECT_DOUBLE_EQ(other.width, 1);
     EXPECT_DOUBLE_EQ(other.height, 2);
     EXPECT_DOUBLE_EQ(font.glyphs['A'].advance, -1);
+    EXPECT_DOUBLE_EQ(font.glyphs[0].advance, 4);
     EXPECT_DOUBLE_EQ(font.glyphs['A'].height, 0);
 }
 

@@ -135,13 +135,13 @@ TEST_F(sprites_test, cards_have_as_many_pips_as_their_number) {
     for (const auto& row : rows) {
         SCOPED_TRACE(int{row.number});
         headless_forget_calls();
-        card_draw({3, 4, row.number}, 100, 200, 80);
+        card_draw({4, 4, row.number}, 100, 200, 80);
         std::vector<drawn_picture> drawn = pictures_drawn();
         ASSERT_EQ(drawn.size(), row.pips + 1);
         EXPECT_TRUE(picture_is_at(texture_white, {100, 200, 80, 80}));
-        EXPECT_EQ(drawn[0].tint, (colour{1.0f / 7, 1.0f / 7, 0, 1}));
+        EXPECT_EQ(drawn[0].tint, (colour{0.3f / 7, 0, 1.0f / 7, 1}));
         if (row.pips > 0) {
-            EXPECT_EQ(drawn.back().tint, colour_rgba(3));
+            EXPECT_EQ(drawn.back().tint, colour_rgba(4));
             EXPECT_TRUE(picture_is_at(texture_hexagon, row.first));
             EXPECT_TRUE(picture_is_at(texture_hexagon, row.last));
         }
