@@ -4,7 +4,9 @@
 
 void message_write(std::initializer_list<str> parts) {
     for (str part : parts) {
-        std::fwrite(part.data, 1, static_cast<std::size_t>(part.length), stdout);
+        if (part.length > 0) {
+            std::fwrite(part.data, 1, static_cast<std::size_t>(part.length), stdout);
+        }
     }
     std::fflush(stdout);
 }
