@@ -60,15 +60,23 @@ preset_build() {
 # Starts a virtual display of the given size on a free number and points DISPLAY to it; it ends with
 # this script.
 virtual_display_start() {
-    local number log
+    local number output log
     log=$(mktemp)
-    exec {virtual_display_output}< <(
-        exec setsid Xvfb -displayfd 1 -screen 0 "$1x24" -nolisten tcp 2>"$log"
-    )
-    virtual_display=$!
-    trap 'kill "$virtual_display" 2>/dev/null || true' EXIT
-    read -r number <&"$virtual_display_output" || fail "Xvfb does not start: $(tail -n 1 "$log")"
-    rm "$log"
-    unset WAYLAND_DISPLAY
-    export DISPLAY=":$number"
+    # A number is free when a server can lock it. Without -noreset the server would start over,
+    # and turn clients away meanwhile, whenever its last client leaves.
+    for number in {90..129}; do
+        exec {output}< <(
+            exec setsid Xvfb ":$number" -displayfd 1 -screen 0 "$1x24" -noreset -nolisten tcp \
+                2>"$log"
+        )
+        virtual_display=$!
+        if read -r <&"$output"; then
+            trap 'kill "$virtual_display" 2>/dev/null || true' EXIT
+            rm "$log"
+            unset WAYLAND_DISPLAY
+            export DISPLAY=":$number"
+            return
+        fi
+    done
+    fail "Xvfb does not start: $(tail -n 1 "$log")"
 }

@@ -317,7 +317,8 @@ void shader_uniform4f(i32 location, const f32* values) {
 
 void shader_uniform_matrix4fa(i32 location, u32 count, bool transpose, const f32* values) {
     uniform_set(location, {values, 16});
-    keep(gpu_op::shader_uniform_matrix4fa, {location, count, transpose}, {values, 16 * count});
+    keep(gpu_op::shader_uniform_matrix4fa, {location, count, transpose},
+         {values, std::size_t{16} * count});
 }
 
 u32 frame_buffer_create() {

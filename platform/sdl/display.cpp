@@ -70,6 +70,7 @@ void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
     if (context == nullptr) {
         open_failed(SDL_GetError());
     }
+    SDL_StopTextInput();  // keys come as keys, past any input method
     windowed_width = width;
     windowed_height = height;
     close_requested = false;

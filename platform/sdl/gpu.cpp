@@ -88,7 +88,7 @@ void capability_set(GLenum capability, bool enable) {
 
 // OpenGL takes an offset into a bound buffer as a pointer.
 const void* buffer_offset(u32 bytes) {
-    return reinterpret_cast<const void*>(static_cast<std::uintptr_t>(bytes));
+    return reinterpret_cast<const void*>(std::uintptr_t{bytes});  // NOLINT(*-no-int-to-ptr)
 }
 
 }  // namespace

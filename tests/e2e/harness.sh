@@ -1,5 +1,6 @@
 # What the end-to-end tests share: the real program in a real window on a display of its own, driven
-# with the mouse and the keyboard. Sourced; QUORREL_PROGRAM names the program.
+# with the mouse and the keyboard. Sourced; QUORREL_PROGRAM may name another program than the one of
+# the test preset.
 #
 # Coordinates are pixels from the window's top-left corner. A colour is "R G B", each 0 to 255.
 # A failed check ends the test; a picture of the screen and the program's output are then kept.
@@ -8,7 +9,9 @@ source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
 
 screen_size=1280x1024
 patience=20 # seconds that anything waited for may take
-pictures="$(dirname "$QUORREL_PROGRAM")/screenshots"
+program=$(realpath "${QUORREL_PROGRAM:-build/test/quorrel}")
+pictures="$(dirname "$program")/screenshots"
+export LSAN_OPTIONS="suppressions=$PWD/tests/e2e/leaks.supp:print_suppressions=0"
 work=$(mktemp -d)
 output="$work/output"
 pids=()
@@ -18,7 +21,7 @@ clean_up() {
     local status=$?
     if [ "$status" -ne 0 ] && [ -n "${DISPLAY:-}" ]; then
         screenshot "failed_$(basename "$0" .sh)" || true
-        cat "$output" || true
+        cat "$output" 2>/dev/null || true
     fi
     kill "${pids[@]}" "${virtual_display:-}" 2>/dev/null || true
     wait || true
@@ -52,7 +55,7 @@ window_manager_runs() {
 game_start() {
     mkdir -p "$work/player"
     cp -r resources "$work/player/"
-    (cd "$work/player" && exec "$QUORREL_PROGRAM") >"$output" 2>&1 &
+    (cd "$work/player" && exec "$program") >"$output" 2>&1 &
     game=$!
     pids+=("$game")
     wait_until window_find
@@ -85,7 +88,7 @@ game_ends_with() {
 }
 
 game_ended() {
-    [[ ! -e /proc/$game || $(</proc/"$game"/stat) == *") Z "* ]]
+    ! kill -0 "$game" 2>/dev/null
 }
 
 mouse_move() {

@@ -41,7 +41,7 @@ game_ends_with 0
 
 say "without a display one line is said"
 status=0
-env -u DISPLAY -u WAYLAND_DISPLAY "$QUORREL_PROGRAM" >"$output" 2>/dev/null || status=$?
+env -u DISPLAY -u WAYLAND_DISPLAY "$program" >"$output" 2>/dev/null || status=$?
 [ "$status" -eq 1 ] || fail "exit status $status instead of 1"
 [ "$(wc -l <"$output")" -eq 1 ] || fail "not one line"
 grep -q '^failed to open the display: ' "$output" || fail "not the line expected"
