@@ -20,9 +20,9 @@ mat4 mat4_rotation(f32 angle) {
 
 void mat4_multiply(mat4& out, const mat4& a, const mat4& b) {
     mat4 product;
-    for (int c = 0; c < 4; ++c) {
+    for (i64 c = 0; c < 4; ++c) {
         const f32* column = b.at + c * 4;
-        for (int r = 0; r < 4; ++r) {
+        for (i64 r = 0; r < 4; ++r) {
             product.at[c * 4 + r] = a.at[r] * column[0] + a.at[4 + r] * column[1] +
                                     a.at[8 + r] * column[2] + a.at[12 + r] * column[3];
         }

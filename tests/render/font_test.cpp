@@ -27,22 +27,22 @@ TEST_F(font_test, a_line_sets_one_glyph_or_all_or_none) {
     EXPECT_DOUBLE_EQ(other.v, 0.125);
     EXPECT_DOUBLE_EQ(other.width, 1);
     EXPECT_DOUBLE_EQ(other.height, 2);
-    EXPECT_DOUBLE_EQ(font.glyphs['A'].advance, -1);
+    EXPECT_DOUBLE_EQ(font.glyphs[u8{'A'}].advance, -1);
     EXPECT_DOUBLE_EQ(font.glyphs[0].advance, 4);
-    EXPECT_DOUBLE_EQ(font.glyphs['A'].height, 0);
+    EXPECT_DOUBLE_EQ(font.glyphs[u8{'A'}].height, 0);
 }
 
 TEST_F(font_test, only_one_byte_is_skipped_between_numbers_and_the_rest_ignored) {
     EXPECT_EQ(load("g 65,1\t2 3 4 5 6 7 8 rest\ng 66  1 2 3 4 5 6 7\n"), "");
-    EXPECT_DOUBLE_EQ(font.glyphs['A'].height, 7);
+    EXPECT_DOUBLE_EQ(font.glyphs[u8{'A'}].height, 7);
     // The second blank stands where the first number is expected: all are one place late.
-    EXPECT_DOUBLE_EQ(font.glyphs['B'].height, 6);
+    EXPECT_DOUBLE_EQ(font.glyphs[u8{'B'}].height, 6);
 }
 
 TEST_F(font_test, a_short_line_goes_on_in_the_next_one) {
     EXPECT_EQ(load("g 65 1 2\n3 4 5 6 7\ng 66 1 2 3"), "");
-    EXPECT_DOUBLE_EQ(font.glyphs['A'].height, 7);
-    EXPECT_DOUBLE_EQ(font.glyphs['B'].advance, 3);
+    EXPECT_DOUBLE_EQ(font.glyphs[u8{'A'}].height, 7);
+    EXPECT_DOUBLE_EQ(font.glyphs[u8{'B'}].advance, 3);
     EXPECT_DOUBLE_EQ(font.line_height, 7);
 }
 
