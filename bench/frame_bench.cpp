@@ -1,0 +1,107 @@
+// The game's own work for one frame of the board, the driver's left out.
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "maps/catalogue.h"
+#include "maps/reader.h"
+#include "platform/headless/headless.h"
+#include "rules/deal.h"
+#include "rules/game_state.h"
+#include "shell/frame.h"
+#include "shell/memory/arena.h"
+
+namespace {
+
+// The program with the files that ship, from start-up to shutdown; the arenas that other
+// benchmarks hold come back at the end.
+class program_run {
+  public:
+    program_run() {
+        std::copy(arenas, arenas + arena_count, outside_arenas);
+        headless_reset();
+        if (chdir(QUORREL_SOURCE_DIR) == 0) {
+            program_start();
+        }
+    }
+    ~program_run() {
+        program_end();
+        std::copy(outside_arenas, outside_arenas + arena_count, arenas);
+    }
+
+  private:
+    arena outside_arenas[arena_count];
+};
+
+// A human's turn on the loaded map.
+void game_show() {
+    players.count = 0;
+    dyn_array_push(players, player{});
+    game_start();
+}
+
+i64 map_size() {
+    return game_map.states.count + game_map.transitions.count;
+}
+
+// Loads the shipped map with the most states and transitions.
+void largest_map_load() {
+    i64 kind_of_largest = 0;
+    const catalogue_entry* largest = nullptr;
+    i64 largest_size = 0;
+    for (machine_kind = 0; machine_kind < machine_kind_count; ++machine_kind) {
+        for (const catalogue_entry& entry : catalogues[machine_kind]) {
+            map_load(entry.path);
+            if (map_size() > largest_size) {
+                kind_of_largest = machine_kind;
+                largest = &entry;
+                largest_size = map_size();
+            }
+        }
+    }
+    machine_kind = kind_of_largest;
+    map_load(largest->path);
+}
+
+void frames_run(benchmark::State& state) {
+    game_show();
+    for (auto _ : state) {
+        program_frame();
+    }
+    state.counters["states"] = static_cast<double>(game_map.states.count);
+    state.counters["transitions"] = static_cast<double>(game_map.transitions.count);
+}
+
+void board_frame_shipped(benchmark::State& state) {
+    program_run program;
+    largest_map_load();
+    frames_run(state);
+}
+BENCHMARK(board_frame_shipped)->Unit(benchmark::kMicrosecond);
+
+void board_frame_stress(benchmark::State& state) {
+    program_run program;
+    map_clear();
+    for (i64 s = 0; s < 256; ++s) {
+        map_add_state(static_cast<f64>(s % 16), static_cast<f64>(s / 16), 0);
+    }
+    for (i64 t = 0; t < 1024; ++t) {
+        map_add_transition(static_cast<u16>(t % 256), static_cast<u16>(t * 7 % 256), 1, 0, 16,
+                           "~(A,B,C) & (2|4)");
+    }
+    frames_run(state);
+}
+BENCHMARK(board_frame_stress)->Unit(benchmark::kMicrosecond);
+
+// Without a window and a GPU: the part of start-up that is the game's own.
+void start_up(benchmark::State& state) {
+    for (auto _ : state) {
+        program_run program;
+        program_frame();
+    }
+}
+BENCHMARK(start_up)->Unit(benchmark::kMillisecond);
+
+}  // namespace
