@@ -1,0 +1,22 @@
+#include "tests/game/editor_screen.h"
+
+#include "game/goal_editing.h"
+#include "game/text_entry.h"
+#include "rules/screens.h"
+
+editor_screen::editor_screen() {
+    begin();
+}
+
+void editor_screen::open(i64 kind) {
+    machine_kind = kind;
+    map_clear();
+    game_map.scale = 1;
+    settings = {};
+    selection = {};
+    text_entry_close();
+    goal_editing = {};
+    screens.title_menu_open = false;
+    screens.editor_open = true;
+    point_at(0, 0);
+}

@@ -1,0 +1,292 @@
+#include "game/editor.h"
+
+#include <algorithm>
+#include <random>
+#include <sstream>
+
+#include "game/goal_editing.h"
+#include "game/map_edit.h"
+#include "maps/catalogue.h"
+#include "rules/screens.h"
+#include "shell/camera.h"
+#include "tests/game/editor_screen.h"
+
+namespace {
+
+using editor_test = editor_screen;
+
+// The map and the selection on one line.
+std::string board_text() {
+    std::ostringstream text;
+    for (const map_state& s : game_map.states) {
+        text << (s.accepting ? '*' : '.') << s.x << ',' << s.y << ' ';
+    }
+    text << '[';
+    for (u16 state : stones) {
+        text << state;
+    }
+    text << ']';
+    for (const transition& arc : game_map.transitions) {
+        text << ' ' << arc.from << '>' << arc.to << '(' << arc.bend << ' ' << arc.label_dx << ' '
+             << arc.label_dy << ' ' << string_of(arc.rule) << ')';
+    }
+    auto number = [](u16 index) { return index == no_index ? "-" : std::to_string(index); };
+    text << " @" << number(selection.selected_state) << number(selection.target_state);
+    return text.str();
+}
+
+TEST_F(editor_test, EachFamilyHasItsControls) {
+    const std::string bands =
+        "white -512 -416 1024 176 (0 0 0 0.75)\nwhite -512 256 1024 160 (0 0 0 0.75)\n";
+    const std::string deck_buttons =
+        "[<] -352 384 32 32\n[>] -256 384 32 32\n[<] -352 352 32 32\n[>] -256 352 32 32\n"
+        "[<] -352 320 32 32\n[>] -256 320 32 32\n[<] -352 288 32 32\n[>] -256 288 32 32\n";
+    const std::string edit_buttons =
+        "[remove] 368 368 256 32\n[remove stone] 368 336 256 32\n[add stone] 368 304 256 32\n";
+    const std::string rule_button = "[change rule] 96 368 256 32\n";
+    const std::string goal_buttons = "[add goal] 96 336 256 32\n[remove goal] 96 304 256 32\n";
+    const std::string rows[] = {"[<] -280 -296 32 32\n[>] 280 -296 32 32\n",
+                                "[<] -280 -328 32 32\n[>] 280 -328 32 32\n",
+                                "[<] -280 -360 32 32\n[>] 280 -360 32 32\n"};
+    const std::string hint = "\"Press <f1> for help\" 317.75 392 size 128 (0.5 0.5 0.5 1)\n";
+    const std::string deck =
+        "\"decks\" -416 384\n\"1\" -304 384\n\"colors\" -416 352\n\"4\" -304 352\n"
+        "\"numbers\" -416 320\n\"4\" -304 320\n\"shapes\" -416 288\n\"4\" -304 288\n";
+    const std::string win = "\"win\" -352 -296\n\"immediate\" 0 -296\n";
+    const std::string hand = "\"hand\" -352 -328\n\"8\" 0 -328\n";
+    const std::string tape = "\"tape\" -352 -328\n\"4\" 0 -328\n\"goal\" -352 -360\n";
+    const std::string expected[] = {
+        bands + edit_buttons + rows[0] + hint + win,
+        bands + deck_buttons + edit_buttons + rule_button + rows[0] + rows[1] + hint + deck + win +
+            hand,
+        bands + deck_buttons + edit_buttons + rule_button + goal_buttons + rows[0] + rows[1] +
+            rows[2] + hint + deck + win + tape,
+    };
+    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
+        open(kind);
+        point_at(-100, 336);  // between the controls
+        frame();
+        EXPECT_EQ(screen_text(), expected[kind]);
+    }
+}
+
+TEST_F(editor_test, TheCursorSnapsToTheGridOnTheBoard) {
+    struct {
+        f64 x, y;
+        const char* disc;
+    } const rows[] = {
+        {100, 50, "circle 64 32 64 64 (1 1 1 0.3)\n"},
+        {-17, -15.5, "circle -64 -32 64 64 (1 1 1 0.3)\n"},
+        {16, 255.5, "circle 0 224 64 64 (1 1 1 0.3)\n"},
+        {0, 256, ""},
+        {0, -239.5, "circle -32 -256 64 64 (1 1 1 0.3)\n"},
+        {0, -240, ""},
+    };
+    open(state_machine);
+    for (const auto& row : rows) {
+        point_at(row.x, row.y);
+        frame();
+        EXPECT_EQ(lines_with("circle"), row.disc) << row.x << ' ' << row.y;
+    }
+    camera = {40, 8, 2};
+    point_at(100, 50);  // over (90, 33)
+    frame();
+    EXPECT_EQ(lines_with("circle"), "circle 48 -16 128 128 (1 1 1 0.3)\n");
+}
+
+TEST_F(editor_test, ANewStateLandsUnderTheCursorOfAnyMap) {
+    open(state_machine);
+    for (f64 scale : {128.0, -3.0, 0.0}) {
+        map_clear();
+        game_map.origin_x = 10;
+        game_map.origin_y = -200;
+        game_map.scale = scale;
+        point_at(100, 50);
+        key(key_1);
+        world_point centre = state_centre(0);
+        EXPECT_NEAR(centre.x, scale == 0 ? 10 : 96, 1e-9);
+        EXPECT_NEAR(centre.y, scale == 0 ? -200 : 64, 1e-9);
+        key(key_l);
+        EXPECT_NEAR(state_centre(0).x - centre.x, scale == 0 ? 0 : 32, 1e-9);
+    }
+}
+
+constexpr const char* sample = ".0,0 *96,0 .192,0 [010] 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(90 0 0 b)";
+
+void sample_make(u16 selected, u16 target) {
+    map_clear();
+    map_add_state(0, 0, 0);
+    map_add_state(96, 0, 1);
+    map_add_state(192, 0, 0);
+    map_add_transition(0, 1, 0, 0, 0, "A");
+    map_add_transition(1, 2, 0, 0, 0, "");
+    map_add_transition(1, 1, 90, 0, 0, "b");
+    for (u16 state : {u16{0}, u16{1}, u16{0}}) {
+        dyn_array_push(stones, state);
+    }
+    selection = {selected, target};
+    frame();  // finds the transition
+}
+
+// One frame per letter: the editing keys by their own, D and S delete without and with shift, the
+// buttons "remove", "remove stone" and "add stone" as -, / and +.
+void letters_apply(std::string_view letters) {
+    for (char letter : letters) {
+        point_at(100, 50);
+        if (letter == 'D' || letter == 'S') {
+            letter == 'S' ? headless_key_hold(key_shift) : headless_key_release(key_shift);
+            key(key_delete);
+            headless_key_release(key_shift);
+        } else if (letter == '-' || letter == '/' || letter == '+') {
+            click(368, letter == '-' ? 368 : letter == '/' ? 336 : 304);
+        } else {
+            bool digit = '0' <= letter && letter <= '9';
+            key(static_cast<u32>(digit ? key_0 + letter - '0' : key_a + letter - 'a'));
+        }
+    }
+}
+
+TEST_F(editor_test, KeysDoWhatTheSelectionAllows) {
+    const std::string same = sample;
+    const std::string added = ".0,0 *96,0 .192,0 .96,64 [010";
+    const std::string arcs = " 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(90 0 0 b)";
+    const std::string states = ".0,0 *96,0 .192,0 ";
+    const std::string later_arcs = " 1>2(0 0 0 ) 1>1(90 0 0 b)";
+    struct {
+        u16 selected, target;
+        const char* letters;
+        std::string after;
+    } const rows[] = {
+        {no_index, no_index, "23ijkluoDS-/+", same + " @--"},
+        {no_index, no_index, "1", added + "]" + arcs + " @3-"},
+        {no_index, no_index, "11", ".0,0 *96,0 .192,0 .96,64 .96,64 [010]" + arcs + " @4-"},
+        {no_index, no_index, "13", added + "3]" + arcs + " @3-"},
+        {0, no_index, "2o", same + " @0-"},
+        {0, no_index, "jjk", ".-64,-32 *96,0 .192,0 [010]" + arcs + " @0-"},
+        {0, no_index, "lii", ".32,64 *96,0 .192,0 [010]" + arcs + " @0-"},
+        {0, no_index, "u", "*0,0 *96,0 .192,0 [010]" + arcs + " @0-"},
+        {1, no_index, "o", ".0,0 .96,0 .192,0 [010]" + arcs + " @1-"},
+        {2, no_index, "3+", states + "[01022]" + arcs + " @2-"},
+        {0, no_index, "S", states + "[01]" + arcs + " @0-"},
+        {0, no_index, "//", states + "[1]" + arcs + " @0-"},
+        {0, no_index, "S/S/", states + "[1]" + arcs + " @0-"},
+        {2, no_index, "D", ".0,0 *96,0 [010] 0>1(0 0 0 A) 1>1(90 0 0 b) @--"},
+        {0, no_index, "-", ".192,0 *96,0 [1] 1>1(90 0 0 b) 1>0(0 0 0 ) @--"},
+        {1, no_index, "D", ".0,0 .192,0 [00] @--"},
+        {1, no_index, "DD", ".0,0 .192,0 [00] @--"},
+        {0, 1, "3+/", same + " @01"},
+        {0, 1, "jji", states + "[010] 0>1(0 -64 32 A)" + later_arcs + " @01"},
+        {0, 1, "lkk", states + "[010] 0>1(0 32 -64 A)" + later_arcs + " @01"},
+        {0, 1, "ooou", states + "[010] 0>1(-2 0 0 A)" + later_arcs + " @01"},
+        {0, 1, "2u", states + "[010] 0>1(1 0 0 A)" + later_arcs + " 0>1(0 0 0 ) @01"},
+        {0, 1, "D", states + "[010] 1>1(90 0 0 b) 1>2(0 0 0 ) @01"},
+        {0, 1, "--S", states + "[010] 1>1(90 0 0 b) 1>2(0 0 0 ) @01"},
+        {0, 1, "1", added + "]" + arcs + " @3-"},
+        {1, 2, "ijklu", states + "[010] 0>1(0 0 0 A) 1>2(1 0 0 ) 1>1(90 0 0 b) @12"},
+        {1, 1, "uul", states + "[010] 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(180 32 0 b) @11"},
+        {1, 1, "o", states + "[010] 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(45 0 0 b) @11"},
+        {2, 0, "ijkluoDS-/+3", same + " @20"},
+        {2, 0, "2o", states + "[010]" + arcs + " 2>0(-1 0 0 ) @20"},
+        {3, no_index, "3ijkluoDS-/+", same + " @--"},
+        {0, 9, "u", "*0,0 *96,0 .192,0 [010]" + arcs + " @0-"},
+    };
+    open(pushdown_machine);
+    for (const auto& row : rows) {
+        for (bool dialog : {false, true}) {
+            goal_editing.goal_dialog_open = dialog;  // not modal
+            sample_make(row.selected, row.target);
+            letters_apply(row.letters);
+            EXPECT_EQ(board_text(), row.after) << sample << ' ' << row.letters;
+        }
+        goal_editing.goal_dialog_open = false;
+        sample_make(row.selected, row.target);
+        std::string before = board_text();
+        screens.text_entry_open = true;  // modal
+        letters_apply(row.letters);
+        EXPECT_EQ(board_text(), before) << row.letters;
+        screens.text_entry_open = false;
+    }
+}
+
+TEST_F(editor_test, APairWithoutATransitionIsNoneAlsoInTheLargestMaps) {
+    open(state_machine);
+    map_add_state(0, 0, 0);
+    for (i64 i = 0; i <= no_index; ++i) {
+        map_add_transition(7, 7, 0, 0, 0, {});
+    }
+    selection = {0, 0};
+    letters_apply("uD");
+    EXPECT_EQ(game_map.transitions.count, i64{no_index} + 1);
+    EXPECT_EQ(game_map.transitions[no_index].bend, 0);
+}
+
+// Each transition and stone by the places of its states, which no renumbering changes.
+std::vector<std::vector<f64>> places_text(f64 without) {
+    std::vector<std::vector<f64>> all;
+    auto add = [&](std::vector<f64> places) {
+        if (std::find(places.begin(), places.end(), without) == places.end()) {
+            all.push_back(places);
+        }
+    };
+    for (const transition& arc : game_map.transitions) {
+        add({game_map.states[arc.from].x, game_map.states[arc.to].x});
+    }
+    for (u16 state : stones) {
+        add({game_map.states[state].x});
+    }
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
+TEST_F(editor_test, RemovingAStateKeepsWhatDoesNotTouchIt) {
+    std::mt19937_64 random(5);
+    for (int round = 0; round < 300; ++round) {
+        map_clear();
+        u64 count = 1 + random() % 6;
+        auto any_state = [&] { return static_cast<u16>(random() % count); };
+        for (u64 i = 0; i < count; ++i) {
+            map_add_state(static_cast<f64>(i), 0, 0);
+            map_add_transition(any_state(), any_state(), 0, 0, 0, {});
+            map_add_transition(any_state(), any_state(), 0, 0, 0, {});
+            dyn_array_push(stones, any_state());
+        }
+        u16 doomed = any_state();
+        auto expected = places_text(doomed);
+        stones_remove(doomed, false);
+        state_remove(doomed);
+        EXPECT_EQ(game_map.states.count, static_cast<i64>(count) - 1);
+        EXPECT_EQ(places_text(-1), expected);
+    }
+}
+
+TEST_F(editor_test, CtrlKeysSaveAndOpen) {
+    file_put("maps/first", "map 0 0 1\n* 5 5\n* 9 9\n=> 0 1 3\n");
+    open(pushdown_machine);
+    sample_make(0, 1);
+    current_catalogue = &catalogues[pushdown_machine];
+    headless_key_hold(key_ctrl);
+    key(key_o);
+    EXPECT_TRUE(screens.map_list_open);
+    EXPECT_EQ(selected_entry, 0);
+    EXPECT_EQ(board_text(), std::string(sample) + " @01");  // an empty list loads nothing
+    screens.map_list_open = false;
+    dyn_array_push(*current_catalogue, {"first", "maps/first"});
+    dyn_array_push(*current_catalogue, {"second", "maps/second"});
+    selected_entry = 1;
+    key(key_o);
+    EXPECT_EQ(selected_entry, 0);
+    EXPECT_EQ(board_text(), "*5,5 *9,9 [] 0>1(3 0 0 ) @01");  // not bent by the "o"
+    screens.map_list_open = false;
+    selection = {2, 0};
+    key(key_o);
+    EXPECT_EQ(board_text(), "*5,5 *9,9 [] 0>1(3 0 0 ) @--");
+    screens.map_list_open = false;
+    key(key_s);
+    EXPECT_TRUE(screens.text_entry_open);
+    EXPECT_TRUE(is_drawn("\"Map name\" 0 64"));
+    headless_key_release(key_ctrl);
+    key(key_escape);
+    EXPECT_TRUE(screens.title_menu_open && !screens.editor_open && !screens.text_entry_open);
+}
+
+}  // namespace
