@@ -1,7 +1,7 @@
 #pragma once
 
-// Numbers as text. Reals are rounded to four decimals by the procedure told at each step in the
-// source, not by the library's conversions: map files and their tests rely on its digits.
+// Numbers as text. Reals are rounded to four decimals digit by digit in doubles, not by the
+// library's conversions, whose last digit may differ: 0.99995 becomes 0.9999.
 
 #include "render/text_buffer.h"
 #include "shell/memory/text_builder.h"

@@ -3,8 +3,8 @@
 // Drawing text, between `render_frame_begin` and `render_frame_end`. Lengths and positions are
 // window pixels (screen) or world units. Most texts have size 256.
 //
-// With icons, some characters are pictures of a size-th / 8 side: A to F the six card colours as
-// dots of their own colour, a to f the six card shapes, T an eye and ~ the similarity sign, these
+// With icons, some characters are square pictures, an eighth of the size wide: A to F the six card
+// colours as dots of their own colour, a to f the six card shapes, T an eye and ~ the similarity sign, these
 // in the text's colour. A '%' is not drawn and makes the next character an ordinary one.
 
 #include "render/colour.h"
