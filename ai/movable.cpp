@@ -1,0 +1,21 @@
+#include "ai/movable.h"
+
+#include "rules/random.h"
+
+stone_table stones_locate() {
+    stone_table table = {per_state<u16>(no_index), per_state<i64>(0)};
+    for (i64 i = 0; i < stones.count && i < no_index; ++i) {
+        u16 state = stones[i];
+        if (state_exists(state)) {
+            if (table.first[state] == no_index) {
+                table.first[state] = static_cast<u16>(i);
+            }
+            table.count[state] += 1;
+        }
+    }
+    return table;
+}
+
+i64 random_index(i64 count) {
+    return static_cast<i64>(random_below(static_cast<u64>(count)));
+}
