@@ -11,8 +11,8 @@
 
 // The font file is lines of text, each one a letter, a blank and what belongs to it:
 //
-//   i path                                     the font picture, here or beside the font file
-//   g index unread unread advance u v width height    a glyph; a negative index is all 256
+//   i path                                            the font picture, here or beside this file
+//   g index unread unread advance u v width height    a glyph; a negative index sets all 256
 //
 // Exactly one byte stands after each of the first seven numbers; the rest of the line is ignored.
 

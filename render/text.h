@@ -4,8 +4,9 @@
 // window pixels (screen) or world units. Most texts have size 256.
 //
 // With icons, some characters are square pictures, an eighth of the size wide: A to F the six card
-// colours as dots of their own colour, a to f the six card shapes, T an eye and ~ the similarity sign, these
-// in the text's colour. A '%' is not drawn and makes the next character an ordinary one.
+// colours as dots of their own colour, a to f the six card shapes, T an eye and ~ the similarity
+// sign, these in the text's colour. A '%' is not drawn and makes the next character an ordinary
+// one.
 
 #include "render/colour.h"
 #include "shell/memory/str.h"
