@@ -110,15 +110,12 @@ TEST_F(board_test, ClicksChooseSourceThenTarget) {
     }
 }
 
-TEST_F(board_test, RightClicksUndoTargetSourceAndCardInThatOrder) {
-    selection = {0, 1, no_index, 3};
-    const char* const selected[] = {"0-", "--", "--"};
-    const i64 cards[] = {3, 3, no_card};
-    for (i64 i = 0; i < 3; ++i) {
-        clicks("R");
-        EXPECT_EQ(selected_text(), selected[i]);
-        EXPECT_EQ(selection.selected_card, cards[i]);
-    }
+TEST_F(board_test, TheCardIsDroppedLast) {
+    selection.selected_card = 3;
+    clicks("01RR");
+    EXPECT_EQ(selection.selected_card, 3);
+    clicks("R");
+    EXPECT_EQ(selection.selected_card, no_card);
 }
 
 TEST_F(board_test, AnOpenTextEntryTakesTheClicks) {
@@ -130,41 +127,27 @@ TEST_F(board_test, AnOpenTextEntryTakesTheClicks) {
     EXPECT_EQ(lines_with("(1 1 1 0.3)").find("circle 80"), std::string::npos);
 }
 
-TEST_F(board_test, TheHitBoxIncludesLeftAndBottom) {
+// Boxes include left and bottom; the bands take no clicks for the board, wherever a box reaches.
+TEST_F(board_test, WhereClicksHit) {
+    game_map.states[0].y = -240.0 / 128;
+    game_map.states[2].y = 256.0 / 128;
     struct {
         f64 x, y;
-        bool hit;
+        const char* selected;
     } const rows[] = {
-        {-32, 0, true},  {-33, 0, false}, {31, 0, true},  {32, 0, false},   {0, -32, true},
-        {0, -33, false}, {0, 31, true},   {0, 32, false}, {-32, -32, true}, {31, 31, true},
+        {-32, 0, "1-"},     {-33, 0, "--"},     {31, 0, "1-"},    {32, 0, "--"},
+        {0, -32, "1-"},     {0, -33, "--"},     {0, 31, "1-"},    {0, 32, "--"},
+        {-128, -239, "0-"}, {-128, -240, "--"}, {128, 255, "2-"}, {128, 256, "--"},
     };
     for (const auto& row : rows) {
         selection = {};
         click(row.x, row.y);
-        EXPECT_EQ(selected_text(), row.hit ? "1-" : "--") << row.x << ' ' << row.y;
-    }
-}
-
-TEST_F(board_test, BandsTakeNoClicksForTheBoard) {
-    map_make(state_machine, "..", {});
-    game_map.origin_x = 0;
-    game_map.states[0] = {0, -240.0 / 128, 0};
-    game_map.states[1] = {0, 256.0 / 128, 0};
-    struct {
-        f64 y;
-        const char* selected;
-    } const rows[] = {{-239, "0-"}, {-240, "--"}, {-241, "--"}, {255, "1-"}, {256, "--"}};
-    for (const auto& row : rows) {
-        selection = {};
-        click(0, row.y);
-        EXPECT_EQ(selected_text(), row.selected) << row.y;
+        EXPECT_EQ(selected_text(), row.selected) << row.x << ' ' << row.y;
     }
     key(key_f11);  // the bands stay at the window's edges
     selection = {};
-    click(0, 1080 / 2 - 160);
-    EXPECT_EQ(selected_text(), "--");
-    click(0, -256);
-    EXPECT_EQ(selected_text(), "0-");
+    click(128, 256);
+    EXPECT_EQ(selected_text(), "2-");
 }
 
 TEST_F(board_test, IsSeenAndClickedThroughTheCamera) {
@@ -257,6 +240,7 @@ TEST_F(board_test, MoreThan256StatesAreDrawnAndClicked) {
     game_map.origin_x = -128.0 * 299;
     stones_set({299, 43, 299});
     click(0, 0);
+    frame();
     EXPECT_EQ(selection.selected_state, 299);
     EXPECT_EQ(lines_with("48 48 (0.2 0.4 1 1)").find("player -24 -24 48 48"), 0U);
     EXPECT_TRUE(is_drawn("player -24 -16 48 48 (0.2 0.4 1 1)"));
