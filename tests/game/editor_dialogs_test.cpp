@@ -191,7 +191,7 @@ void steps_apply(std::string_view steps) {
                 frame();
                 break;
             default:
-                key(static_cast<u32>(key_a + step - 'a'));
+                key(key_a + static_cast<u32>(step - 'a'));
         }
     }
 }

@@ -141,7 +141,8 @@ void letters_apply(std::string_view letters) {
             click(368, letter == '-' ? 368 : letter == '/' ? 336 : 304);
         } else {
             bool digit = '0' <= letter && letter <= '9';
-            key(static_cast<u32>(digit ? key_0 + letter - '0' : key_a + letter - 'a'));
+            key(digit ? key_0 + static_cast<u32>(letter - '0')
+                      : key_a + static_cast<u32>(letter - 'a'));
         }
     }
 }
