@@ -51,10 +51,16 @@ window_manager_runs() {
     xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'
 }
 
-# Starts the program in a new player's directory and waits for its window. Sets `window`, `game`.
-game_start() {
+# Makes a new player's directory, which a test may add to before the program starts.
+player_make() {
     mkdir -p "$work/player"
     cp -r resources "$work/player/"
+}
+
+# Starts the program in the player's directory and waits for its window of the given size. Sets
+# `window`, `game`.
+game_start() {
+    [ -d "$work/player" ] || player_make
     (cd "$work/player" && exec "$program") >"$output" 2>&1 &
     game=$!
     pids+=("$game")
@@ -111,25 +117,52 @@ screenshot() {
     import -silent -window root "$pictures/$1.png"
 }
 
-# Prints the colour at a place of the window.
-pixel() {
-    import -silent -window "$window" -crop "1x1+$1+$2" -depth 8 rgb:- | od -An -tu1 |
-        awk '{print $1, $2, $3}'
+# Prints the colours of a part of the window, one a line: left, top, width, height.
+region() {
+    import -silent -window "$window" -crop "${3}x$4+$1+$2" -depth 8 rgb:- |
+        od -An -v -tu1 -w3 | awk '{print $1, $2, $3}'
 }
 
-# Whether the colour at a place is within 2 of the given one.
-pixel_is() {
-    pixel "$1" "$2" | awk -v wanted="$3" '
+# Prints the colour at a place of the window.
+pixel() {
+    region "$1" "$2" 1 1
+}
+
+# Whether one of the colours read is near the given one: each part within 2, or the tolerance.
+has_colour() {
+    awk -v wanted="$1" -v tolerance="${2:-2}" '
+        BEGIN { split(wanted, colour) }
         {
-            split(wanted, colour)
+            far = 0
             for (i = 1; i <= 3; ++i) {
                 difference = $i - colour[i]
-                if (difference < -2 || difference > 2) exit 1
+                if (difference < -tolerance || difference > tolerance) far = 1
             }
-        }'
+            if (!far) found = 1
+        }
+        END { exit !found }'
+}
+
+# Whether the colour at a place is near the given one; the tolerance may follow it.
+pixel_is() {
+    pixel "$1" "$2" | has_colour "${@:3}"
 }
 
 # Waits until a place has a colour.
 pixel_wait() {
     wait_until pixel_is "$@"
+}
+
+# Waits until a place no longer has a colour.
+pixel_wait_not() {
+    wait_until pixel_is_not "$@"
+}
+
+pixel_is_not() {
+    ! pixel_is "$@"
+}
+
+# Whether a part of the window, given like that of `region`, shows a colour anywhere.
+region_has() {
+    region "${@:1:4}" | has_colour "${@:5}"
 }
