@@ -97,6 +97,23 @@ bool rule_parses(str rule, const card_set& in_play) {
     return rule_can_match(rule, in_play) || rule_can_match(negated, in_play);
 }
 
+// Whether anybody can win at all.
+void win_mode_check(remarks& found) {
+    bool accepts = std::any_of(game_map.states.begin(), game_map.states.end(),
+                               [](const map_state& s) { return s.accepting != 0; });
+    if (settings.win_mode >= win_mode_count) {
+        found.push_back("win mode " + std::to_string(settings.win_mode) + " does not exist");
+    } else if (settings.win_mode != win_immediate && !accepts) {
+        found.push_back("win mode: no state accepts, so nobody can win");
+    }
+}
+
+void hands_check(remarks& found) {
+    if (deck.cards.count < 2 * settings.hand_size) {
+        found.push_back("the deck holds too few cards for two hands");
+    }
+}
+
 void rules_check(const card_set& in_play, remarks& found) {
     for (i64 t = 0; t < game_map.transitions.count; ++t) {
         str rule = game_map.transitions[t].rule;
@@ -303,11 +320,13 @@ remarks map_check(bool cyclic) {
     references_check(found);
     twins_check(found);
     reach_check(in_play, found);
+    win_mode_check(found);
     if (machine_kind == state_machine) {
         state_machine_check(cyclic, found);
     } else if (machine_kind == pushdown_machine) {
         rules_check(in_play, found);
         start_check(in_play, found);
+        hands_check(found);
     } else {
         actions_check(found);
         goals_check(in_play, found);
