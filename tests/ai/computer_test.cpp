@@ -210,7 +210,7 @@ TEST_F(computer_test, EveryChoiceAgreesWithThePlainOne) {
 
 // Who plays how: state 2 wins, state 1 does not.
 TEST_F(computer_test, StrengthsDifferInHowTheyTakeAWin) {
-    for (u64 seed = 1; seed <= 50; ++seed) {
+    for (u64 seed = 1; seed <= 600; ++seed) {
         random_seed(seed);
         bool careless = random_below(100) < 50;
         const u16 targets[] = {1, static_cast<u16>(careless ? 1 : 2), 2};
@@ -224,6 +224,21 @@ TEST_F(computer_test, StrengthsDifferInHowTheyTakeAWin) {
             EXPECT_EQ(stones[0], targets[strength]) << "seed " << seed << " strength " << strength;
             EXPECT_EQ(draws_since(before), draws[strength]);
         }
+    }
+}
+
+// A card to follow with is worth 16 of the cards with which others may move the stone on.
+TEST_F(computer_test, TheHardSeatWeighsItsCardsAgainstTheOthers) {
+    struct {
+        const char* rule;  // of the way on from state 2, which the seat's other card fits
+        u16 target;
+    } const rows[] = {{"A&(!(a&1))", 2}, {"A", 1}, {"A|(B&a&1)", 1}};
+    for (const auto& row : rows) {
+        map_make(pushdown_machine, "...", {{0, 1, "*"}, {0, 2, "*"}, {2, 0, row.rule}}, {0});
+        seats_make("2");
+        pile_set(players[0].hand, "Ab2 Ab2");
+        computer_act();
+        EXPECT_EQ(stones[0], row.target) << row.rule;
     }
 }
 

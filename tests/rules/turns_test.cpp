@@ -181,6 +181,14 @@ TEST_F(turns_test, AComputerSeatThinksBeforeItActs) {
         updates += 1;
     }
     EXPECT_EQ(updates, 26);  // 25 steps of 1/60 s bring 0.4 s below 0
+
+    board_make(state_machine, "0");  // not while a move that it did not choose is shown
+    turn = {};
+    selection = {0, 1, 0, no_card};
+    random_state before = random_generator;
+    turn_update();
+    EXPECT_EQ(stones[0], 1);
+    EXPECT_EQ(random_generator, before);
 }
 
 TEST_F(turns_test, EveryUpdateRefillsAnEmptyDeck) {
