@@ -19,10 +19,9 @@
 namespace {
 
 // About 20 bytes each.
-const char* const rules[] = {
-    "!(~(A,B,C)) & (a|b|3)", "~(1,2,3) | T(A,B)&4", "(A|B|C) & !(a) ^ (3)",
-    "~(A,B,C,D) & (2|4)",    "T(a,b) & !(1,2) | F", "(A&a)|(B&b)|(C&c)",
-    "~(a,b,c,d) ^ (A | 1)",  "!(T(A)) & ~(1,2,3,4)"};
+const char* const rules[] = {"!(~(A,B,C)) & (a|b|3)", "~(1,2,3) | T(A,B)&4", "(A|B|C) & !(a) ^ (3)",
+                             "~(A,B,C,D) & (2|4)",    "T(a,b) & !(1,2) | F", "(A&a)|(B&b)|(C&c)",
+                             "~(a,b,c,d) ^ (A | 1)",  "!(T(A)) & ~(1,2,3,4)"};
 constexpr i64 rule_count = std::size(rules);
 
 str rule_text(i64 index) {
