@@ -60,12 +60,46 @@ void file_put(const std::string& path, std::string_view content) {
     if (!parent.empty()) {
         std::filesystem::create_directories(parent);
     }
+    std::filesystem::remove(path);  // a file cut short and written again is slow on some disks
     std::ofstream(path, std::ios::binary) << content;
 }
 
 std::string file_get(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string text_broken(std::string text, std::mt19937_64& random) {
+    const std::string words[] = {"\"",
+                                 " ",
+                                 "\n",
+                                 "-",
+                                 ".",
+                                 "goal ",
+                                 "=> ",
+                                 "stone 70000",
+                                 "map ",
+                                 "99999999999999999999",
+                                 std::string(1, '\0'),
+                                 "\xff"};
+    for (u64 changes = 1 + random() % 8; changes > 0; --changes) {
+        std::size_t place = random() % (text.size() + 1);
+        switch (random() % 4) {
+            case 0:
+                text.insert(place, words[random() % std::size(words)]);
+                break;
+            case 1:
+                text.erase(place, random() % 12);
+                break;
+            case 2:
+                text.insert(place, text.substr(random() % (text.size() + 1), random() % 60));
+                break;
+            default:
+                text.resize(place);
+                text += static_cast<char>(random());
+        }
+    }
+    return text;
 }
 
 void map_make(i64 kind, std::string_view states, const std::vector<arc>& arcs,

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,9 @@ std::string string_of(str text);
 
 void file_put(const std::string& path, std::string_view content);
 std::string file_get(const std::string& path);
+
+// The text with a few of its parts cut, doubled or replaced.
+std::string text_broken(std::string text, std::mt19937_64& random);
 
 // What `act` writes to standard output.
 template <typename action>
