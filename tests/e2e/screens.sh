@@ -1,0 +1,148 @@
+# What the game's screens look like and where their buttons are, for the tests that play. Sourced
+# after the harness; the window is 1024 by 832.
+
+background="0 0 123" # 0.2 of linear blue
+panel="0 0 59"       # of a menu, over the background
+band="0 0 65"        # above and below the board
+box="0 0 43"         # of the turn cover and the winner's banner
+highlight="186 108 48" # behind the selected card and the tape's head, over a band
+
+# Pictures are shaded: these are the colours in their middles, checked within `shading`.
+plain="81 81 108"
+accepting="168 217 255"
+stone="73 100 151"
+declare -A seat_shade=([red]="146 0 0" [blue]="0 0 146")
+shading=24
+declare -A ink=([red]="255 0 0" [blue]="0 0 255" [white]="255 255 255")
+
+declare -A buttons=(
+    [family_before]="352 112" [family_after]="672 112" [play_game]="512 752"
+    [seats_fewer]="352 96" [seats_ok]="512 768" [seats_back]="208 768"
+    [map_before]="352 112" [map_after]="672 112" [map_play]="512 752"
+    [deck]="384 80" [end_turn]="944 80"
+)
+
+push() {
+    click ${buttons[$1]}
+}
+
+# Moves the mouse off everything that it would light up.
+mouse_aside() {
+    mouse_move 60 620
+}
+
+title_is_shown() {
+    pixel_is 120 8 "$background" && pixel_is 120 20 "$panel" && ! pixel_is 765 752 "$panel"
+}
+
+seats_are_shown() {
+    pixel_is 120 8 "$panel"
+}
+
+map_list_is_shown() {
+    pixel_is 120 8 "$background" && pixel_is 120 20 "$panel" && pixel_is 765 752 "$panel"
+}
+
+board_is_shown() {
+    pixel_is 1000 8 "$band" && pixel_is 120 300 "$background"
+}
+
+# Whether a notice over the board has its small line at a height, in the colour of a seat.
+notice_is_shown() {
+    pixel_is 120 300 "$box" && region_has 112 $(($1 - 16)) 800 32 "${ink[$2]}" "$shading" &&
+        region_has 312 384 400 64 "${ink[$2]}" "$shading"
+}
+
+turn_cover_is_shown() {
+    notice_is_shown 480 "$1"
+}
+
+winner_is_shown() {
+    notice_is_shown 616 "$1"
+}
+
+# Waits until the status lines show whose turn it is, by colour.
+turn_wait() {
+    pixel_wait 112 96 "${seat_shade[$1]}" 60
+}
+
+# Waits until the set-up shows a seat's colour: 0 is the first seat.
+seat_wait() {
+    pixel_wait 416 $((192 + 96 * $1)) "${seat_shade[$2]}" 60
+}
+
+# Switches a seat between human and computer.
+seat_switch() {
+    click 256 $((192 + 96 * $1))
+}
+
+# Clicks the set-up into a human red seat and a blue one, which is a computer if that is said.
+seats_choose() {
+    push seats_fewer
+    [ "${1:-}" != computer ] || seat_switch 1
+    mouse_aside
+}
+
+seat_is_human() {
+    pixel_is 550 $((166 + 96 * $1)) "$panel"
+}
+
+seat_is_computer() {
+    ! seat_is_human "$1"
+}
+
+# Reads a map and puts it first in a family's list, as "duel".
+duel_add() {
+    local directory="custom_$1_machines"
+    mkdir -p "$work/player/$directory"
+    cat >"$work/player/$directory/duel"
+    sed -i "1i duel $directory/duel" "$work/player/resources/$1_maps.txt"
+}
+
+# The file of the first map that ships with a family.
+shipped_map() {
+    sed -n '1s/.* //p' "resources/$1_maps.txt"
+}
+
+# Prints where the board shows those states of a map file that hold no stone, and their colours.
+states_seen() {
+    awk -v accepting="$accepting" -v plain="$plain" '
+        $1 == "map" { x = 512 + $2; y = 416 - $3; scale = $4 }
+        $1 == "stone" { taken[$2] = 1 }
+        $1 ~ /^[*.$]$/ {
+            places[count++] = int(x + $2 * scale) " " int(y - $3 * scale) " " \
+                ($1 == "*" ? accepting : plain)
+        }
+        END { for (i = 0; i < count; ++i) if (!(i in taken)) print places[i] }' "$1"
+}
+
+# Waits until the board shows all states of a map file.
+board_wait() {
+    wait_until board_is_shown
+    local x y colour
+    while read -r x y colour; do
+        pixel_wait "$x" "$y" "$colour" "$shading"
+    done < <(states_seen "$1")
+}
+
+# From the set-up to a game on the first shipped map and back out of the program.
+shipped_map_visit() {
+    say "a map that ships is opened and drawn"
+    push seats_ok
+    push map_after
+    push map_play
+    mouse_aside
+    board_wait "$(shipped_map "$1")"
+    say "Escape walks back to the title menu and out"
+    keys Escape
+    wait_until seats_are_shown
+    push seats_ok
+    wait_until map_list_is_shown
+    keys Escape
+    wait_until seats_are_shown
+    keys Escape
+    wait_until title_is_shown
+    keys Escape
+    game_ends_with 0
+    [ ! -s "$output" ] || fail "the program had something to say"
+}
