@@ -3,15 +3,21 @@
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "ai/computer.h"
 #include "ai/nimbers.h"
+#include "maps/catalogue.h"
 #include "maps/reader.h"
 #include "platform/file.h"
 #include "rules/cards.h"
+#include "rules/deal.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
 #include "rules/rule.h"
@@ -41,6 +47,7 @@ void game_prepare(i64 kind) {
     goals = {};
     stones = {};
     players = {};
+    selected_entry = -1;
     deck = {};
     discard_pile = {};
     random_seed(1);
@@ -63,19 +70,21 @@ void rule_matches_run(benchmark::State& state) {
 }
 BENCHMARK(rule_matches_run)->DenseRange(0, rule_count - 1);
 
-// Lets the hard seat decide on one position again and again.
-void decisions_run(benchmark::State& state) {
+void seat_hard_computer(i64 hand_size) {
     player seat;
     seat.is_computer = 1;
     seat.strength = strength_hard;
-    dyn_array_push(players, seat);
-    for (i64 i = 0; i < 30; ++i) {
-        dyn_array_push(players[0].hand, random_card());
+    for (i64 i = 0; i < hand_size; ++i) {
+        dyn_array_push(seat.hand, random_card());
     }
-    dyn_array_push(discard_pile.cards, random_card());
-    const dyn_array<u16> start_stones = stones;
-    std::vector<u16> places(start_stones.begin(), start_stones.end());
+    dyn_array_push(players, seat);
+}
+
+// Lets the hard seat decide on the same position again and again.
+void decisions_run(benchmark::State& state) {
+    std::vector<u16> places(stones.begin(), stones.end());
     std::vector<card> hand(players[0].hand.begin(), players[0].hand.end());
+    dyn_array_push(discard_pile.cards, random_card());
     for (auto _ : state) {
         computer_act();
         state.PauseTiming();
@@ -86,7 +95,35 @@ void decisions_run(benchmark::State& state) {
         arena_rewind(arena_frame, 0);
         state.ResumeTiming();
     }
+    state.counters["states"] = static_cast<double>(game_map.states.count);
+    state.counters["transitions"] = static_cast<double>(game_map.transitions.count);
+    state.counters["hand"] = static_cast<double>(hand.size());
 }
+
+std::string largest_pushdown_map() {
+    std::string largest;
+    i64 most = 0;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(QUORREL_SOURCE_DIR "/resources/maps/pushdown")) {
+        std::string path = entry.path().string();
+        map_load({path.data(), static_cast<i64>(path.size())});
+        if (game_map.transitions.count > most) {
+            most = game_map.transitions.count;
+            largest = path;
+        }
+    }
+    return largest;
+}
+
+void hard_decision_shipped(benchmark::State& state) {
+    game_prepare(pushdown_machine);
+    std::string path = largest_pushdown_map();
+    map_load({path.data(), static_cast<i64>(path.size())});
+    seat_hard_computer(0);
+    game_start();
+    decisions_run(state);
+}
+BENCHMARK(hard_decision_shipped)->Unit(benchmark::kMillisecond);
 
 void hard_decision_stress(benchmark::State& state) {
     game_prepare(pushdown_machine);
@@ -101,6 +138,7 @@ void hard_decision_stress(benchmark::State& state) {
         map_add_transition(static_cast<u16>(t % 64), static_cast<u16>(random_below(64)), 0, 0, 0,
                            rule_text(t / 3));
     }
+    seat_hard_computer(30);
     decisions_run(state);
 }
 BENCHMARK(hard_decision_stress)->Unit(benchmark::kMillisecond);
