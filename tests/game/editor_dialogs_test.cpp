@@ -116,6 +116,7 @@ TEST_F(editor_text_test, KeysTypeTheirCharacters) {
         {{key_shift, key_alt}, false, ""},
     };
     for (const auto& row : rows) {
+        screens.map_list_open = false;  // by ctrl and "o"
         text_entry_open_rule();
         frame();
         for (u32 code : row.held) {
@@ -221,6 +222,7 @@ TEST_F(editor_text_test, AConfirmedTextServesItsOwnPurpose) {
          "y", ""},
         {"mxel", "old", ""},
         {"rxl", "old", ""},
+        {"rx+nmy+n", "x", "y"},
         {"rx+rn", "old", ""},
     };
     for (const auto& row : rows) {
@@ -254,7 +256,10 @@ TEST_F(editor_text_test, TheDialogIsDrawnOverTheEditor) {
     EXPECT_EQ(selection.target_state, 1);
     click(-352, 384);
     EXPECT_EQ(settings.deck_copies, 0);  // the spinners do not
-    steps_apply("-");
+    for (const char* closing : {"-", "r+", "re"}) {
+        steps_apply(closing);
+        EXPECT_FALSE(screens.text_entry_open) << closing;
+    }
     selection = {0, no_index};
     steps_apply("nr");
     EXPECT_FALSE(screens.text_entry_open);  // no transition, no rule
@@ -304,8 +309,8 @@ TEST_F(editor_goal_test, CardsStepAllTheirFields) {
     struct {
         i64 ups;
         card after;
-    } const rows[] = {{-2, {4, 4, 5}}, {-1, {5, 5, 6}}, {0, {0, 0, 0}}, {1, {1, 1, 1}},
-                      {5, {5, 5, 5}},  {6, {0, 0, 6}},  {7, {1, 1, 1}}};
+    } const rows[] = {{-7, {5, 5, 6}}, {-2, {4, 4, 5}}, {-1, {5, 5, 6}}, {0, {0, 0, 0}},
+                      {1, {1, 1, 1}},  {5, {5, 5, 5}},  {6, {0, 0, 6}},  {7, {1, 1, 1}}};
     for (const auto& row : rows) {
         open(turing_machine);
         goal_editing.goal_dialog_open = true;
@@ -342,12 +347,12 @@ TEST_F(editor_goal_test, GoalsAreAddedBrowsedAndRemoved) {
         EXPECT_EQ(lines_with(" 0 -360"),
                   "\"sum %ex%a%ctly " + std::to_string(row.shown) + "\" 0 -360\n");
     }
-    goal_editing.goal_cursor = -2;
+    goal_editing.goal_cursor = -3;
     click(96, 304);
     ASSERT_EQ(goals.count, 2);
-    EXPECT_EQ(goals[0].target, 0);
+    EXPECT_EQ(goals[0].target, 1);
     EXPECT_EQ(goals[1].target, 2);
-    EXPECT_EQ(goal_editing.goal_cursor, 1);
+    EXPECT_EQ(goal_editing.goal_cursor, 0);
     for (int i = 0; i < 3; ++i) {
         click(96, 304);
     }

@@ -31,7 +31,8 @@ std::string board_text() {
              << arc.label_dy << ' ' << string_of(arc.rule) << ')';
     }
     auto number = [](u16 index) { return index == no_index ? "-" : std::to_string(index); };
-    text << " @" << number(selection.selected_state) << number(selection.target_state);
+    text << " @" << number(selection.selected_state) << number(selection.target_state)
+         << number(selection.selected_transition);
     return text.str();
 }
 
@@ -158,38 +159,38 @@ TEST_F(editor_test, KeysDoWhatTheSelectionAllows) {
         const char* letters;
         std::string after;
     } const rows[] = {
-        {no_index, no_index, "23ijkluoDS-/+", same + " @--"},
-        {no_index, no_index, "1", added + "]" + arcs + " @3-"},
-        {no_index, no_index, "11", ".0,0 *96,0 .192,0 .96,64 .96,64 [010]" + arcs + " @4-"},
-        {no_index, no_index, "13", added + "3]" + arcs + " @3-"},
-        {0, no_index, "2o", same + " @0-"},
-        {0, no_index, "jjk", ".-64,-32 *96,0 .192,0 [010]" + arcs + " @0-"},
-        {0, no_index, "lii", ".32,64 *96,0 .192,0 [010]" + arcs + " @0-"},
-        {0, no_index, "u", "*0,0 *96,0 .192,0 [010]" + arcs + " @0-"},
-        {1, no_index, "o", ".0,0 .96,0 .192,0 [010]" + arcs + " @1-"},
-        {2, no_index, "3+", states + "[01022]" + arcs + " @2-"},
-        {0, no_index, "S", states + "[01]" + arcs + " @0-"},
-        {0, no_index, "//", states + "[1]" + arcs + " @0-"},
-        {0, no_index, "S/S/", states + "[1]" + arcs + " @0-"},
-        {2, no_index, "D", ".0,0 *96,0 [010] 0>1(0 0 0 A) 1>1(90 0 0 b) @--"},
-        {0, no_index, "-", ".192,0 *96,0 [1] 1>1(90 0 0 b) 1>0(0 0 0 ) @--"},
-        {1, no_index, "D", ".0,0 .192,0 [00] @--"},
-        {1, no_index, "DD", ".0,0 .192,0 [00] @--"},
-        {0, 1, "3+/", same + " @01"},
-        {0, 1, "jji", states + "[010] 0>1(0 -64 32 A)" + later_arcs + " @01"},
-        {0, 1, "lkk", states + "[010] 0>1(0 32 -64 A)" + later_arcs + " @01"},
-        {0, 1, "ooou", states + "[010] 0>1(-2 0 0 A)" + later_arcs + " @01"},
-        {0, 1, "2u", states + "[010] 0>1(1 0 0 A)" + later_arcs + " 0>1(0 0 0 ) @01"},
-        {0, 1, "D", states + "[010] 1>1(90 0 0 b) 1>2(0 0 0 ) @01"},
-        {0, 1, "--S", states + "[010] 1>1(90 0 0 b) 1>2(0 0 0 ) @01"},
-        {0, 1, "1", added + "]" + arcs + " @3-"},
-        {1, 2, "ijklu", states + "[010] 0>1(0 0 0 A) 1>2(1 0 0 ) 1>1(90 0 0 b) @12"},
-        {1, 1, "uul", states + "[010] 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(180 32 0 b) @11"},
-        {1, 1, "o", states + "[010] 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(45 0 0 b) @11"},
-        {2, 0, "ijkluoDS-/+3", same + " @20"},
-        {2, 0, "2o", states + "[010]" + arcs + " 2>0(-1 0 0 ) @20"},
-        {3, no_index, "3ijkluoDS-/+", same + " @--"},
-        {0, 9, "u", "*0,0 *96,0 .192,0 [010]" + arcs + " @0-"},
+        {no_index, no_index, "23ijkluoDS-/+", same + " @---"},
+        {no_index, no_index, "1", added + "]" + arcs + " @3--"},
+        {no_index, no_index, "11", ".0,0 *96,0 .192,0 .96,64 .96,64 [010]" + arcs + " @4--"},
+        {no_index, no_index, "13", added + "3]" + arcs + " @3--"},
+        {0, no_index, "2o", same + " @0--"},
+        {0, no_index, "jjk", ".-64,-32 *96,0 .192,0 [010]" + arcs + " @0--"},
+        {0, no_index, "lii", ".32,64 *96,0 .192,0 [010]" + arcs + " @0--"},
+        {0, no_index, "u", "*0,0 *96,0 .192,0 [010]" + arcs + " @0--"},
+        {1, no_index, "o", ".0,0 .96,0 .192,0 [010]" + arcs + " @1--"},
+        {2, no_index, "3+", states + "[01022]" + arcs + " @2--"},
+        {0, no_index, "S", states + "[01]" + arcs + " @0--"},
+        {0, no_index, "//", states + "[1]" + arcs + " @0--"},
+        {0, no_index, "S/S/", states + "[1]" + arcs + " @0--"},
+        {2, no_index, "D", ".0,0 *96,0 [010] 0>1(0 0 0 A) 1>1(90 0 0 b) @---"},
+        {0, no_index, "-", ".192,0 *96,0 [1] 1>1(90 0 0 b) 1>0(0 0 0 ) @---"},
+        {1, no_index, "D", ".0,0 .192,0 [00] @---"},
+        {1, no_index, "DD", ".0,0 .192,0 [00] @---"},
+        {0, 1, "3+/", same + " @010"},
+        {0, 1, "jji", states + "[010] 0>1(0 -64 32 A)" + later_arcs + " @010"},
+        {0, 1, "lkk", states + "[010] 0>1(0 32 -64 A)" + later_arcs + " @010"},
+        {0, 1, "ooou", states + "[010] 0>1(-2 0 0 A)" + later_arcs + " @010"},
+        {0, 1, "2u", states + "[010] 0>1(1 0 0 A)" + later_arcs + " 0>1(0 0 0 ) @010"},
+        {0, 1, "D", states + "[010] 1>1(90 0 0 b) 1>2(0 0 0 ) @01-"},
+        {0, 1, "--S", states + "[010] 1>1(90 0 0 b) 1>2(0 0 0 ) @01-"},
+        {0, 1, "1", added + "]" + arcs + " @3-0"},
+        {1, 2, "iju", states + "[010] 0>1(0 0 0 A) 1>2(1 0 0 ) 1>1(90 0 0 b) @121"},
+        {1, 1, "uul", states + "[010] 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(180 32 0 b) @112"},
+        {1, 1, "o", states + "[010] 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(45 0 0 b) @112"},
+        {2, 0, "ijkluoDS-/+3", same + " @20-"},
+        {2, 0, "2o", states + "[010]" + arcs + " 2>0(-1 0 0 ) @203"},
+        {3, no_index, "3ijkluoDS-/+", same + " @---"},
+        {0, 9, "u", "*0,0 *96,0 .192,0 [010]" + arcs + " @0--"},
     };
     open(pushdown_machine);
     for (const auto& row : rows) {
@@ -260,34 +261,53 @@ TEST_F(editor_test, RemovingAStateKeepsWhatDoesNotTouchIt) {
     }
 }
 
-TEST_F(editor_test, CtrlKeysSaveAndOpen) {
-    file_put("maps/first", "map 0 0 1\n* 5 5\n* 9 9\n=> 0 1 3\n");
+TEST_F(editor_test, ASelectionDroppedInTheFrameOfARemovalIsForgottenWhole) {
     open(pushdown_machine);
     sample_make(0, 1);
-    current_catalogue = &catalogues[pushdown_machine];
+    headless_key_press(key_delete);
+    click(0, 200, mouse_right);
+    EXPECT_EQ(board_text(), ".192,0 *96,0 [1] 1>1(90 0 0 b) 1>0(0 0 0 ) @---");
+}
+
+TEST_F(editor_test, CtrlOpensMapsAndSaves) {
+    file_put("maps/first", "map 0 0 1\n* 5 5\n* 9 9\n=> 0 1 3\n");
+    const catalogue_entry entries[] = {{"first", "maps/first"}, {"second", "maps/second"}};
+    struct {
+        u16 selected, target;
+        i64 listed;
+        std::string after;
+    } const rows[] = {
+        {0, 1, 0, std::string(sample) + " @010"},    // an empty list loads nothing
+        {0, 1, 2, "*5,5 *9,9 [] 0>1(3 0 0 ) @010"},  // and is not bent by the "o"
+        {1, 1, 2, "*5,5 *9,9 [] 0>1(3 0 0 ) @11-"},
+        {2, 1, 2, "*5,5 *9,9 [] 0>1(3 0 0 ) @---"},
+    };
+    open(pushdown_machine);
     headless_key_hold(key_ctrl);
-    key(key_o);
-    EXPECT_TRUE(screens.map_list_open);
-    EXPECT_EQ(selected_entry, 0);
-    EXPECT_EQ(board_text(), std::string(sample) + " @01");  // an empty list loads nothing
-    screens.map_list_open = false;
-    dyn_array_push(*current_catalogue, {"first", "maps/first"});
-    dyn_array_push(*current_catalogue, {"second", "maps/second"});
-    selected_entry = 1;
-    key(key_o);
-    EXPECT_EQ(selected_entry, 0);
-    EXPECT_EQ(board_text(), "*5,5 *9,9 [] 0>1(3 0 0 ) @01");  // not bent by the "o"
-    screens.map_list_open = false;
-    selection = {2, 0};
-    key(key_o);
-    EXPECT_EQ(board_text(), "*5,5 *9,9 [] 0>1(3 0 0 ) @--");
-    screens.map_list_open = false;
+    current_catalogue = &catalogues[pushdown_machine];
+    for (const auto& row : rows) {
+        current_catalogue->count = 0;
+        for (i64 i = 0; i < row.listed; ++i) {
+            dyn_array_push(*current_catalogue, entries[i]);
+        }
+        selected_entry = 1;
+        sample_make(row.selected, row.target);
+        key(key_o);
+        EXPECT_TRUE(screens.map_list_open);
+        EXPECT_EQ(selected_entry, 0);
+        EXPECT_EQ(board_text(), row.after);
+        screens.map_list_open = false;
+    }
+    goal_editing.goal_dialog_open = true;
+    sample_make(0, 1);
     key(key_s);
     EXPECT_TRUE(screens.text_entry_open);
     EXPECT_TRUE(is_drawn("\"Map name\" 0 64"));
     headless_key_release(key_ctrl);
     key(key_escape);
-    EXPECT_TRUE(screens.title_menu_open && !screens.editor_open && !screens.text_entry_open);
+    EXPECT_TRUE(screens.title_menu_open && !screens.editor_open);
+    EXPECT_FALSE(screens.text_entry_open || goal_editing.goal_dialog_open);
+    EXPECT_EQ(board_text(), std::string(sample) + " @---");  // in play it would be a move
 }
 
 }  // namespace

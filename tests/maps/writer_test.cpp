@@ -156,7 +156,9 @@ class save_test : public game_test {
 };
 
 TEST_F(save_test, ASavedMapIsAnnouncedWrittenAndListedOnce) {
+    i64 memory = arenas[arena_persistent].offset;
     EXPECT_EQ(save("my-map!"), "saving map my-map! as custom_pushdown_machines/my_map_\n");
+    EXPECT_LT(arenas[arena_persistent].offset - memory, 150);  // the name, the path and the list
     EXPECT_EQ(file_get("custom_pushdown_machines/my_map_"), pushdown_map);
     std::string list = std::string(earlier_list) + "my-map! custom_pushdown_machines/my_map_\n";
     EXPECT_EQ(file_get(catalogue_file), list);
