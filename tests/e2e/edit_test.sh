@@ -4,6 +4,7 @@
 # be.
 
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
+source tests/e2e/screens.sh
 
 # Waits until everything sent so far was taken: the help comes and goes, seen at a place where it
 # darkens the board or the panel of a menu.
@@ -24,6 +25,14 @@ click_at() {
 clicks_at() {
     for _ in $(seq "$1"); do
         click_at "$2" "$3"
+    done
+}
+
+# Pushes buttons of the menus.
+tap() {
+    for button in "$@"; do
+        push "$button"
+        settle
     done
 }
 
@@ -60,7 +69,7 @@ expect_list() {
 # From the title menu, where the family is shown: a plain state with a stone and an accepting one,
 # 256 apart, a transition between them with a rule of that one character, and "all accepting".
 map_draw() {
-    click_at 304 -336
+    tap editor
     press_over -128 0 1
     press 3
     press_over 128 0 1
@@ -88,29 +97,25 @@ map_save() {
 # Opens the map list from the editor and chooses its second map.
 map_list_open() {
     press_with ctrl o
-    click_at 160 304
+    tap map_after
 }
 
 # From the editor: one human seat plays the list's second map and moves the stone.
 map_play() {
     press Escape
-    click_at 0 -336
-    clicks_at 2 -160 320
-    click_at 0 -352
-    click_at 160 304
-    click_at 0 -336
+    tap play_game seats_fewer seats_fewer seats_ok map_after map_play
     click_at -128 0
     click_at 128 0
 }
 
 # From a won game: opens the map in the editor and changes its win mode and bend.
 map_change() {
-    pixel_wait 150 160 "0 0 43" # the winner's banner
+    wait_until winner_is_shown red
     screenshot "edit_won_$family"
     press Escape Escape
-    click_at 304 -336
+    tap editor
     map_list_open
-    click_at 0 -336
+    tap map_edit
     click_at -280 -296
     pair_select
     press u
@@ -132,7 +137,7 @@ for family in state pushdown turing; do
     printf 'base maps/base\n' >"$work/player/resources/${family}_maps.txt"
 done
 game_start 1024x832
-pixel_wait 4 4 "0 0 123"
+wait_until title_is_shown
 
 say "a pushdown machine"
 family=pushdown
@@ -160,7 +165,7 @@ turing_text() {
     printf '%s\n' "map 0 0 1" "win $1" "deck 1 4 4 4" "tape 5" "goal 4 2 1 2 2 2" "stone 0" \
         ". -128 0" "* 128 0" "$2"
 }
-click_at 160 304
+tap family_after
 map_draw c
 click_at 280 -328
 click_at 96 336
