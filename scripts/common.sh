@@ -1,10 +1,11 @@
-# What scripts/play and scripts/test share. Sourced; leaves the project's root as working directory.
+# What the scripts share. Sourced; leaves the project's root as working directory.
 
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 build_packages=(g++ cmake ninja-build pkg-config libsdl2-dev libepoxy-dev libpng-dev
     libgl1-mesa-dri)
+window_packages=(xvfb xdotool x11-utils imagemagick dwm) # to drive the program on a virtual display
 
 say() {
     echo "== $*"

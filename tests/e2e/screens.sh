@@ -1,5 +1,5 @@
-# What the game's screens look like and where their buttons are, for the tests that play. Sourced
-# after the harness; the window is 1024 by 832.
+# What the game's screens look like and where their buttons are, for what plays it. Sourced after
+# the harness; the window is 1024 by 832.
 
 background="0 0 123" # 0.2 of linear blue
 panel="0 0 59"       # of a menu, over the background
@@ -11,14 +11,16 @@ highlight="186 108 48" # behind the selected card and the tape's head, over a ba
 plain="81 81 108"
 accepting="168 217 255"
 stone="73 100 151"
-declare -A seat_shade=([red]="146 0 0" [blue]="0 0 146")
+declare -A seat_shade=([red]="146 0 0" [blue]="0 0 146" [green]="0 146 0")
 shading=24
 declare -A ink=([red]="255 0 0" [blue]="0 0 255" [white]="255 255 255")
 
 declare -A buttons=(
-    [family_before]="352 112" [family_after]="672 112" [play_game]="512 752"
-    [seats_fewer]="352 96" [seats_ok]="512 768" [seats_back]="208 768"
-    [map_before]="352 112" [map_after]="672 112" [map_play]="512 752"
+    [family_before]="352 112" [family_after]="672 112"
+    [play_game]="512 752" [editor]="816 752"
+    [seats_fewer]="352 96" [seats_ok]="512 768" [second_seat_colour]="480 288"
+    [first_seat_stronger]="768 192" [second_seat_stronger]="768 288"
+    [map_before]="352 112" [map_after]="672 112" [map_play]="512 752" [map_edit]="512 752"
     [deck]="384 80" [end_turn]="944 80"
 )
 
@@ -28,7 +30,7 @@ push() {
 
 # Moves the mouse off everything that it would light up.
 mouse_aside() {
-    mouse_move 60 620
+    mouse_move 512 150
 }
 
 title_is_shown() {
@@ -76,10 +78,11 @@ seat_switch() {
     click 256 $((192 + 96 * $1))
 }
 
-# Clicks the set-up into a human red seat and a blue one, which is a computer if that is said.
+# Clicks the set-up into a human, red, and a normal computer, blue, which never draws by chance.
 seats_choose() {
     push seats_fewer
-    [ "${1:-}" != computer ] || seat_switch 1
+    seat_switch 1
+    push second_seat_stronger
     mouse_aside
 }
 
@@ -104,16 +107,18 @@ shipped_map() {
     sed -n '1s/.* //p' "resources/$1_maps.txt"
 }
 
-# Prints where the board shows those states of a map file that hold no stone, and their colours.
+# Prints where the board shows the states of a map file, and the colours seen there at its start.
 states_seen() {
-    awk -v accepting="$accepting" -v plain="$plain" '
+    awk -v accepting="$accepting" -v plain="$plain" -v stone="$stone" '
+        BEGIN { count = 0 }
         $1 == "map" { x = 512 + $2; y = 416 - $3; scale = $4 }
-        $1 == "stone" { taken[$2] = 1 }
+        $1 == "stone" { colours[$2] = stone }
         $1 ~ /^[*.$]$/ {
-            places[count++] = int(x + $2 * scale) " " int(y - $3 * scale) " " \
-                ($1 == "*" ? accepting : plain)
+            places[count] = int(x + $2 * scale) " " int(y - $3 * scale)
+            if (!(count in colours)) colours[count] = $1 == "*" ? accepting : plain
+            ++count
         }
-        END { for (i = 0; i < count; ++i) if (!(i in taken)) print places[i] }' "$1"
+        END { for (i = 0; i < count; ++i) print places[i], colours[i] }' "$1"
 }
 
 # Waits until the board shows all states of a map file.

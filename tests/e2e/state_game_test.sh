@@ -27,7 +27,7 @@ wait_until title_is_shown
 push family_before
 push play_game
 wait_until seats_are_shown
-seats_choose computer
+seats_choose
 seat_wait 0 red
 seat_wait 1 blue
 pixel_wait 416 384 "$panel" # no third seat

@@ -49,7 +49,7 @@ wait_until title_is_shown
 push family_after
 push play_game
 wait_until seats_are_shown
-seats_choose computer
+seats_choose
 seat_wait 1 blue
 wait_until seat_is_computer 1
 push seats_ok
