@@ -87,8 +87,7 @@ i64 plain_score(const plain_move& move) {
             score += k != move.card_index && rule_matches(arc.rule, hand[k]) ? 16 : 0;
         }
         for (i64 value = 0; value < card_value_count && arc.from == move.target; ++value) {
-            card c = {static_cast<u8>(value / 36), static_cast<u8>(value / 6 % 6),
-                      static_cast<u8>(value % 6 + 1)};
+            card c = card_of_value(value);
             bool in_deck = c.colour < settings.deck_colours && c.shape < settings.deck_shapes &&
                            c.number <= settings.deck_numbers;
             score -= in_deck && rule_matches(arc.rule, c) ? 1 : 0;
@@ -240,40 +239,6 @@ TEST_F(computer_test, TheHardSeatWeighsItsCardsAgainstTheOthers) {
         computer_act();
         EXPECT_EQ(stones[0], row.target) << row.rule;
     }
-}
-
-TEST_F(computer_test, APushdownSeatDrawsOnceAndThenPasses) {
-    map_make(pushdown_machine, "..", {{0, 1, "F"}}, {0});
-    settings.win_mode = win_mode_count;
-    for (const char* seats : {"0H", "1H", "2H"}) {
-        turn = {};
-        seats_make(seats);
-        pile_set(players[0].hand, "Aa1");
-        pile_set(deck.cards, "Bb2 Cc3");
-        random_state before = random_generator;
-        computer_act();
-        EXPECT_EQ(pile_text(players[0].hand), "Aa1 Cc3");
-        EXPECT_EQ(turn.think_timer, 0.25);
-        EXPECT_EQ(turn.current_player, 0);
-        computer_act();
-        EXPECT_EQ(pile_text(players[0].hand), "Aa1 Cc3");
-        EXPECT_EQ(turn.current_player, 1);
-        EXPECT_EQ(random_generator, before);
-    }
-}
-
-TEST_F(computer_test, TheEasySeatDrawsInOneDecisionOfFive) {
-    map_make(pushdown_machine, "..", {{0, 0, "*"}}, {0});
-    seats_make("0");
-    i64 drawn = 0;
-    for (int i = 0; i < 1000; ++i) {
-        turn = {};
-        pile_set(players[0].hand, "Aa1");
-        computer_act();
-        drawn += turn.card_drawn;
-    }
-    EXPECT_GT(drawn, 150);
-    EXPECT_LT(drawn, 250);
 }
 
 // 20,000 transitions and a hand of 10,000 cards: a list of the moves would fill the frame arena

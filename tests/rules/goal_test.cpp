@@ -8,6 +8,7 @@ namespace {
 using goal_test = game_test;
 
 TEST_F(goal_test, MeasuresCountTheTape) {
+    // clang-format off
     struct {
         u8 measure;
         const char *tape, *a, *b;
@@ -27,9 +28,9 @@ TEST_F(goal_test, MeasuresCountTheTape) {
         {measure_either_shape, "Aa3 Bc3 Ab5", "Fb6", "Fa6", 2},
         {measure_either_number, "Aa3 Bc3 Ab5", "Ff3", "Ff5", 3},
         {measure_either_number, "Aa3 Bc3 Ab5", "Ff3", "Ff3", 2},
-        {measure_count, "Aa3", "Aa3", "Aa3", 0},
-        {255, "Aa3", "Aa3", "Aa3", 0},
+        {measure_count, "Aa3", "Aa3", "Aa3", 0}, {255, "Aa3", "Aa3", "Aa3", 0},
     };
+    // clang-format on
     settings.deck_numbers = 6;
     for (const auto& row : rows) {
         pile_set(tape, row.tape);
@@ -39,12 +40,10 @@ TEST_F(goal_test, MeasuresCountTheTape) {
         EXPECT_EQ(goal_count(g), 0);
     }
     pile_set(tape, "Aa5 Aa4");
-    settings.deck_numbers = 4;
-    EXPECT_EQ(goal_count({measure_distinct_numbers, 0, 0, {}, {}}), 1);
-    settings.deck_numbers = -1;
-    EXPECT_EQ(goal_count({measure_distinct_numbers, 0, 0, {}, {}}), 0);
-    settings.deck_numbers = i64{1} << 40;
-    EXPECT_EQ(goal_count({measure_distinct_numbers, 0, 0, {}, {}}), 2);
+    for (auto [numbers, count] : {std::pair<i64, i64>{4, 1}, {-1, 0}, {i64{1} << 40, 2}}) {
+        settings.deck_numbers = numbers;
+        EXPECT_EQ(goal_count({measure_distinct_numbers, 0, 0, {}, {}}), count);
+    }
 }
 
 TEST_F(goal_test, ComparisonsAreSigned) {

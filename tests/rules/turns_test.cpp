@@ -239,11 +239,4 @@ TEST_F(turns_test, ActionsWriteTheTapeAndMoveItsHead) {
     }
 }
 
-TEST_F(turns_test, TheFirstStoneOnAStateIsFound) {
-    map_make(state_machine, "..", {}, {1, 0, 1, 70});
-    EXPECT_EQ(stone_find(1), 0);
-    EXPECT_EQ(stone_find(0), 1);
-    EXPECT_EQ(stone_find(7), no_index);
-}
-
 }  // namespace

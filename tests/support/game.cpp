@@ -70,34 +70,19 @@ std::string file_get(const std::string& path) {
 }
 
 std::string text_broken(std::string text, std::mt19937_64& random) {
-    const std::string words[] = {"\"",
-                                 " ",
-                                 "\n",
-                                 "-",
-                                 ".",
-                                 "goal ",
-                                 "=> ",
-                                 "stone 70000",
-                                 "map ",
-                                 "99999999999999999999",
-                                 std::string(1, '\0'),
-                                 "\xff"};
+    constexpr std::string_view words[] = {"\"",   " ",
+                                          "\n",   "-",
+                                          ".",    "goal ",
+                                          "=> ",  "stone 70000",
+                                          "map ", "99999999999999999999",
+                                          "\xff", std::string_view("\0", 1)};
     for (u64 changes = 1 + random() % 8; changes > 0; --changes) {
         std::size_t place = random() % (text.size() + 1);
-        switch (random() % 4) {
-            case 0:
-                text.insert(place, words[random() % std::size(words)]);
-                break;
-            case 1:
-                text.erase(place, random() % 12);
-                break;
-            case 2:
-                text.insert(place, text.substr(random() % (text.size() + 1), random() % 60));
-                break;
-            default:
-                text.resize(place);
-                text += static_cast<char>(random());
+        std::string piece(words[random() % std::size(words)]);
+        if (random() % 2 == 0) {
+            piece = text.substr(random() % (text.size() + 1), random() % 60);
         }
+        text.replace(place, random() % 16 == 0 ? text.npos : random() % 12, piece);
     }
     return text;
 }
@@ -134,6 +119,11 @@ void seats_make(std::string_view kinds) {
 card card_of(std::string_view text) {
     return {static_cast<u8>(text[0] - 'A'), static_cast<u8>(text[1] - 'a'),
             static_cast<u8>(text[2] - '0')};
+}
+
+card card_of_value(i64 value) {
+    return {static_cast<u8>(value / 36), static_cast<u8>(value / 6 % 6),
+            static_cast<u8>(value % 6 + 1)};
 }
 
 void pile_set(dyn_array<card>& pile, std::string_view text) {
