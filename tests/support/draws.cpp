@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <sstream>
 
 #include "render/font.h"
 #include "shell/camera.h"
@@ -79,25 +78,19 @@ bool is_icon(const gpu_draw& draw) {
 }
 
 char icon_letter_of(const gpu_draw& draw) {
-    for (char i = 0; slot_of(draw) == texture_circle && i < 6; ++i) {
-        if (tint_of(draw) == colour_rgba(i)) {
-            return static_cast<char>('A' + i);
-        }
+    texture_slot slot = slot_of(draw);
+    const colour* dot = std::ranges::find(card_colours, tint_of(draw));
+    if (slot == texture_circle && dot != std::end(card_colours)) {
+        return static_cast<char>('A' + (dot - card_colours));
     }
-    return slot_of(draw) == texture_eye          ? 'T'
-           : slot_of(draw) == texture_similarity ? '~'
-                                                 : static_cast<char>('a' + slot_of(draw));
+    return slot == texture_eye          ? 'T'
+           : slot == texture_similarity ? '~'
+                                        : static_cast<char>('a' + slot);
 }
 
+// The font's cells stand in 16 rows of 16.
 char letter_of(const gpu_draw& draw) {
-    const auto& part = draw.uv_rect;
-    auto shows = [&](const glyph& g) {
-        return static_cast<f32>(g.u) == part[0] && static_cast<f32>(g.v) == part[1] &&
-               static_cast<f32>(g.width) == part[2] && static_cast<f32>(g.height) == part[3];
-    };
-    const glyph* end = std::cend(font.glyphs);
-    const glyph* found = std::find_if(std::cbegin(font.glyphs), end, shows);
-    return found == end ? '\0' : static_cast<char>(found - font.glyphs);
+    return static_cast<char>(draw.uv_rect[0] * 16 + draw.uv_rect[1] * 256);
 }
 
 // What the text holds for one draw: an icon's letter, a letter, or with icons an escaped letter.
@@ -139,18 +132,24 @@ drawn_text text_of(const draw_group& group) {
     return text;
 }
 
-testing::AssertionResult text_find(std::string_view text, const char* how, point at,
-                                   point drawn_text::*place) {
-    std::ostringstream others;
-    for (const drawn_text& t : texts_drawn()) {
-        point there = t.*place;
-        if (t.text == text && near(there.x, at.x) && near(there.y, at.y)) {
-            return testing::AssertionSuccess();
-        }
-        others << "\n  \"" << t.text << "\" " << how << " (" << there.x << ", " << there.y << ")";
+// With all that was drawn, for the message.
+testing::AssertionResult found_among_drawn(bool found) {
+    testing::AssertionResult result(found);
+    for (const auto& [slot, place, tint, draw] : pictures_drawn()) {
+        result << "\n  picture " << int{slot} << " at (" << place.x << ", " << place.y << "), "
+               << place.width << " by " << place.height;
     }
-    return testing::AssertionFailure() << "no text \"" << text << "\" " << how << " (" << at.x
-                                       << ", " << at.y << "); there is" << others.str();
+    for (const drawn_text& text : texts_drawn()) {
+        result << "\n  \"" << text.text << "\" starts at (" << text.start.x << ", " << text.start.y
+               << "), centred at (" << text.centre.x << ", " << text.centre.y << ")";
+    }
+    return result;
+}
+
+testing::AssertionResult text_is_at(std::string_view text, point at, point drawn_text::*place) {
+    return found_among_drawn(std::ranges::any_of(texts_drawn(), [&](const drawn_text& t) {
+        return t.text == text && near((t.*place).x, at.x) && near((t.*place).y, at.y);
+    }));
 }
 
 }  // namespace
@@ -203,25 +202,16 @@ std::vector<drawn_text> texts_drawn() {
 }
 
 testing::AssertionResult picture_is_at(texture_slot slot, box place) {
-    std::ostringstream others;
-    for (const drawn_picture& picture : pictures_drawn()) {
-        const box& there = picture.place;
-        if (picture.slot == slot && near(there.x, place.x) && near(there.y, place.y) &&
-            near(there.width, place.width) && near(there.height, place.height)) {
-            return testing::AssertionSuccess();
-        }
-        others << "\n  picture " << int{picture.slot} << " at (" << there.x << ", " << there.y
-               << "), " << there.width << " by " << there.height;
-    }
-    return testing::AssertionFailure()
-           << "no picture " << int{slot} << " at (" << place.x << ", " << place.y << "), "
-           << place.width << " by " << place.height << "; there is" << others.str();
+    return found_among_drawn(std::ranges::any_of(pictures_drawn(), [&](const drawn_picture& p) {
+        return p.slot == slot && near(p.place.x, place.x) && near(p.place.y, place.y) &&
+               near(p.place.width, place.width) && near(p.place.height, place.height);
+    }));
 }
 
 testing::AssertionResult text_is_centred_at(std::string_view text, f64 x, f64 y) {
-    return text_find(text, "centred at", {x, y}, &drawn_text::centre);
+    return text_is_at(text, {x, y}, &drawn_text::centre);
 }
 
 testing::AssertionResult text_starts_at(std::string_view text, f64 x, f64 y) {
-    return text_find(text, "starts at", {x, y}, &drawn_text::start);
+    return text_is_at(text, {x, y}, &drawn_text::start);
 }
