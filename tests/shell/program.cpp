@@ -16,6 +16,14 @@ constexpr const char* picture_names[] = {
     "gradient3",      "player",   "next_turn2", "self_arrow", "state_machine", "pushdown_machine",
     "turing_machine", "window"};
 
+constexpr struct {
+    const char* name;
+    bool screen_flags::*flag;
+} screen_names[] = {{"title ", &screen_flags::title_menu_open},
+                    {"setup ", &screen_flags::player_setup_open},
+                    {"list ", &screen_flags::map_list_open},
+                    {"editor ", &screen_flags::editor_open}};
+
 std::string font_text() {
     std::ostringstream text;
     text << "i font.png\n";
@@ -158,6 +166,20 @@ void press_button(std::string_view label) {
         }
     }
     ADD_FAILURE() << "no button \"" << label << "\" in\n" << screen_text();
+}
+
+std::string screens_open() {
+    std::string names;
+    for (const auto& screen : screen_names) {
+        names += screens.*screen.flag ? screen.name : "";
+    }
+    return names;
+}
+
+void screens_set(std::string_view names) {
+    for (const auto& screen : screen_names) {
+        screens.*screen.flag = names.find(screen.name) != names.npos;
+    }
 }
 
 std::string screen_lines(const std::function<bool(std::string_view)>& wanted) {

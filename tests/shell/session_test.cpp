@@ -83,8 +83,7 @@ TEST_F(session_test, StateMachineForTwo) {
     key(key_space);
     EXPECT_FALSE(shows("wins!"));
     move_make(1, 2);
-    EXPECT_TRUE(shows("\"Red wins!\"") || shows("\"Blue wins!\"")) << screen_text();
-    EXPECT_EQ(turn.winner, 0);
+    EXPECT_TRUE(shows("\"Red wins!\"")) << screen_text();
     key(key_space);
     EXPECT_FALSE(shows("wins!"));
     EXPECT_TRUE(is_drawn("player -152 -24 48 48 (0.2 0.4 1 1)"));
