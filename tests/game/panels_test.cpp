@@ -1,7 +1,4 @@
 #include "game/hand_panel.h"
-
-#include <algorithm>
-
 #include "rules/cards.h"
 #include "tests/shell/program.h"
 
@@ -24,12 +21,6 @@ class panels_test : public program_test {
     }
 };
 
-void mouse_hold(f64 x, f64 y) {
-    point_at(x, y);
-    headless_mouse_press(mouse_left);
-    frame();
-}
-
 // The cards of the hand and their highlights.
 std::string hand_lines() {
     return screen_lines([](std::string_view line) {
@@ -41,94 +32,88 @@ std::string thumb_line() {
     return lines_with(" -256 ");
 }
 
-// What the turn's state shows of cover, banner, counts and hand.
+// What the turn's state shows of cover, banner, counts, hand and goal.
 std::string overlays_shown() {
     std::string shown;
     shown += lines_with("to continue").empty() ? "" : "cover ";
     shown += lines_with("to restart").empty() ? "" : "banner ";
     shown += lines_with(" card").empty() ? "" : "counts ";
     shown += hand_lines().empty() ? "" : "hand ";
+    shown += is_drawn("\"num A or B %ex%a%ctly -2\" 0 -328") ? "goal " : "";
     return shown;
 }
 
-TEST_F(panels_test, PilesOfAPushdownGame) {
+TEST_F(panels_test, PilesAndTapeAreDrawn) {
     const std::string back = "gradient1 -192 272 128 128\n";
     const std::string top =
         "white 64 272 128 128 (0 0.14 0 1)\ntriangle 64 272 128 128 (0 1 0 1)\n";
-    const struct {
+    const std::string row =
+        "white -136 272 128 128 (0.14 0 0 1)\ncircle -136 272 128 128 (1 0 0 1)\n"
+        "white -8 256 160 160 (1 0.3 0 0.5)\nwhite 8 272 128 128 (0 0 0.14 1)\n"
+        "circle 8 272 128 128 (0 0 1 1)\nwhite 152 272 128 128 (0.14 0 0 1)\n"
+        "circle 152 272 128 128 (1 0 0 1)\n";
+    struct {
         i64 kind;
-        const char *deck, *discard_pile;
-        std::string drawn;
-        // clang-format off
-    } rows[] = {
-        {pushdown_machine, "Aa1", "Aa2 Cb1", back + top}, {pushdown_machine, "Aa1", "", back},
-        {pushdown_machine, "", "", ""}, {state_machine, "Aa1", "Cb1", ""},
+        const char *deck, *discard;
+        std::string shown;
+    } const rows[] = {
+        {pushdown_machine, "Aa1 Aa1", "Aa2 Cb1", back + top},
+        {pushdown_machine, "Aa1", "", back},
+        {pushdown_machine, "", "", ""},
+        {state_machine, "Aa1", "Aa1", ""},
+        {turing_machine, "Aa1", "Aa1", row},
     };
-    // clang-format on
-    for (const auto& row : rows) {
-        machine_kind = row.kind;
-        pile_set(deck.cards, row.deck);
-        pile_set(discard_pile.cards, row.discard_pile);
-        frame();
-        EXPECT_EQ(lines_with(" 272 128 128"), row.drawn);
-    }
-}
-
-TEST_F(panels_test, TapeWithItsHead) {
-    machine_kind = turing_machine;
     settings.tape_length = 2;  // centres the row, whatever the tape holds
     pile_set(tape, "Aa1 Ba1 Aa1");
     tape_head = 1;
-    frame();
-    auto white_squares = [](std::string_view line) {
-        return line.find("white") == 0 &&
-               (line.find(" 128 128 (") != line.npos || line.find(" 160 160 (") != line.npos);
-    };
-    EXPECT_EQ(screen_lines(white_squares),
-              "white -136 272 128 128 (0.14 0 0 1)\n"
-              "white -8 256 160 160 (1 0.3 0 0.5)\n"
-              "white 8 272 128 128 (0 0 0.14 1)\n"
-              "white 152 272 128 128 (0.14 0 0 1)\n");
-    tape_head = 3;
-    machine_kind = state_machine;
-    frame();
-    EXPECT_EQ(lines_with("(1 0.3 0 0.5)") + lines_with(" 272 128"), "");
+    for (const auto& [kind, deck_cards, discarded, shown] : rows) {
+        machine_kind = kind;
+        pile_set(deck.cards, deck_cards);
+        pile_set(discard_pile.cards, discarded);
+        frame();
+        EXPECT_EQ(screen_lines([](auto line) {
+                      return line.find(" 272 128 128") != line.npos ||
+                             line.find(" 256 160 160") != line.npos;
+                  }),
+                  shown);
+    }
 }
 
 TEST_F(panels_test, StatusLines) {
-    const struct {
+    struct {
         i64 kind;
         u8 win_mode;
-        const char* reds;
-        // clang-format off
-    } rows[] = {
-        {state_machine, 0, "\"state machine!\" -405 384 (1 0 0 1)\n\"immediate\" -437.5 352 (1 0 0 1)\n"},
-        {pushdown_machine, 1, "\"pushdown machine!\" -385.5 384 (1 0 0 1)\n\"all accepting\" -411.5 352 (1 0 0 1)\n"},
-        {turing_machine, 2, "\"turing machine!\" -398.5 384 (1 0 0 1)\n\"any accepting\" -411.5 352 (1 0 0 1)\n"},
-        {state_machine, 3, "\"state machine!\" -405 384 (1 0 0 1)\n"},
-        {state_machine, 255, "\"state machine!\" -405 384 (1 0 0 1)\n"},
+        const char *family, *win;
+    } const rows[] = {
+        {state_machine, 0, "state machine!", "immediate"},
+        {pushdown_machine, 1, "pushdown machine!", "all accepting"},
+        {turing_machine, 2, "turing machine!", "any accepting"},
+        {state_machine, 3, "state machine!", ""},
+        {state_machine, 255, "state machine!", ""},
     };
-    // clang-format on
     players[0].colour_index = 4;
     for (const auto& row : rows) {
         machine_kind = row.kind;
         settings.win_mode = row.win_mode;
         frame();
-        EXPECT_EQ(lines_with("(1 0 0 1)"), row.reds);
+        EXPECT_TRUE(text_starts_at(row.family, 16, 784));
+        EXPECT_TRUE(*row.win == '\0' || text_starts_at(row.win, 16, 752));
+        EXPECT_TRUE(text_starts_at("turn:", 16, 720));
+        std::string reds = lines_with("(1 0 0 1)");
+        EXPECT_EQ(std::count(reds.begin(), reds.end(), '\n'), *row.win == '\0' ? 1 : 2);
         EXPECT_EQ(lines_with("(0.3 0 1 1)"),
                   "player -416 304 32 32 (0.3 0 1 1)\n\"turn:\" -463.5 320 (0.3 0 1 1)\n");
     }
 }
 
 TEST_F(panels_test, TheTurnDecidesWhatCoversTheBoard) {
-    const struct {
+    struct {
         i64 kind;
         const char* seats;
         bool revealed;
         u8 winner;
         const char* shown;
-        // clang-format off
-    } rows[] = {
+    } const rows[] = {
         {pushdown_machine, "HH", false, no_winner, "cover counts "},
         {pushdown_machine, "HH", true, no_winner, "hand "},
         {pushdown_machine, "H0", false, no_winner, "counts "},
@@ -136,14 +121,15 @@ TEST_F(panels_test, TheTurnDecidesWhatCoversTheBoard) {
         {pushdown_machine, "HH", false, 1, "banner counts "},
         {pushdown_machine, "H", true, 0, "banner hand "},
         {turing_machine, "HH", false, no_winner, "cover "},
-        {turing_machine, "HH", true, no_winner, "hand "},
+        {turing_machine, "HH", true, no_winner, "hand goal "},
+        {state_machine, "HH", false, no_winner, "cover "},
         {state_machine, "HH", true, no_winner, ""},
     };
-    // clang-format on
     for (const auto& row : rows) {
         machine_kind = row.kind;
         seats_make(row.seats);
         hand_set(1);
+        players[0].own_goal = {7, 0, -2, {0, 0, 1}, {1, 0, 1}};
         turn = {};
         turn.turn_revealed = row.revealed;
         turn.winner = row.winner;
@@ -154,28 +140,26 @@ TEST_F(panels_test, TheTurnDecidesWhatCoversTheBoard) {
 }
 
 TEST_F(panels_test, CoverAndBannerCarryTheSeatsColour) {
-    const struct {
-        const char *name, *tint;
-        // clang-format off
-    } rows[] = {{"Red", "1 0 0"}, {"Blue", "0 0 1"}, {"Green", "0 1 0"}, {"Yellow", "1 1 0"},
-                {"Purple", "0.3 0 1"}, {"Orange", "1 0.3 0"}};
-    // clang-format on
-    auto notice = [](std::string_view line) {
-        return line.find("800 600") != line.npos || line.find("Press") != line.npos ||
-               line.find("size 512") != line.npos;
-    };
-    const std::string box = "white -400 -300 800 600 (0 0 0 0.9)\n";
+    const char* const rows[][2] = {{"Red", "1 0 0"},      {"Blue", "0 0 1"},
+                                   {"Green", "0 1 0"},    {"Yellow", "1 1 0"},
+                                   {"Purple", "0.3 0 1"}, {"Orange", "1 0.3 0"}};
     machine_kind = turing_machine;
     players[1].own_goal = {4, 2, 3, {1, 0, 1}, {}};
+    const std::string box = "white -400 -300 800 600 (0 0 0 0.9)\n";
     for (u8 i = 0; i < 6; ++i) {
-        std::string tint = std::string(" (") + rows[i].tint + " 1)\n";
-        std::string name = std::string("\"") + rows[i].name;
+        std::string tint = std::string(" (") + rows[i][1] + " 1)\n";
+        std::string name = std::string("\"") + rows[i][0];
+        auto notice = [](auto line) {
+            return line.find("800 600") != line.npos || line.find("ress") != line.npos ||
+                   line.find("size 512") != line.npos;
+        };
         turn = {};
-        players[0].colour_index = players[1].colour_index = i;
+        players[0].colour_index = i;
         frame();
         EXPECT_EQ(screen_lines(notice), box + name + "'s turn\" 0 0 size 512" + tint +
                                             "\"Press <space> to continue\" 0 -64" + tint);
         turn.winner = 1;
+        players[1].colour_index = i;
         frame();
         EXPECT_EQ(screen_lines(notice), box + name + " wins!\" 0 0 size 512" + tint +
                                             "\"Press <space> to restart or <esc> to quit\" 0 -200" +
@@ -185,16 +169,17 @@ TEST_F(panels_test, CoverAndBannerCarryTheSeatsColour) {
 }
 
 TEST_F(panels_test, HandsAreCentredOrScrolled) {
-    const struct {
+    struct {
         i64 cards;
         const char *first, *last, *thumb;
-        // clang-format off
-    } rows[] = {
-        {0, "", "", ""}, {1, "white -64 ", "white -64 ", ""}, {7, "white -496 ", "white 368 ", ""},
+    } const rows[] = {
+        {0, "", "", ""},
+        {1, "white -64 ", "white -64 ", ""},
+        {5, "white -352 ", "white 224 ", ""},
+        {7, "white -496 ", "white 368 ", ""},
         {8, "white -496 ", "white 512 ", "white -496 -256 866.25 16 (0.3 0 1 1)\n"},
         {12, "white -496 ", "white 1088 ", "white -496 -256 574.8 16 (0.3 0 1 1)\n"},
     };
-    // clang-format on
     for (const auto& row : rows) {
         hand_set(row.cards);
         hand_row.hand_scroll = -1;
@@ -210,22 +195,23 @@ TEST_F(panels_test, HandsAreCentredOrScrolled) {
 
 TEST_F(panels_test, CardsAreSelectedByClicks) {
     hand_set(3);  // from -208 in steps of 144
-    const struct {
+    struct {
         f64 x, y;
         i64 selected;
-        // clang-format off
-    } rows[] = {
-        {-208, -400, 0}, {-208, -400, no_card}, {-81, -273, 0}, {-80, -300, 0}, {-64, -300, 1},
-        {-64, -401, 1}, {-64, -272, 1}, {80, -300, 2}, {80, -300, no_card}, {-208, -400, 0},
+    } const rows[] = {
+        {-208, -400, 0}, {-208, -400, no_card}, {-81, -273, 0}, {-80, -300, 0},      {-64, -300, 1},
+        {-64, -401, 1},  {-64, -272, 1},        {80, -300, 2},  {80, -300, no_card},
     };
-    // clang-format on
     for (const auto& row : rows) {
         click(row.x, row.y);
         EXPECT_EQ(selection.selected_card, row.selected) << row.x << ' ' << row.y;
     }
+    click(-208, -400);
     EXPECT_EQ(hand_lines(),
-              "white -224 -416 160 160 (1 0.3 0 0.5)\nwhite -208 -400 128 128 (0 0 0.14 1)\n"
-              "white -224 -416 160 160 (1 1 1 0.3)\nwhite -64 -400 128 128 (0 0 0.14 1)\n"
+              "white -224 -416 160 160 (1 0.3 0 0.5)\n"
+              "white -208 -400 128 128 (0 0 0.14 1)\n"
+              "white -224 -416 160 160 (1 1 1 0.3)\n"
+              "white -64 -400 128 128 (0 0 0.14 1)\n"
               "white 80 -400 128 128 (0 0 0.14 1)\n");
     selection = {};
     machine_kind = turing_machine;
@@ -235,11 +221,11 @@ TEST_F(panels_test, CardsAreSelectedByClicks) {
 }
 
 TEST_F(panels_test, OneCardATurnComesFromTheDeck) {
-    const struct {
+    struct {
         f64 x, y;
         const char* deck;
         bool drawn_before, hit;
-    } rows[] = {
+    } const rows[] = {
         {-192, 272, "Aa1 Bb2", false, true}, {-65, 399, "Bb2", false, true},
         {-64, 272, "Bb2", false, false},     {-192, 272, "Bb2", true, false},
         {-192, 272, "", false, false},
@@ -258,16 +244,16 @@ TEST_F(panels_test, OneCardATurnComesFromTheDeck) {
 
 TEST_F(panels_test, TheTurnEndsByItsSignAfterADraw) {
     players[0].colour_index = 3;
-    const struct {
+    struct {
         f64 x;
         bool drawn;
         const char* deck;
         bool ends;
-    } rows[] = {{368, true, "Aa1", true},
-                {495, true, "Aa1", true},
-                {367, true, "Aa1", false},
-                {368, true, "", false},
-                {368, false, "Aa1", false}};
+    } const rows[] = {{368, true, "Aa1", true},
+                      {495, true, "Aa1", true},
+                      {367, true, "Aa1", false},
+                      {368, true, "", false},
+                      {368, false, "Aa1", false}};
     for (const auto& row : rows) {
         turn = {};
         turn.turn_revealed = true;
@@ -282,48 +268,52 @@ TEST_F(panels_test, TheTurnEndsByItsSignAfterADraw) {
     }
 }
 
-TEST_F(panels_test, TheRowIsDragged) {
+TEST_F(panels_test, TheRowIsScrolled) {
     hand_set(12);  // row 1712, track 992
-    point_at(-400, -250);
-    frame();
-    EXPECT_EQ(thumb_line(), "white -496 -256 574.8 16 (0.5 0.3 1 1)\n");
-    mouse_hold(-400, -250);
-    EXPECT_EQ(thumb_line(), "white -496 -256 574.8 16 (0.1 0 0.5 1)\n");
-    point_at(-300, 300);  // anywhere while the button is held
-    frame();
-    EXPECT_NEAR(hand_row.hand_scroll, 100.0 / 992, 1e-12);
-    EXPECT_EQ(thumb_line(), "white -396 -256 574.8 16 (0.1 0 0.5 1)\n");
-    frame();
-    EXPECT_EQ(hand_lines().find("white -668.58 "), 0U) << hand_lines();
-    point_at(500, 0);
-    frame();
-    EXPECT_NEAR(hand_row.hand_scroll, 1 - 992.0 / 1712, 1e-12);
-    point_at(400, -250);
-    headless_mouse_release(mouse_left);
-    frame();
-    EXPECT_EQ(thumb_line(), "white -78.8 -256 574.8 16 (0.3 0 1 1)\n");
-    frame();
-    EXPECT_EQ(thumb_line(), "white -78.8 -256 574.8 16 (0.5 0.3 1 1)\n");
-}
-
-TEST_F(panels_test, TheWheelScrollsOverTheBottomBand) {
-    hand_set(12);
-    const struct {
-        f64 y, steps, scroll;
-    } rows[] = {{-300, -1, 0.03125}, {-241, -2, 0.09375},           {-240, -1, 0.09375},
-                {-300, 1, 0.0625},   {-300, -90, 1 - 992.0 / 1712}, {-300, 90, 0}};
+    // 'h' only points, 'p' presses as well, 'r' releases.
+    struct {
+        f64 x, y;
+        char act;
+        f64 wheel, scroll;
+        const char* tint;
+    } const rows[] = {
+        {-400, -250, 'h', 0, 0, "0.5 0.3 1 1"},
+        {-496, -256, 'p', 0, 0, "0.1 0 0.5 1"},
+        {-396, 300, 'h', 0, 100.0 / 992, "0.1 0 0.5 1"},  // anywhere while the button is held
+        {500, 0, 'h', 0, 1 - 992.0 / 1712, "0.1 0 0.5 1"},
+        {400, -250, 'r', 0, 1 - 992.0 / 1712, "0.3 0 1 1"},
+        {400, -250, 'h', 0, 1 - 992.0 / 1712, "0.5 0.3 1 1"},
+        {0, -300, 'h', 90, 0, "0.3 0 1 1"},
+        {78, -241, 'h', 0, 0, "0.5 0.3 1 1"},
+        {78, -241, 'p', 0, 0, "0.1 0 0.5 1"},  // the thumb's box
+        {78, -241, 'r', 0, 0, "0.3 0 1 1"},
+        {79, -250, 'p', 0, 0, "0.3 0 1 1"},
+        {0, -240, 'p', 0, 0, "0.3 0 1 1"},
+        {0, -300, 'r', -1, 0.03125, "0.3 0 1 1"},
+        {0, -241, 'h', -2, 0.09375, "0.5 0.3 1 1"},
+        {0, -240, 'h', -1, 0.09375, "0.3 0 1 1"},  // above the band
+        {0, -300, 'h', 1, 0.0625, "0.3 0 1 1"},
+        {0, -300, 'h', -90, 1 - 992.0 / 1712, "0.3 0 1 1"},
+    };
     for (const auto& row : rows) {
-        point_at(0, row.y);
-        headless_wheel(row.steps);
+        point_at(row.x, row.y);
+        row.act == 'p' ? headless_mouse_press(mouse_left)
+                       : headless_mouse_release(row.act == 'r' ? mouse_left : mouse_right);
+        headless_wheel(row.wheel);
         frame();
-        EXPECT_NEAR(hand_row.hand_scroll, row.scroll, 1e-12) << row.y << ' ' << row.steps;
+        EXPECT_NEAR(hand_row.hand_scroll, row.scroll, 1e-12) << row.x << ' ' << row.y;
+        EXPECT_TRUE(thumb_line().ends_with(std::string(" -256 574.8 16 (") + row.tint + ")\n"))
+            << row.x << ' ' << row.y << thumb_line();
     }
+    frame();
+    EXPECT_EQ(thumb_line().find("white -78.8 "), 0U);
+    EXPECT_EQ(hand_lines().find("white -1216 "), 0U) << hand_lines();
 }
 
 TEST_F(panels_test, CardCountsStandInColumnsOfFour) {
-    const struct {
+    struct {
         const char *seats, *counts;
-    } rows[] = {
+    } const rows[] = {
         {"0HHH",
          "\"0 cards!\" 0 -264 (1 0 0 1)\n\"1 card!\" 0 -296 (0 0 1 1)\n"
          "\"2 cards\" 0 -328 (0 1 0 1)\n\"3 cards\" 0 -360 (1 1 0 1)\n"},
@@ -338,22 +328,13 @@ TEST_F(panels_test, CardCountsStandInColumnsOfFour) {
         turn.think_timer = 1;
         for (i64 i = 0; i < players.count; ++i) {
             players[i].colour_index = static_cast<u8>(i);
-            turn.current_player = static_cast<i8>(i);
-            hand_set(i);
+            players[i].hand = {};
+            pile_set(
+                players[i].hand,
+                std::string_view("Aa1 Aa1 Aa1 Aa1 Aa1").substr(0, 4 * static_cast<std::size_t>(i)));
         }
-        turn.current_player = 0;
         frame();
         EXPECT_EQ(lines_with(" card"), row.counts);
-    }
-}
-
-TEST_F(panels_test, ATuringSeatSeesItsGoal) {
-    players[0].own_goal = {7, 0, -2, {0, 0, 1}, {1, 0, 1}};
-    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
-        machine_kind = kind;
-        frame();
-        EXPECT_EQ(lines_with("num"),
-                  kind == turing_machine ? "\"num A or B %ex%a%ctly -2\" 0 -328\n" : "");
     }
 }
 

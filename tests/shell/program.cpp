@@ -10,19 +10,12 @@
 
 namespace {
 
+// clang-format off
 constexpr const char* picture_names[] = {
-    "circle",         "triangle", "square",     "pentagon",   "hexagon",       "star",
-    "white",          "eye",      "stack",      "similarity", "gradient1",     "gradient2",
-    "gradient3",      "player",   "next_turn2", "self_arrow", "state_machine", "pushdown_machine",
-    "turing_machine", "window"};
-
-constexpr struct {
-    const char* name;
-    bool screen_flags::*flag;
-} screen_names[] = {{"title ", &screen_flags::title_menu_open},
-                    {"setup ", &screen_flags::player_setup_open},
-                    {"list ", &screen_flags::map_list_open},
-                    {"editor ", &screen_flags::editor_open}};
+    "circle", "triangle", "square", "pentagon", "hexagon", "star", "white", "eye", "stack",
+    "similarity", "gradient1", "gradient2", "gradient3", "player", "next_turn2", "self_arrow",
+    "state_machine", "pushdown_machine", "turing_machine", "window"};
+// clang-format on
 
 std::string font_text() {
     std::ostringstream text;
@@ -51,9 +44,7 @@ point centre() {
 }
 
 std::string number(f64 value) {
-    std::ostringstream text;
-    text << std::round(value * 100) / 100 + 0.0;
-    return text.str();
+    return (std::ostringstream() << std::round(value * 100) / 100 + 0.0).str();
 }
 
 std::string tint_text(const colour& tint) {
@@ -77,16 +68,13 @@ std::string text_line(const drawn_text& text) {
            number(text.centre.y - centre().y) + size + tint_text(text.tint) + "\n";
 }
 
-bool is_label_of(const drawn_text& text, const box& button) {
-    return std::abs(text.centre.x - button.x - button.width / 2) < 0.01 &&
-           std::abs(text.centre.y - button.y - button.height / 2) < 0.01;
-}
-
 // Takes the button's label out of the texts.
 std::string button_line(const drawn_picture& button, std::vector<drawn_text>& texts) {
     const box& place = button.place;
-    auto label = std::find_if(texts.begin(), texts.end(),
-                              [&](const drawn_text& t) { return is_label_of(t, place); });
+    auto label = std::find_if(texts.begin(), texts.end(), [&](const drawn_text& text) {
+        return std::abs(text.centre.x - place.x - place.width / 2) < 0.01 &&
+               std::abs(text.centre.y - place.y - place.height / 2) < 0.01;
+    });
     if (label == texts.end()) {
         return picture_line(button);
     }
@@ -168,18 +156,15 @@ void press_button(std::string_view label) {
     ADD_FAILURE() << "no button \"" << label << "\" in\n" << screen_text();
 }
 
-std::string screens_open() {
-    std::string names;
-    for (const auto& screen : screen_names) {
-        names += screens.*screen.flag ? screen.name : "";
-    }
-    return names;
+void screens_show(std::string_view letters) {
+    auto open = [letters](char letter) { return letters.find(letter) != letters.npos; };
+    screens = {open('t'), open('s'), open('l'), open('e'), false};
 }
 
-void screens_set(std::string_view names) {
-    for (const auto& screen : screen_names) {
-        screens.*screen.flag = names.find(screen.name) != names.npos;
-    }
+std::string screens_shown() {
+    return std::string(screens.title_menu_open ? "t" : "") +
+           (screens.player_setup_open ? "s" : "") + (screens.map_list_open ? "l" : "") +
+           (screens.editor_open ? "e" : "");
 }
 
 std::string screen_lines(const std::function<bool(std::string_view)>& wanted) {
@@ -192,9 +177,7 @@ std::string screen_lines(const std::function<bool(std::string_view)>& wanted) {
 }
 
 std::string screen_text() {
-    std::string pictures;
-    std::string buttons;
-    std::string lines;
+    std::string pictures, buttons, lines;
     std::vector<drawn_text> texts = texts_drawn();
     for (const drawn_picture& picture : pictures_drawn()) {
         if (picture.slot == texture_gradient3) {

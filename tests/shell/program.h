@@ -42,9 +42,9 @@ bool key(u32 code);
 // The button with that label, which must be drawn on the next frame.
 void press_button(std::string_view label);
 
-// The names of the open screens, of "title setup list editor", each with a blank; none in a game.
-std::string screens_open();
-void screens_set(std::string_view names);
+// The screens that are open, by their letters: title, setup, list, editor; none for the game.
+void screens_show(std::string_view letters);
+std::string screens_shown();
 
 // What the last frame drew, one line each: the pictures in their order, "name x y width height";
 // the buttons, "[label] x y width height" around their centres; the other texts with their

@@ -1,10 +1,43 @@
 // Whole sessions from the title menu to the winner and out again, by scripted input alone.
 
+#include <map>
+
 #include "rules/cards.h"
 #include "rules/screens.h"
 #include "tests/shell/program.h"
 
 namespace {
+
+// The large text over the board: whose turn it is, or who won.
+std::string notice() {
+    std::string line = lines_with("size 512");
+    return line.substr(0, line.find('"', 1)).substr(line.empty() ? 0 : 1);
+}
+
+// "01" moves from state 0 to state 1 and waits for the turn's end; "_" is the space key, "-" the
+// right mouse button.
+struct step {
+    const char *act, *notice;
+};
+
+void session_play(std::initializer_list<step> steps) {
+    for (const step& s : steps) {
+        if (*s.act == '_') {
+            key(key_space);
+        } else if (*s.act == '-') {
+            click(0, 0, mouse_right);
+        } else {
+            click(128.0 * (s.act[0] - '1'), 0);
+            click(128.0 * (s.act[1] - '1'), 0);
+            frames(34);
+        }
+        EXPECT_EQ(notice(), s.notice) << s.act << screen_text();
+    }
+}
+
+bool shows(std::string_view text) {
+    return !lines_with(text).empty();
+}
 
 // Every family has one map: three states in a row, 0 at the left, an accepting one at the right.
 class session_test : public program_test {
@@ -16,28 +49,28 @@ class session_test : public program_test {
         begin();
     }
 
-    // From the title menu to a game of the family, with the players that stand in the set-up.
-    void game_open(std::string_view family) {
-        while (lines_with("\"" + std::string(family) + "\"").empty()) {
+    // From the title menu to a game of the family; the clicks are on the set-up screen.
+    void game_open(const std::string& family, std::initializer_list<point> clicks) {
+        for (frame(); !shows("\"" + family + "\""); frame()) {
             press_button(">");
-            frame();
         }
         press_button("Play Game");
         frame();
-    }
-
-    void game_play() {
+        for (point place : clicks) {
+            click(place.x, place.y);
+        }
         press_button("OK");
         press_button("Play");
         frame();
+        EXPECT_EQ(notice(), "");
+        EXPECT_TRUE(
+            shows(static_cast<char>(std::tolower(family[0])) + family.substr(1) + " machine!"));
     }
 
     // Escape leads back to the title menu and out.
     void expect_way_out() {
-        EXPECT_TRUE(key(key_escape));
-        EXPECT_FALSE(lines_with("Number of players").empty());
-        EXPECT_TRUE(key(key_escape));
-        EXPECT_FALSE(lines_with("Game Mode").empty());
+        EXPECT_TRUE(key(key_escape) && shows("Number of players"));
+        EXPECT_TRUE(key(key_escape) && shows("Game Mode"));
         EXPECT_FALSE(key(key_escape));
     }
 
@@ -51,53 +84,25 @@ class session_test : public program_test {
     }
 };
 
-void state_click(i64 state) {
-    click(128.0 * static_cast<f64>(state - 1), 0);
-}
-
-// Selects the move and waits until its turn has ended.
-void move_make(i64 from, i64 to) {
-    state_click(from);
-    state_click(to);
-    frames(34);
-}
-
-bool shows(std::string_view text) {
-    return !lines_with(text).empty();
-}
-
 TEST_F(session_test, StateMachineForTwo) {
-    game_open("State");
-    click(-160, 320);  // two players
-    game_play();
-    EXPECT_TRUE(shows("state machine!") && !shows("turn\""));
-    move_make(0, 1);
-    EXPECT_TRUE(shows("\"Blue's turn\"")) << screen_text();
-    key(key_space);
-    EXPECT_FALSE(shows("'s turn"));
-    move_make(0, 1);  // no stone there
-    EXPECT_FALSE(shows("'s turn"));
-    click(0, 0, mouse_right);
-    click(0, 0, mouse_right);
-    move_make(1, 2);
-    key(key_space);
-    EXPECT_FALSE(shows("wins!"));
-    move_make(1, 2);
-    EXPECT_TRUE(shows("\"Red wins!\"")) << screen_text();
-    key(key_space);
-    EXPECT_FALSE(shows("wins!"));
+    game_open("State", {{-160, 320}});
+    session_play({{"01", "Blue's turn"},
+                  {"_", ""},
+                  {"01", ""},
+                  {"-", ""},
+                  {"-", ""},
+                  {"12", "Red's turn"},
+                  {"_", ""},
+                  {"12", "Red wins!"},
+                  {"_", ""}});
     EXPECT_TRUE(is_drawn("player -152 -24 48 48 (0.2 0.4 1 1)"));
     expect_way_out();
 }
 
 TEST_F(session_test, StateMachineAgainstTheComputer) {
-    game_open("State");
-    click(-160, 320);
-    click(-256, 128);  // the second one is a computer
-    game_play();
-    move_make(0, 1);
+    game_open("State", {{-160, 320}, {-256, 128}});
+    session_play({{"01", ""}});
     EXPECT_EQ(turn.current_player, 1);
-    EXPECT_FALSE(shows("'s turn"));
     i64 until_it_moves = 0;
     for (; turn.move_timer <= 0 && until_it_moves < 100; ++until_it_moves) {
         frame();
@@ -105,104 +110,94 @@ TEST_F(session_test, StateMachineAgainstTheComputer) {
     EXPECT_NEAR(static_cast<f64>(until_it_moves), 24, 2);  // 0.4 s
     frames(34);
     EXPECT_EQ(turn.current_player, 0);
-    EXPECT_FALSE(shows("'s turn"));
-    move_make(1, 2);
-    EXPECT_TRUE(shows("\"Red wins!\"")) << screen_text();
+    session_play({{"12", "Red wins!"}});
     expect_way_out();
 }
 
 TEST_F(session_test, PushdownMachineForTwo) {
-    game_open("Pushdown");
-    click(-160, 320);
-    game_play();
-    EXPECT_TRUE(shows("pushdown machine!"));
-    move_make(0, 1);
-    EXPECT_EQ(turn.current_player, 0);  // waits for its card
+    game_open("Pushdown", {{-160, 320}});
+    session_play({{"01", ""}});  // waits for its card
     click(-136, -300);
     frames(34);
-    EXPECT_EQ(turn.current_player, 1);
-    EXPECT_TRUE(shows("\"Blue's turn\"") && shows("\"1 card!\"") && shows("\"2 cards\""));
-    key(key_space);
+    EXPECT_TRUE(shows("\"1 card!\"") && shows("\"2 cards\""));
+    session_play({{"_", ""}});
     click(-128, 300);  // a card from the deck
     frame();
-    EXPECT_TRUE(shows("next_turn2"));
     click(400, 300);
     frame();
-    EXPECT_TRUE(shows("\"Red's turn\"") && shows("\"3 cards\"")) << screen_text();
-    key(key_space);
-    state_click(1);
-    state_click(2);
+    EXPECT_EQ(notice(), "Red's turn");
+    EXPECT_TRUE(shows("\"3 cards\"")) << screen_text();
+    session_play({{"_", ""}, {"12", ""}});
     click(-64, -300);
     frames(34);
-    EXPECT_TRUE(shows("\"Red wins!\"")) << screen_text();
-    key(key_space);
+    session_play({{"_", ""}});
     EXPECT_EQ(players[0].hand.count, 2);
     EXPECT_EQ(discard_pile.cards.count, 0);
     expect_way_out();
 }
 
 TEST_F(session_test, TuringMachineForThree) {
-    game_open("Turing");
-    game_play();
-    EXPECT_TRUE(shows("turing machine!") && shows("\"num B %at l%e%ast 2\""));
-    move_make(0, 1);
+    game_open("Turing", {});
+    EXPECT_TRUE(shows("\"num B %at l%e%ast 2\""));
+    session_play({{"01", "Blue's turn"}});
     EXPECT_EQ(pile_text(tape).substr(0, 2), "Ba");
     EXPECT_EQ(tape_head, 1);
-    EXPECT_TRUE(shows("\"Blue's turn\"") && !shows(" card"));
-    key(key_space);
-    move_make(1, 2);
-    EXPECT_TRUE(shows("\"Blue wins!\"")) << screen_text();
-    key(key_space);
-    EXPECT_FALSE(shows("wins!"));
+    session_play({{"_", ""}, {"12", "Blue wins!"}, {"_", ""}});
     EXPECT_EQ(pile_text(tape).find('B'), std::string::npos);
     expect_way_out();
 }
 
-// A few frames of a game of every family, from the title menu on.
-void every_family_play() {
-    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
-        screens = {};
-        machine_kind = kind;
-        click(0, -336);  // "Play Game"
-        click(0, -352);  // "OK"
-        click(0, -336);  // "Play"
-        EXPECT_FALSE(screens.map_list_open);
-        state_click(0);
-    }
-}
-
-std::vector<std::string> files_read() {
-    std::vector<std::string> paths;
-    for (const char* place : {"resources", "maps"}) {
-        for (const auto& file : std::filesystem::directory_iterator(place)) {
-            paths.push_back(file.path().string());
+// A start and a few frames of a game of every family; returns what was written.
+std::string every_family_play() {
+    return output_of([] {
+        for (i64 kind = 0; kind < machine_kind_count; ++kind) {
+            screens = {};
+            machine_kind = kind;
+            click(0, -336);  // "Play Game"
+            click(0, -352);  // "OK"
+            click(0, -336);  // "Play"
+            EXPECT_FALSE(screens.map_list_open);
+            click(-128, 0);
         }
-    }
-    return paths;
+    });
 }
 
-TEST_F(session_test, RunsOnWithAnyFileMissingOrBroken) {
+// The pictures, the texts and the maps in turn: cut, empty, filled with bytes or missing.
+TEST_F(session_test, RunsOnWithAnyFilesMissingOrBroken) {
     end();
-    std::string binary;
+    std::string bytes;
     for (i64 i = 0; i < 500; ++i) {
-        binary += static_cast<char>(i * 7919 >> 3);
+        bytes += static_cast<char>(i * 7919 >> 3);
     }
-    ASSERT_EQ(files_read().size(), 19U + 2 + 3 + 3);
-    for (const std::string& path : files_read()) {
-        std::string whole = file_get(path);
-        for (const std::string& content : {whole.substr(0, whole.size() / 2), {}, binary}) {
-            file_put(path, content);
-            begin();
-            output_of(every_family_play);
-            end();
+    for (const char* extension : {".png", ".txt", ""}) {
+        std::map<std::string, std::string> whole;
+        for (const char* place : {"resources", "maps"}) {
+            for (const auto& file : std::filesystem::directory_iterator(place)) {
+                if (file.path().extension() == extension) {
+                    whole[file.path().string()] = file_get(file.path().string());
+                }
+            }
         }
-        std::filesystem::remove(path);
-        std::string said = begin();
-        said += output_of(every_family_play);
-        EXPECT_NE(said.find(path), std::string::npos) << said;
-        end();
-        EXPECT_EQ(headless_live_objects(gpu_op::texture_create), 0) << path;
-        file_put(path, whole);
+        EXPECT_GE(whole.size(), 3U);
+        for (i64 damage = 0; damage < 4; ++damage) {
+            for (const auto& [path, content] : whole) {
+                const std::string damaged[] = {content.substr(0, content.size() / 2), "", bytes};
+                damage < 3 ? file_put(path, damaged[damage])
+                           : static_cast<void>(std::filesystem::remove(path));
+            }
+            std::string said = begin();
+            said += every_family_play();
+            end();
+            EXPECT_EQ(headless_live_objects(gpu_op::texture_create), 0) << extension << damage;
+            for (const auto& [path, content] : whole) {
+                EXPECT_TRUE(damage < 3 || path == "resources/font.png" ||
+                            said.find(path) != said.npos)
+                    << path;
+            }
+        }
+        for (const auto& [path, content] : whole) {
+            file_put(path, content);
+        }
     }
 }
 
