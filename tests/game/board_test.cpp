@@ -91,10 +91,12 @@ TEST_F(board_test, ClicksChooseSourceThenTargetAndTheirFirstTransition) {
     struct {
         const char *clicks, *selected, *transition;
     } const rows[] = {
-        {"0", "0-", "-"},   {"01", "01", "1"},     {"10", "10", "-"},   {"00", "00", "-"},
-        {"000", "0-", "-"}, {"011", "0-", "-"},    {"012", "02", "-"},  {"0121", "01", "1"},
-        {"R", "--", "-"},   {"0R", "--", "-"},     {"01R", "0-", "-"},  {"01RR", "--", "-"},
+        // clang-format off
+        {"0", "0-", "-"},   {"01", "01", "1"},     {"10", "10", "-"},  {"00", "00", "-"},
+        {"000", "0-", "-"}, {"011", "0-", "-"},    {"012", "02", "-"}, {"0121", "01", "1"},
+        {"R", "--", "-"},   {"0R", "--", "-"},     {"01R", "0-", "-"}, {"01RR", "--", "-"},
         {"21", "21", "0"},  {"01RRR2", "2-", "-"}, {"0112", "02", "-"},
+        // clang-format on
     };
     map_add_transition(2, 1, 0, 0, 0, {});
     map_add_transition(0, 1, 0, 0, 0, {});
@@ -213,6 +215,7 @@ TEST_F(board_test, VeryManyStatesAndStones) {
     EXPECT_TRUE(is_drawn("player -24 -16 48 48 (0.2 0.4 1 1)"));
     EXPECT_TRUE(is_drawn("circle -48 -48 96 96 (0.5 0 0 0.5)"));
     stones_set(std::vector<u16>(no_index + 2, 300));
+    flight.moving_from[0] = 500;
     stones[no_index] = 299;  // the index that means none is no stone's: it does not fly
     frame();
     EXPECT_TRUE(is_drawn("player -24 -24 48 48 (0.2 0.4 1 1)"));

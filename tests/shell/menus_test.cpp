@@ -215,6 +215,16 @@ TEST_F(menus_test, PreviewFitsItsRoom) {
     }
 }
 
+TEST_F(menus_test, PreviewStacksStonesOnAnyState) {
+    std::string map = "map 0 0 1\n";
+    for (i64 i = 0; i < 300; ++i) {
+        map += ". 0 0\n";
+    }
+    file_put("maps/near", map + "stone 299\nstone 43\nstone 299\n");
+    map_list_open(pushdown_machine);
+    EXPECT_TRUE(lines_with("player").ends_with("player -24 -16 48 48 (0.2 0.4 1 1)\n"));
+}
+
 TEST_F(menus_test, EverythingStaysRelativeToTheCentre) {
     headless_set_screen(641, 480);
     for (const char* menu : {"t", "s", "l"}) {
