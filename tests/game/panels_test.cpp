@@ -245,11 +245,10 @@ TEST_F(panels_test, TheTurnEndsByItsSignAfterADraw) {
         bool drawn;
         const char* deck;
         bool ends;
-    } const rows[] = {{368, true, "Aa1", true},
-                      {495, true, "Aa1", true},
-                      {367, true, "Aa1", false},
-                      {368, true, "", false},
-                      {368, false, "Aa1", false}};
+    } const rows[] = {
+        {368, true, "Aa1", true}, {495, true, "Aa1", true},   {367, true, "Aa1", false},
+        {368, true, "", false},   {368, false, "Aa1", false},
+    };
     for (const auto& row : rows) {
         turn = {};
         turn.turn_revealed = true;

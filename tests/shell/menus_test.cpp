@@ -119,15 +119,11 @@ TEST_F(menus_test, TheEditorStartsWithAnEmptyMap) {
     EXPECT_EQ(game_map.states.count + game_map.transitions.count + stones.count + goals.count, 0);
     EXPECT_EQ(deck.cards.count + discard_pile.cards.count, 0);
     EXPECT_DOUBLE_EQ(game_map.origin_x, 3);
-    f64 fresh[] = {game_map.scale,
-                   f64(settings.hand_size),
-                   f64(settings.deck_copies),
-                   f64(settings.deck_colours),
-                   f64(settings.deck_shapes),
-                   f64(settings.deck_numbers),
-                   f64(settings.tape_length),
-                   f64(settings.win_mode)};
-    EXPECT_THAT(fresh, testing::ElementsAre(1, 7, 1, 4, 4, 4, 4, 0));
+    EXPECT_EQ(game_map.scale, 1);
+    EXPECT_EQ(settings.hand_size, 7);
+    i64 fresh[] = {settings.deck_copies,  settings.deck_colours, settings.deck_shapes,
+                   settings.deck_numbers, settings.tape_length,  settings.win_mode};
+    EXPECT_THAT(fresh, testing::ElementsAre(1, 4, 4, 4, 4, 0));
     EXPECT_EQ(current_catalogue, &catalogues[pushdown_machine]);
 }
 
@@ -143,18 +139,15 @@ TEST_F(menus_test, SeatsAreChosen) {
         i64 times;
         const char* seats;
     } const rows[] = {
-        {-160, 224, 1, "h051 h010 h021 "},  // colours go round
-        {-32, 224, 1, "h001 h010 h021 "},
-        {-32, 32, 2, "h001 h010 h041 "},
-        {-256, 32, 1, "h001 h010 c041 "},
-        {256, 32, 4, "h001 h010 c241 "},  // strengths do not
-        {64, 32, 1, "h001 h010 c141 "},
-        {64, 32, 3, "h001 h010 c041 "},
-        {256, 128, 1, "h001 h010 c041 "},  // a human has none
-        {-160, 320, 1, "h001 h010 "},
-        {160, 320, 2, "h001 h010 h020 h030 "},  // a seat that returns is a new one
-        {160, 320, 5, "h001 h010 h020 h030 h040 h050 "},
-        {-160, 320, 9, "h001 "},
+        // clang-format off
+        // Colours go round, strengths do not and a human has none; a seat that returns is new.
+        {-160, 224, 1, "h051 h010 h021 "}, {-32, 224, 1, "h001 h010 h021 "},
+        {-32, 32, 2, "h001 h010 h041 "},   {-256, 32, 1, "h001 h010 c041 "},
+        {256, 32, 4, "h001 h010 c241 "},   {64, 32, 1, "h001 h010 c141 "},
+        {64, 32, 3, "h001 h010 c041 "},    {256, 128, 1, "h001 h010 c041 "},
+        {-160, 320, 1, "h001 h010 "},      {160, 320, 2, "h001 h010 h020 h030 "},
+        {160, 320, 5, "h001 h010 h020 h030 h040 h050 "}, {-160, 320, 9, "h001 "},
+        // clang-format on
     };
     for (const auto& row : rows) {
         for (i64 i = 0; i < row.times; ++i) {
@@ -203,6 +196,7 @@ TEST_F(menus_test, PreviewFitsItsRoom) {
     const char* const rows[][2] = {
         {"map 0 0 1\n. 300 -160\n", "circle 268 -192 64 64"},
         {"map 0 0 1\n. 300 0\n. -900 0\n", "circle 89.33 -10.67 21.33 21.33"},
+        {"map 0 0 1\n. 0 -240\n", "circle -21.33 -181.33 42.67 42.67"},
         {"map 0 0 1\n. 1200 320\n", "circle 292 72 16 16"},
         {"map 0 0 1\n. 600 640\n", "circle 142 152 16 16"},
         {"map 100 -50 2\n. 100 -15\n", "circle 268 -112 64 64"},
