@@ -6,7 +6,7 @@
 #include "shell/memory/types.h"
 
 // Records made from a text may take forty times its size; this keeps them inside the arena.
-inline constexpr i64 text_file_limit = 4 * 1024 * 1024;  // bytes
+inline constexpr i64 text_file_limit = i64{4} * 1024 * 1024;  // bytes
 
 // Reads the file at `path` into a new block of the persistent arena, which `content` then names.
 // False, with nothing changed, when it cannot be read or is larger than the limit.
