@@ -13,6 +13,7 @@
 #include "maps/reader.h"
 #include "platform/headless/headless.h"
 #include "platform/system.h"
+#include "render/font.h"
 #include "render/renderer.h"
 #include "shell/camera.h"
 #include "shell/globals.h"
@@ -135,6 +136,11 @@ int check_command(machine_kind_value family, const words& arguments) {
         return complain("no file to check", "check");
     }
     drawing_prepare();
+    if (font.line_height == 0) {
+        std::fputs("quorrel_maps: no font, so labels cannot be checked: run it beside resources\n",
+                   stderr);
+        return not_understood;
+    }
     int worst = all_well;
     for (std::string_view path : paths) {
         worst = std::max(worst, file_check(path, family, cyclic && family == state_machine));
