@@ -195,21 +195,14 @@ TEST_F(save_test, NamesOfOneFileAreToldApart) {
     struct {
         const char *name, *told;
     } const rows[] = {
-        {"old", ""}, {"a!", ""},      {"a-", "a!"},     {"a_", "a!"},   {"/a_", "a!"},
-        {"b/c", ""}, {"b//c", "b/c"}, {"//b/c", "b/c"}, {"b", nullptr},  // a directory since b/c
-        {"ol", ""},  {"older", ""},
+        {"old", ""}, {"a!", ""},      {"a-", "a!"},     {"a_", "a!"}, {"/a_", "a!"},
+        {"b/c", ""}, {"b//c", "b/c"}, {"//b/c", "b/c"}, {"ol", ""},   {"older", ""},
     };
     for (const auto& row : rows) {
         std::string output = save(row.name);
-        std::string line = "file shared with map ";
-        std::size_t at = output.find(line);
-        if (row.told == nullptr) {
-            EXPECT_NE(output.find("failed to save map: "), std::string::npos) << row.name;
-        } else if (*row.told == '\0') {
-            EXPECT_EQ(at, std::string::npos) << output;
-        } else {
-            EXPECT_EQ(output.substr(std::min(at, output.size())), line + row.told + "\n");
-        }
+        std::string told =
+            *row.told == '\0' ? "" : std::string("file shared with map ") + row.told + "\n";
+        EXPECT_EQ(output.substr(output.find('\n') + 1), told);
     }
 }
 
