@@ -115,6 +115,7 @@ TEST_F(panels_test, TheTurnDecidesWhatCoversTheBoard) {
     } const rows[] = {
         {pushdown_machine, "HH", false, no_winner, "cover counts "},
         {pushdown_machine, "HH", true, no_winner, "hand "},
+        {pushdown_machine, "H0", false, no_winner, "counts "},
         {pushdown_machine, "0HH", false, no_winner, "counts "},
         {pushdown_machine, "HH", false, 1, "banner counts "},
         {pushdown_machine, "H", true, 0, "banner hand "},

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 
+#include "game/hand_panel.h"
 #include "maps/catalogue.h"
+#include "rules/cards.h"
 #include "rules/screens.h"
 #include "shell/app.h"
 #include "shell/camera.h"
@@ -89,16 +91,17 @@ TEST_F(frame_test, TheTitleMap) {
 
 TEST_F(frame_test, StartingAgainStartsAnew) {
     begin_game("HH");
-    settings.hand_size = 3;
+    settings.hand_size = tape_head = 3;
     turn.winner = 1;
     camera.zoom = 2;
-    app.help_visible = true;
+    hand_row.hand_scroll_dragging = app.help_visible = true;
     end();
     begin();
     EXPECT_EQ(players.count, 0);
     EXPECT_EQ(settings.hand_size, 8);
+    EXPECT_EQ(tape_head, 0);
     EXPECT_EQ(turn.winner, no_winner);
-    EXPECT_FALSE(app.help_visible);
+    EXPECT_FALSE(hand_row.hand_scroll_dragging || app.help_visible);
     EXPECT_EQ(camera.zoom, 1);
 }
 
