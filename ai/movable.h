@@ -6,9 +6,9 @@
 // A decision keeps no list of its candidate moves: it walks them once to count or score them and a
 // second time to pick one, so that no map is too large for it.
 
+#include "base/arena.h"
+#include "base/types.h"
 #include "maps/model.h"
-#include "shell/memory/arena.h"
-#include "shell/memory/types.h"
 
 // The first stone on every state and how many stand there.
 struct stone_table {

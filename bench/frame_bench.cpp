@@ -5,13 +5,13 @@
 
 #include <algorithm>
 
+#include "base/arena.h"
 #include "maps/catalogue.h"
 #include "maps/reader.h"
 #include "platform/headless/headless.h"
+#include "program/frame.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
-#include "shell/frame.h"
-#include "shell/memory/arena.h"
 
 namespace {
 

@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "ai/computer.h"
-#include "ai/nimbers.h"
 #include "maps/catalogue.h"
+#include "maps/nimbers.h"
 #include "maps/reader.h"
 #include "platform/file.h"
 #include "rules/cards.h"

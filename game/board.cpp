@@ -2,12 +2,14 @@
 
 #include <algorithm>
 
+#include "base/numbers.h"
+#include "base/time_step.h"
 #include "game/map_drawing.h"
 #include "platform/input.h"
-#include "render/numbers.h"
 #include "render/text.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
+#include "rules/selection.h"
 
 namespace {
 
@@ -59,9 +61,9 @@ void state_click_apply(u16 state) {
 bool state_is_hovered(const pointer& mouse, world_point centre) {
     f64 left = centre.x - state_size / 2;
     f64 bottom = centre.y - state_size / 2;
-    return mouse.on_board && !screens.text_entry_open && left <= mouse.world_x &&
-           mouse.world_x < left + state_size && bottom <= mouse.world_y &&
-           mouse.world_y < bottom + state_size;
+    return mouse.on_board && !screens.text_entry_open && left <= mouse.world.x &&
+           mouse.world.x < left + state_size && bottom <= mouse.world.y &&
+           mouse.world.y < bottom + state_size;
 }
 
 void nimber_draw(i64 state, world_point centre) {

@@ -2,8 +2,8 @@
 
 // Sizes shared by everything that shows cards on the two bands, in window pixels.
 
+#include "base/types.h"
 #include "render/colour.h"
-#include "shell/memory/types.h"
 
 inline constexpr f64 card_size = 128;
 inline constexpr f64 card_step = 144;   // from one card of a row to the next

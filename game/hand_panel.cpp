@@ -2,16 +2,17 @@
 
 #include <algorithm>
 
-#include "game/bands.h"
+#include "base/numbers.h"
 #include "game/card_row.h"
 #include "platform/input.h"
 #include "render/cards.h"
 #include "render/goal_text.h"
-#include "render/numbers.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"
+#include "render/view.h"
 #include "rules/cards.h"
+#include "rules/selection.h"
 #include "rules/turns.h"
 
 hand_scroll_record hand_row;

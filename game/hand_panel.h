@@ -3,8 +3,8 @@
 // The bottom band in play: the current human's hand, or every seat's card count while the hand is
 // hidden; with the hand go the clicks on the deck and on the end-of-turn sign.
 
+#include "base/types.h"
 #include "game/pointer.h"
-#include "shell/memory/types.h"
 
 struct hand_scroll_record {
     // How far the row is scrolled, as a fraction of its full width; 0 shows the first card.

@@ -2,9 +2,9 @@
 
 // The parts of a map, drawn alike on the board and in the map list's preview.
 
+#include "base/types.h"
 #include "maps/model.h"
 #include "render/colour.h"
-#include "shell/memory/types.h"
 
 // Where and how large a map is drawn: the world point (0, 0) lands on (x, y) and lengths are
 // multiplied by `factor`.

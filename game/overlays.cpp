@@ -1,11 +1,11 @@
 #include "game/overlays.h"
 
-#include "game/bands.h"
 #include "maps/model.h"
 #include "render/goal_text.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"
+#include "render/view.h"
 #include "rules/game_state.h"
 
 namespace {

@@ -3,7 +3,7 @@
 // What lies over the board in play: the status lines, the cover between two human turns, the
 // winner's banner.
 
-#include "shell/memory/str.h"
+#include "base/str.h"
 
 void status_lines_draw();
 void turn_cover_draw();

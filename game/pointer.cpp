@@ -1,16 +1,15 @@
 #include "game/pointer.h"
 
-#include "game/bands.h"
 #include "platform/input.h"
 #include "render/renderer.h"
-#include "shell/camera.h"
+#include "render/view.h"
 
 pointer pointer_read() {
     pointer mouse = {};
     f64 y_down = 0;
     input_mouse_position(mouse.x, y_down);
     mouse.y = render_target.height - y_down;
-    camera_world_point(mouse.x, mouse.y, mouse.world_x, mouse.world_y);
+    mouse.world = view_world_point(mouse.x, mouse.y);
     mouse.on_board =
         bottom_panel_height < mouse.y && mouse.y < render_target.height - top_panel_height;
     mouse.pressed = input_mouse_is_pressed(mouse_left);

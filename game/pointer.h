@@ -2,13 +2,13 @@
 
 // Where the mouse points, as the board screen needs it.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
+#include "maps/model.h"
 
 struct pointer {
     f64 x;  // window pixels from the left edge
     f64 y;  // window pixels from the bottom edge
-    f64 world_x;
-    f64 world_y;
+    world_point world;
     bool on_board;  // strictly between the two bands: only there states can be hovered and clicked
     bool pressed;   // the left button went down in this frame
 };

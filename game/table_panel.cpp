@@ -1,11 +1,11 @@
 #include "game/table_panel.h"
 
-#include "game/bands.h"
 #include "game/card_row.h"
 #include "maps/model.h"
 #include "render/cards.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
+#include "render/view.h"
 #include "rules/cards.h"
 
 namespace {

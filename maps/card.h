@@ -2,7 +2,7 @@
 
 // One card, as maps name it and the rules play it.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 struct card {
     u8 colour = 0;  // 0 to 5, "A" to "F" in rules

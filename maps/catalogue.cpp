@@ -1,10 +1,10 @@
 #include "maps/catalogue.h"
 
+#include "base/message.h"
 #include "maps/file_text.h"
 #include "maps/reader.h"
 #include "maps/scan.h"
 #include "platform/file.h"
-#include "shell/memory/message.h"
 
 catalogue catalogues[machine_kind_count];
 catalogue* current_catalogue;

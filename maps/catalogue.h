@@ -5,9 +5,9 @@
 // A catalogue file holds one entry per line: the name, which has no blank, one blank, and the
 // map's path, which runs to the line's end.
 
+#include "base/dyn_array.h"
+#include "base/str.h"
 #include "maps/model.h"
-#include "shell/memory/dyn_array.h"
-#include "shell/memory/str.h"
 
 struct catalogue_entry {
     str name;

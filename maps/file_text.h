@@ -2,8 +2,8 @@
 
 // Reading a whole text file.
 
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
+#include "base/str.h"
+#include "base/types.h"
 
 // Records made from a text may take forty times its size; this keeps them inside the arena.
 inline constexpr i64 text_file_limit = i64{4} * 1024 * 1024;  // bytes

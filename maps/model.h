@@ -7,10 +7,10 @@
 // transitions keep such an index, and every use goes through `state_exists`. Positions are in map
 // units; world units are the camera's, pixels at zoom 1.
 
+#include "base/dyn_array.h"
+#include "base/str.h"
+#include "base/types.h"
 #include "maps/card.h"
-#include "shell/memory/dyn_array.h"
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
 
 // The family of the current map and game.
 enum machine_kind_value : i64 { state_machine = 0, pushdown_machine, turing_machine };

@@ -1,10 +1,10 @@
 #include "maps/reader.h"
 
-#include "ai/nimbers.h"
+#include "base/message.h"
 #include "maps/file_text.h"
 #include "maps/model.h"
+#include "maps/nimbers.h"
 #include "maps/scan.h"
-#include "shell/memory/message.h"
 
 namespace {
 

@@ -16,7 +16,7 @@
 //   . X Y                          any other state ("$" reads the same)
 //   => FROM TO BEND [DX DY "RULE"] a transition, with its label's offset and its rule
 
-#include "shell/memory/str.h"
+#include "base/str.h"
 
 // Replaces states, transitions, stones and goals by those of the file, and every setting that the
 // file names; for a state machine the nimbers are computed too. Rules point into the file's text,

@@ -2,8 +2,8 @@
 
 // Scanners over a text in memory. They never step past its size; the end is a normal case.
 
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
+#include "base/str.h"
+#include "base/types.h"
 
 struct text_cursor {
     const char* data;

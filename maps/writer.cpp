@@ -4,11 +4,11 @@
 #include <cmath>
 #include <limits>
 
+#include "base/message.h"
+#include "base/numbers.h"
 #include "maps/catalogue.h"
 #include "maps/model.h"
 #include "platform/file.h"
-#include "render/numbers.h"
-#include "shell/memory/message.h"
 
 namespace {
 

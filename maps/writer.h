@@ -2,8 +2,8 @@
 
 // Writing the loaded map as a map file and saving it as a custom map.
 
-#include "shell/memory/str.h"
-#include "shell/memory/text_builder.h"
+#include "base/str.h"
+#include "base/text_builder.h"
 
 // Appends the canonical text of the loaded map, the one form in which maps are written. Read and
 // written again it gives the same bytes, as far as the reals are within 10^10.

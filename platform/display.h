@@ -2,8 +2,8 @@
 
 // The one window. Sizes are pixels.
 
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
+#include "base/str.h"
+#include "base/types.h"
 
 enum display_option : u32 { display_core_profile = 64 };
 inline constexpr u32 display_samples_one = 1;  // samples per pixel: no multisampling

@@ -3,8 +3,8 @@
 // Whole files, read or replaced. A failure shows only in `file_failed`; every other call on a
 // failed file does nothing.
 
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
+#include "base/str.h"
+#include "base/types.h"
 
 enum file_mode : u32 { file_mode_write = 1, file_mode_read = 2 };
 

@@ -5,8 +5,8 @@
 // Handles are 0 for none. The constants are this interface's own numbering; a backend maps them
 // to its library's.
 
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
+#include "base/str.h"
+#include "base/types.h"
 
 enum texture_target : u32 { texture_2d = 1 };
 enum texture_format : u32 { texture_format_rgba = 13 };

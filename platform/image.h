@@ -2,8 +2,8 @@
 
 // Decoding of pictures into memory that the caller lends.
 
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
+#include "base/str.h"
+#include "base/types.h"
 
 struct image {
     const u8* pixels;  // rows without padding, in the lent buffer; valid until the next load

@@ -6,7 +6,7 @@
 // went down and up between two polls. "Held" is a level. Letters follow the keyboard's layout;
 // digits and punctuation follow the key's place on it.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 enum input_key : u32 {
     key_a = 2,  // key_a + n is the n-th letter after it

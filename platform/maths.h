@@ -2,7 +2,7 @@
 
 // Elementary functions on doubles; angles in radians.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 f64 math_sin(f64 angle);
 f64 math_cos(f64 angle);

@@ -2,7 +2,7 @@
 
 // The platform as a whole: its life, the clock, sleeping.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 // What `system_init` brings up; the game takes all of it.
 enum system_part : u32 {

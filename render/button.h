@@ -2,8 +2,8 @@
 
 // A labelled button in window pixels, between `render_frame_begin` and `render_frame_end`.
 
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
+#include "base/str.h"
+#include "base/types.h"
 
 // Draws the button around its centre and reports a click on it. The box includes its left and
 // bottom edges and excludes its right and top ones.

@@ -3,7 +3,7 @@
 // Colours in linear light: the last pass of the frame raises them to the power 1/2.2, so that a
 // grey of 0.5 shows as about 0.73. Each channel from 0 to 1; alpha is the share it covers.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 struct colour {
     f32 r;

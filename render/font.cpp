@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
+#include "base/message.h"
 #include "maps/file_text.h"
 #include "maps/scan.h"
 #include "platform/file.h"
 #include "platform/gpu.h"
 #include "render/picture.h"
-#include "shell/memory/message.h"
 
 // The font file is lines of text, each one a letter, a blank and what belongs to it:
 //

@@ -2,7 +2,7 @@
 
 // The one bitmap font.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 // Lengths are fractions of the font picture; a text of size s draws them s times as large.
 struct glyph {

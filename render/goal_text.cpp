@@ -1,6 +1,6 @@
 #include "render/goal_text.h"
 
-#include "render/numbers.h"
+#include "base/numbers.h"
 #include "render/text.h"
 #include "rules/goal.h"
 

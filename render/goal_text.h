@@ -2,9 +2,9 @@
 
 // Goals of turing games in a compact form with pictures for colours and shapes.
 
+#include "base/text_buffer.h"
+#include "base/types.h"
 #include "maps/model.h"
-#include "render/text_buffer.h"
-#include "shell/memory/types.h"
 
 inline constexpr i64 goal_text_capacity = 64;  // bytes; the longest goal takes 55
 

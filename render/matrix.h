@@ -2,7 +2,7 @@
 
 // The 4 by 4 matrices that place things on the screen. Points are columns multiplied on the right.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 struct mat4 {
     f32 at[16];  // column by column: row r of column c is at[c * 4 + r]

@@ -2,9 +2,9 @@
 
 // Pictures as textures. Every texture is clamped at its edges.
 
+#include "base/str.h"
+#include "base/types.h"
 #include "platform/image.h"
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
 
 // A new texture with the picture's pixels, or one to draw into when the picture has none.
 // The filters are of `texture_filter`; a trilinear minification brings mipmaps.

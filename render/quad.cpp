@@ -1,8 +1,9 @@
 #include "render/quad.h"
 
 #include "platform/gpu.h"
+#include "render/camera.h"
 #include "render/renderer.h"
-#include "shell/camera.h"
+#include "render/view.h"
 
 mat4 quad_model(f64 x, f64 y, f64 width, f64 height) {
     return mat4_translation(static_cast<f32>(x), static_cast<f32>(y)) *

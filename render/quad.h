@@ -3,9 +3,9 @@
 // The steps of drawing the unit quad with the simple shader. What a step sets stays set until it
 // is set again, so a routine that draws several quads repeats only what differs.
 
+#include "base/types.h"
 #include "render/colour.h"
 #include "render/matrix.h"
-#include "shell/memory/types.h"
 
 // Places rectangles: corner (0, 0) of the unit quad on (x, y), (1, 1) on (x + width, y + height).
 mat4 quad_model(f64 x, f64 y, f64 width, f64 height);

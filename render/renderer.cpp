@@ -2,14 +2,14 @@
 
 #include <cstddef>
 
+#include "base/arena.h"
+#include "base/message.h"
 #include "platform/gpu.h"
 #include "platform/image.h"
 #include "render/font.h"
 #include "render/matrix.h"
 #include "render/picture.h"
 #include "render/shader_sources.h"
-#include "shell/memory/arena.h"
-#include "shell/memory/message.h"
 
 texture_set_record texture_set;
 quad_mesh_record quad_mesh;

@@ -6,7 +6,7 @@
 // to the window by the gamma shader. Everything on screen is the same unit quad, placed by its own
 // matrix and multiplied by its own colour.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 // The pictures. The card shapes stand in card order and the families in the order of
 // `machine_kind`, so that both are found by adding to the first one.

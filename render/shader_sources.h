@@ -2,7 +2,7 @@
 
 // The two shader programs; the sections begin after the lines "#vertex" and "#fragment".
 
-#include "shell/memory/str.h"
+#include "base/str.h"
 
 // Draws a part of a picture, made linear and multiplied by a colour.
 inline constexpr str simple_shader_text =

@@ -4,8 +4,8 @@
 // are window pixels (`screen` true) or world units through the camera. A picture is multiplied by
 // `tint`. One with a negative width or height is not seen.
 
+#include "base/types.h"
 #include "render/colour.h"
-#include "shell/memory/types.h"
 
 // Fills the rectangle whose lower-left corner is (x, y).
 void sprite_draw(u32 texture, f64 x, f64 y, f64 width, f64 height, const colour& tint, bool screen);

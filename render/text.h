@@ -8,9 +8,9 @@
 // sign, these in the text's colour. A '%' is not drawn and makes the next character an ordinary
 // one.
 
+#include "base/str.h"
+#include "base/types.h"
 #include "render/colour.h"
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
 
 // Left-aligned from (x, y), lower-left corner of the first character; with `centred` or `icons`
 // the whole text is centred on (x, y). Each "\n" starts a new line below, at x.

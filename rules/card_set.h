@@ -4,8 +4,8 @@
 
 #include <bit>
 
+#include "base/types.h"
 #include "maps/card.h"
-#include "shell/memory/types.h"
 
 inline constexpr i64 card_value_count = card_colour_count * card_shape_count * card_number_count;
 

@@ -2,9 +2,9 @@
 
 // The piles of cards. The last card of a pile is its top.
 
+#include "base/dyn_array.h"
+#include "base/types.h"
 #include "maps/card.h"
-#include "shell/memory/dyn_array.h"
-#include "shell/memory/types.h"
 
 // A pile on the table: its cards and the square in which the board shows it, in window pixels.
 struct card_pile {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/message.h"
 #include "maps/catalogue.h"
 #include "maps/model.h"
 #include "maps/reader.h"
@@ -10,7 +11,6 @@
 #include "rules/game_state.h"
 #include "rules/random.h"
 #include "rules/screens.h"
-#include "shell/memory/message.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 // The start of a game: the map is loaded again, the deck built and shuffled, the cards dealt.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 // Starts, or restarts, a game with the current family, the selected catalogue entry (or the map
 // that is loaded, without one) and the seats. Closes the menus. Piles that would hold more than

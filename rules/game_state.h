@@ -1,11 +1,10 @@
 #pragma once
 
-// What a running game consists of beside the map and the cards: the seats, whose turn it is, the
-// move that a human is choosing, and the stone in flight.
+// What a running game consists of beside the map and the cards: the seats and whose turn it is.
 
+#include "base/dyn_array.h"
+#include "base/types.h"
 #include "maps/model.h"
-#include "shell/memory/dyn_array.h"
-#include "shell/memory/types.h"
 
 enum strength_value : u64 { strength_easy = 0, strength_normal, strength_hard };
 inline constexpr u64 strength_count = 3;
@@ -41,32 +40,6 @@ struct turn_record {
 };
 
 extern turn_record turn;
-
-inline constexpr i64 no_card = -1;
-
-// What the human has clicked: in play the pending move, in the editor what the keys act on. An
-// index may outlive the map it was made on.
-struct selection_record {
-    u16 selected_state = no_index;       // where the stone is
-    u16 target_state = no_index;         // where it goes
-    u16 selected_transition = no_index;  // the first one between the two, found at every frame
-    i64 selected_card = no_card;         // index into the current hand
-};
-
-extern selection_record selection;
-
-// The stone that flies to its new state after a move.
-struct flight_record {
-    u16 moving_stone = no_index;
-    f32 moving_from[2] = {0, 0};      // world position at which it is drawn
-    f32 moving_velocity[2] = {0, 0};  // world units per second
-};
-
-extern flight_record flight;
-
-// How many stones the board has drawn on each state in this frame.
-inline constexpr i64 stone_stack_size = 65'536;
-extern u16 stone_stack[stone_stack_size];
 
 // The seat to move; there must be one.
 player& current_seat();

@@ -5,7 +5,7 @@
 // Source: D. Blackman, S. Vigna, "Scrambled linear pseudorandom number generators" (2021);
 // G. Steele, D. Lea, C. Flood, "Fast splittable pseudorandom number generators" (2014).
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 struct random_state {
     u64 s0 = 0;

@@ -14,8 +14,8 @@
 // one of the three. Blanks, tabs and line feeds do not count. A rule that does not parse holds for
 // no card; of a longer rule the first 1024 bytes that count are looked at.
 
+#include "base/str.h"
 #include "rules/card_set.h"
-#include "shell/memory/str.h"
 
 // Whether `tested` may be played on the current discard pile.
 bool rule_matches(str rule, card tested);

@@ -1,3 +1,4 @@
 #include "rules/screens.h"
 
 screen_flags screens;
+app_record app;

@@ -1,9 +1,7 @@
 #pragma once
 
-// Which screen is shown, and the fixed time step. Kept low so that a reader of a flag does not
-// pull in the screens themselves.
-
-#include "shell/memory/types.h"
+// Which screen and which overlays are shown, and whether the main loop goes on. Kept low so that a
+// reader of a flag does not pull in the screens themselves.
 
 // The title menu comes before the player set-up, that before the map list; with none of the three
 // the board shows, as the editor when `editor_open` is set, else as the game.
@@ -17,5 +15,10 @@ struct screen_flags {
 
 extern screen_flags screens;
 
-// Seconds by which every timer, animation and camera speed advances per frame.
-inline constexpr f64 frame_dt = 1.0 / 60.0;
+struct app_record {
+    bool running = false;  // the loop goes on
+    bool help_visible = false;
+    bool memory_report_visible = false;
+};
+
+extern app_record app;

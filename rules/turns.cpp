@@ -2,6 +2,7 @@
 
 #include "rules/cards.h"
 #include "rules/goal.h"
+#include "rules/selection.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 
 // What a move does and how a turn ends; shared by human and computer seats.
 
+#include "base/str.h"
+#include "base/types.h"
 #include "maps/model.h"
 #include "rules/game_state.h"
-#include "shell/memory/str.h"
-#include "shell/memory/types.h"
 
 inline constexpr f64 move_duration = 0.5;     // seconds for which a move is shown
 inline constexpr f64 think_after_turn = 0.4;  // seconds a computer seat waits when its turn comes

@@ -2,8 +2,8 @@
 
 // The lines of a map file: what its reader passes over in silence.
 
+#include "base/str.h"
 #include "maps/model.h"
-#include "shell/memory/str.h"
 #include "tools/remarks.h"
 
 // Names every line of `text` that a map of the family ignores, that lacks fields or goes on after

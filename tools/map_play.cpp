@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "base/arena.h"
+#include "game/turn_update.h"
 #include "maps/model.h"
 #include "rules/deal.h"
 #include "rules/random.h"
-#include "rules/turn_update.h"
-#include "shell/memory/arena.h"
+#include "rules/selection.h"
 
 namespace {
 

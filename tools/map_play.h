@@ -4,8 +4,8 @@
 
 #include <vector>
 
+#include "base/types.h"
 #include "rules/game_state.h"
-#include "shell/memory/types.h"
 
 // A game that has no winner after so many turns is given up.
 inline constexpr i64 turn_limit = 2'000;

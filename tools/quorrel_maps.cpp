@@ -8,16 +8,16 @@
 #include <string>
 #include <string_view>
 
+#include "base/arena.h"
 #include "maps/file_text.h"
 #include "maps/model.h"
 #include "maps/reader.h"
 #include "platform/headless/headless.h"
 #include "platform/system.h"
+#include "program/globals.h"
+#include "render/camera.h"
 #include "render/font.h"
 #include "render/renderer.h"
-#include "shell/camera.h"
-#include "shell/globals.h"
-#include "shell/memory/arena.h"
 #include "tools/layout_check.h"
 #include "tools/line_check.h"
 #include "tools/map_check.h"

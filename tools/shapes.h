@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 struct point {
     f64 x;

@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
+#include "base/message.h"
 #include "platform/common/regular_file.h"
-#include "shell/memory/message.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // The keyboard's and the mouse's state between a backend, which feeds what happens, and the
 // queries of platform/input.h, which answer from the last sample.
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 // A key or button that is down already gives no second edge. Codes out of range are ignored.
 void input_feed_key(u32 key, bool down);

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "shell/memory/str.h"
+#include "base/str.h"
 
 // The path for the system's calls; empty, which names no file, when the bytes cannot be a path.
 std::string path_text(str path);

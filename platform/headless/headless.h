@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 enum class gpu_op : u8 {
     texture_create,

@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/message.h"
 #include "platform/sdl/window.h"
 #include "platform/system.h"
-#include "shell/memory/message.h"
 
 SDL_Window* window;
 

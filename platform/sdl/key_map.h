@@ -4,7 +4,7 @@
 
 #include <SDL.h>
 
-#include "shell/memory/types.h"
+#include "base/types.h"
 
 // The code of `input_key` that a key stands for: a letter by the keyboard's layout, everything
 // else by the key's place. 0 when the game has no code for it.

@@ -4,6 +4,7 @@
 
 #include "rules/cards.h"
 #include "rules/rule.h"
+#include "rules/selection.h"
 #include "rules/turns.h"
 #include "tests/support/game.h"
 

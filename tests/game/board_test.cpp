@@ -1,6 +1,7 @@
+#include "render/camera.h"
 #include "rules/screens.h"
-#include "shell/camera.h"
-#include "tests/shell/program.h"
+#include "rules/selection.h"
+#include "tests/program/program.h"
 
 namespace {
 

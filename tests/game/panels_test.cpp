@@ -1,6 +1,7 @@
 #include "game/hand_panel.h"
 #include "rules/cards.h"
-#include "tests/shell/program.h"
+#include "rules/selection.h"
+#include "tests/program/program.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "shell/camera.h"
+#include "render/camera.h"
 
 #include "platform/input.h"
 #include "render/sprites.h"

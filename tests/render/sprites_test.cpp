@@ -2,8 +2,8 @@
 
 #include "platform/input.h"
 #include "render/button.h"
+#include "render/camera.h"
 #include "render/cards.h"
-#include "shell/camera.h"
 #include "tests/support/draws.h"
 
 namespace {

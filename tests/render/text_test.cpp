@@ -4,9 +4,9 @@
 #include <limits>
 #include <sstream>
 
+#include "render/camera.h"
 #include "render/font.h"
 #include "render/goal_text.h"
-#include "shell/camera.h"
 #include "tests/support/draws.h"
 
 namespace {

@@ -6,6 +6,7 @@
 #include "rules/card_set.h"
 #include "rules/cards.h"
 #include "rules/screens.h"
+#include "rules/selection.h"
 #include "tests/support/game.h"
 
 namespace {

@@ -1,9 +1,10 @@
 #include "rules/turns.h"
 
+#include "game/turn_update.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "rules/cards.h"
-#include "rules/turn_update.h"
+#include "rules/selection.h"
 #include "tests/support/game.h"
 
 namespace {

@@ -4,8 +4,9 @@
 #include <cmath>
 #include <iterator>
 
+#include "render/camera.h"
 #include "render/font.h"
-#include "shell/camera.h"
+#include "render/view.h"
 
 namespace {
 
@@ -174,9 +175,8 @@ point window_point_of(const gpu_draw& draw, f64 u, f64 v) {
 }
 
 point world_point_of(point window) {
-    point world = {};
-    camera_world_point(window.x, window.y, world.x, world.y);
-    return world;
+    world_point world = view_world_point(window.x, window.y);
+    return {world.x, world.y};
 }
 
 std::vector<drawn_picture> pictures_drawn() {

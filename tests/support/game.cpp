@@ -7,12 +7,12 @@
 #include <iterator>
 #include <sstream>
 
-#include "ai/nimbers.h"
+#include "game/turn_update.h"
+#include "maps/nimbers.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"
+#include "program/globals.h"
 #include "rules/cards.h"
-#include "rules/turn_update.h"
-#include "shell/globals.h"
 
 namespace {
 

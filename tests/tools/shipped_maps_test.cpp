@@ -3,9 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include "game/turn_update.h"
 #include "maps/reader.h"
 #include "rules/deal.h"
-#include "rules/turn_update.h"
 #include "tests/support/draws.h"
 #include "tools/layout_check.h"
 #include "tools/line_check.h"

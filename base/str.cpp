@@ -1,0 +1,22 @@
+#include "base/str.h"
+
+namespace {
+
+void copy_bytes(char* to, str from) {
+    if (from.length > 0) {
+        std::memcpy(to, from.data, static_cast<std::size_t>(from.length));
+    }
+}
+
+}  // namespace
+
+str str_concat(str a, str b, arena_id id) {
+    char* bytes = static_cast<char*>(arena_alloc(id, a.length + b.length));
+    copy_bytes(bytes, a);
+    copy_bytes(bytes + a.length, b);
+    return {bytes, a.length + b.length};
+}
+
+str str_copy(str s) {
+    return str_concat(s, {}, arena_persistent);
+}

@@ -1,0 +1,214 @@
+#include "editor/editor.h"
+
+#include "editor/goal_editing.h"
+#include "editor/map_edit.h"
+#include "editor/settings_panel.h"
+#include "editor/text_entry.h"
+#include "game/board.h"
+#include "game/map_drawing.h"
+#include "maps/catalogue.h"
+#include "maps/reader.h"
+#include "maps/writer.h"
+#include "platform/input.h"
+#include "platform/maths.h"
+#include "render/button.h"
+#include "render/renderer.h"
+#include "render/text.h"
+#include "render/view.h"
+#include "rules/game_state.h"
+#include "rules/screens.h"
+#include "rules/selection.h"
+
+namespace {
+
+constexpr f64 grid_step = 32;   // world units
+constexpr i16 loop_turn = 45;   // degrees
+constexpr f32 label_step = 32;  // world units
+
+constexpr colour cursor_tint = {1, 1, 1, 0.3f};
+constexpr colour hint_tint = {0.5f, 0.5f, 0.5f, 1};
+
+f64 grid_snap(f64 world) {
+    return math_floor(world / grid_step + 0.5) * grid_step;
+}
+
+// A length in map units; nothing moves on a map without a scale.
+f64 map_units(f64 world) {
+    return game_map.scale == 0 ? 0 : world / game_map.scale;
+}
+
+void grid_cursor_draw(const pointer& mouse, world_point cursor) {
+    if (mouse.on_board) {
+        disc_draw(on_board, cursor, state_size, cursor_tint);
+    }
+}
+
+// The buttons on the right of the top band: what was clicked.
+struct edit_buttons {
+    bool remove;
+    bool remove_stone;
+    bool add_stone;
+};
+
+edit_buttons edit_buttons_frame() {
+    f64 x = render_target.width - 144;
+    f64 y = render_target.height - top_panel_height / 2;
+    edit_buttons clicked = {};
+    clicked.remove = button_draw("remove", x, y + 32, 256, 32);
+    clicked.remove_stone = button_draw("remove stone", x, y, 256, 32);
+    clicked.add_stone = button_draw("add stone", x, y - 32, 256, 32);
+    return clicked;
+}
+
+void map_list_show() {
+    screens.map_list_open = true;
+    selected_entry = 0;
+    if (const catalogue_entry* entry = catalogue_selected()) {
+        map_load(entry->path);
+        board_check_selection();
+        board_find_transition();
+    }
+}
+
+// ctrl+s and ctrl+o; true when the map list was opened, to which this frame's "o" then belonged.
+bool ctrl_keys_apply() {
+    if (!input_key_is_held(key_ctrl)) {
+        return false;
+    }
+    if (input_key_is_pressed(key_s)) {
+        text_entry_open_map_name();
+    }
+    if (input_key_is_pressed(key_o)) {
+        map_list_show();
+        return true;
+    }
+    return false;
+}
+
+transition* selected_arc() {
+    u16 index = selection.selected_transition;
+    bool set = index != no_index && index < game_map.transitions.count;
+    return set ? &game_map.transitions[index] : nullptr;
+}
+
+void rule_entry_frame() {
+    transition* arc = selected_arc();
+    if (machine_kind != state_machine) {
+        f64 y = render_target.height - top_panel_height / 2 + 32;
+        bool clicked = button_draw("change rule", render_target.width - 416, y, 256, 32);
+        if (clicked && arc != nullptr) {
+            text_entry_open_rule();
+        }
+    }
+    if (arc != nullptr && text_entry_take_rule() && text_entry_text().length > 0) {
+        arc->rule = str_copy(text_entry_text());
+    }
+}
+
+void state_add(world_point cursor) {
+    if (game_map.states.count >= no_index) {
+        return;
+    }
+    map_add_state(map_units(cursor.x - game_map.origin_x), map_units(cursor.y - game_map.origin_y),
+                  0);
+    selection.selected_state = static_cast<u16>(game_map.states.count - 1);
+    selection.target_state = no_index;
+}
+
+// -1, 0 or +1 by two keys that pull in opposite directions.
+i64 key_direction(u32 negative_key, u32 positive_key) {
+    return (input_key_is_pressed(positive_key) ? 1 : 0) -
+           (input_key_is_pressed(negative_key) ? 1 : 0);
+}
+
+void state_keys_apply(u16 state, const edit_buttons& clicked) {
+    map_state& s = game_map.states[state];
+    s.x += map_units(grid_step) * static_cast<f64>(key_direction(key_j, key_l));
+    s.y += map_units(grid_step) * static_cast<f64>(key_direction(key_k, key_i));
+    if (input_key_is_pressed(key_u)) {
+        s.accepting = 1;
+    }
+    if (input_key_is_pressed(key_o)) {
+        s.accepting = 0;
+    }
+    if (!input_key_is_pressed(key_delete) && !clicked.remove && !clicked.remove_stone) {
+        return;
+    }
+    bool only_one_stone = input_key_is_held(key_shift) || clicked.remove_stone;
+    stones_remove(state, only_one_stone);
+    if (!only_one_stone) {
+        state_remove(state);
+        selection.selected_state = no_index;
+        selection.selected_transition = no_index;
+    }
+}
+
+void transition_keys_apply(transition& arc, const edit_buttons& clicked) {
+    if (arc.rule.length > 0) {
+        arc.label_dx += label_step * static_cast<f32>(key_direction(key_j, key_l));
+        arc.label_dy += label_step * static_cast<f32>(key_direction(key_k, key_i));
+    }
+    i64 step = arc.from == arc.to ? loop_turn : 1;
+    arc.bend = static_cast<i16>(arc.bend + step * key_direction(key_o, key_u));
+    if (input_key_is_pressed(key_delete) || clicked.remove) {
+        transition_remove(selection.selected_transition);
+        selection.selected_transition = no_index;
+    }
+}
+
+void editing_keys_apply(world_point cursor, const edit_buttons& clicked) {
+    if (input_key_is_pressed(key_1)) {
+        state_add(cursor);
+    }
+    bool has_state = state_exists(selection.selected_state);
+    bool has_pair = has_state && state_exists(selection.target_state);
+    if (has_pair && input_key_is_pressed(key_2)) {
+        map_add_transition(selection.selected_state, selection.target_state, 0, 0, 0, {});
+    }
+    if (has_state && !has_pair) {
+        if (input_key_is_pressed(key_3) || clicked.add_stone) {
+            dyn_array_push(stones, selection.selected_state);
+        }
+        state_keys_apply(selection.selected_state, clicked);
+    } else if (has_pair && selected_arc() != nullptr) {
+        transition_keys_apply(*selected_arc(), clicked);
+    }
+}
+
+}  // namespace
+
+void editor_frame(const pointer& mouse) {
+    world_point cursor = {grid_snap(mouse.world.x), grid_snap(mouse.world.y)};
+    grid_cursor_draw(mouse, cursor);
+    text_draw_left("Press <f1> for help", render_target.width - 256, render_target.height - 32, 128,
+                   hint_tint);
+    if (machine_kind != state_machine) {
+        deck_spinners_frame();
+    }
+    edit_buttons clicked = edit_buttons_frame();
+    bool list_opened = ctrl_keys_apply();
+    if (text_entry_take_map_name()) {
+        map_save(text_entry_text());
+    }
+    rule_entry_frame();
+    if (machine_kind == turing_machine) {
+        goal_buttons_frame();
+    }
+    if (screens.text_entry_open) {
+        text_entry_frame();
+    } else {
+        if (!list_opened) {
+            editing_keys_apply(cursor, clicked);
+        }
+        bottom_rows_frame();
+    }
+    if (goal_editing.goal_dialog_open) {
+        goal_dialog_frame();
+    }
+}
+
+void editor_leave() {
+    text_entry_close();
+    goal_editing.goal_dialog_open = false;
+    selection = {};
+}

@@ -1,0 +1,56 @@
+#include "editor/map_edit.h"
+
+#include "maps/model.h"
+
+namespace {
+
+void transitions_of_remove(u16 state) {
+    for (i64 i = 0; i < game_map.transitions.count;) {
+        const transition& arc = game_map.transitions[i];
+        if (arc.from == state || arc.to == state) {
+            transition_remove(i);
+        } else {
+            i += 1;
+        }
+    }
+}
+
+void index_change(u16& index, u16 from, u16 to) {
+    if (index == from) {
+        index = to;
+    }
+}
+
+void state_renumber(u16 from, u16 to) {
+    for (transition& arc : game_map.transitions) {
+        index_change(arc.from, from, to);
+        index_change(arc.to, from, to);
+    }
+    for (u16& state : stones) {
+        index_change(state, from, to);
+    }
+}
+
+}  // namespace
+
+void stones_remove(u16 state, bool only_one) {
+    for (i64 i = 0; i < stones.count;) {
+        if (stones[i] != state) {
+            i += 1;
+            continue;
+        }
+        dyn_array_remove_swap(stones, i);
+        if (only_one) {
+            return;
+        }
+    }
+}
+
+void state_remove(u16 state) {
+    transitions_of_remove(state);
+    i64 last = game_map.states.count - 1;
+    if (last != state && last < no_index) {
+        state_renumber(static_cast<u16>(last), state);
+    }
+    dyn_array_remove_swap(game_map.states, state);
+}

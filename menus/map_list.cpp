@@ -1,0 +1,111 @@
+#include "menus/map_list.h"
+
+#include <algorithm>
+
+#include "game/map_drawing.h"
+#include "maps/catalogue.h"
+#include "maps/model.h"
+#include "maps/reader.h"
+#include "menus/menu_panel.h"
+#include "render/button.h"
+#include "rules/deal.h"
+#include "rules/screens.h"
+
+namespace {
+
+constexpr f64 half_height = 400;
+constexpr f64 preview_width = 600;  // pixels
+constexpr f64 preview_height = 320;
+
+void map_choose(menu_centre centre) {
+    f64 y = centre.y + half_height - 96;
+    bool back = button_draw("<", centre.x - 160, y, 64, 64);
+    bool forth = button_draw(">", centre.x + 160, y, 64, 64);
+    if (back || forth) {
+        i64 wanted = selected_entry + (forth ? 1 : 0) - (back ? 1 : 0);
+        selected_entry = std::clamp(wanted, i64{0}, catalogue_count() - 1);
+        map_load(catalogue_selected()->path);
+    }
+    menu_text_draw("Map", centre.x, centre.y + half_height - 48);
+    if (const catalogue_entry* entry = catalogue_selected()) {
+        menu_text_draw(entry->name, centre.x, y);
+    }
+}
+
+// The factor that fits the map, with its world origin in the middle, into the preview.
+f64 preview_factor() {
+    f64 reach_x = 0;
+    f64 reach_y = 0;
+    for (i64 i = 0; i < game_map.states.count; ++i) {
+        world_point centre = state_centre(i);
+        reach_x = std::max({reach_x, centre.x, -centre.x});
+        reach_y = std::max({reach_y, centre.y, -centre.y});
+    }
+    f64 width = 2 * reach_x;
+    f64 height = 2 * reach_y;
+    f64 factor = width > preview_width ? preview_width / width : 1;
+    return height > preview_height ? std::min(factor, preview_height / height) : factor;
+}
+
+void preview_stones_draw(const map_placement& place) {
+    i64 bytes = named_state_count() * static_cast<i64>(sizeof(i64));
+    i64* drawn = static_cast<i64*>(arena_alloc(arena_frame, bytes));
+    std::fill(drawn, drawn + named_state_count(), i64{0});
+    for (u16 state : stones) {
+        if (state_exists(state)) {
+            world_point centre = placed_centre(place, state);
+            centre.y += stone_rise * static_cast<f64>(drawn[state]) * place.factor;
+            stone_draw(place, centre);
+            drawn[state] += 1;
+        }
+    }
+}
+
+void preview_draw(menu_centre centre) {
+    map_placement place = {centre.x, centre.y, preview_factor(), true};
+    for (const transition& arc : game_map.transitions) {
+        if (transition_exists(arc)) {
+            transition_draw(place, arc, transition_tint);
+        }
+    }
+    for (i64 i = 0; i < game_map.states.count; ++i) {
+        state_draw(place, i);
+    }
+    preview_stones_draw(place);
+}
+
+void play_buttons_frame(menu_centre centre, f64 y) {
+    if (button_draw("Play", centre.x, y, 256, 64)) {
+        game_start();
+    }
+    if (button_draw("Back", centre.x - 400 + 96, y, 128, 64)) {
+        screens.map_list_open = false;
+        screens.player_setup_open = true;
+    }
+}
+
+void edit_buttons_frame(menu_centre centre, f64 y) {
+    if (button_draw("Edit", centre.x, y, 256, 64)) {
+        screens.map_list_open = false;
+    }
+    if (catalogue_count() > 0 && button_draw("Delete", centre.x + 400 - 96, y, 128, 64)) {
+        catalogue_delete_selected();
+    }
+}
+
+}  // namespace
+
+void map_list_frame() {
+    menu_centre centre = menu_centre_find();
+    menu_panel_draw(centre, half_height);
+    if (catalogue_count() > 0) {
+        map_choose(centre);
+    }
+    preview_draw(centre);
+    f64 y = centre.y - half_height + 64;
+    if (screens.editor_open) {
+        edit_buttons_frame(centre, y);
+    } else {
+        play_buttons_frame(centre, y);
+    }
+}

@@ -1,0 +1,84 @@
+#include "menus/player_setup.h"
+
+#include <algorithm>
+
+#include "menus/menu_panel.h"
+#include "render/button.h"
+#include "render/renderer.h"
+#include "render/sprites.h"
+#include "rules/game_state.h"
+#include "rules/screens.h"
+
+namespace {
+
+constexpr f64 half_height = 416;
+constexpr f64 row_step = 96;
+constexpr str strength_names[strength_count] = {"easy", "normal", "hard"};
+
+void buttons_frame(menu_centre centre) {
+    f64 y = centre.y - half_height + 64;
+    if (button_draw("OK", centre.x, y, 256, 64)) {
+        screens.player_setup_open = false;
+        screens.map_list_open = true;
+    }
+    if (button_draw("Back", centre.x - 400 + 96, y, 128, 64)) {
+        screens.player_setup_open = false;
+        screens.title_menu_open = true;
+    }
+}
+
+// Makes `players` hold exactly `player_count` seats; the ones that come anew are easy humans.
+void seats_adjust() {
+    constexpr i64 size = sizeof(player);
+    if (players.capacity < player_count) {
+        players.data = static_cast<player*>(
+            players.data == nullptr ? arena_alloc(players.owner, player_count * size)
+                                    : arena_realloc(players.owner, players.data,
+                                                    players.capacity * size, player_count * size));
+        players.capacity = player_count;
+    }
+    for (i64 i = players.count; i < player_count; ++i) {
+        players.data[i] = {};
+        players.data[i].colour_index = static_cast<u8>(i);
+    }
+    players.count = player_count;
+}
+
+void strength_choose(player& seat, menu_centre centre, f64 y) {
+    i64 strength = static_cast<i64>(seat.strength) + menu_stepper(centre.x + 160, y, 96);
+    seat.strength = static_cast<u64>(std::clamp(strength, i64{0}, i64{strength_count} - 1));
+    menu_text_draw(strength_names[seat.strength], centre.x + 160, y);
+}
+
+void seat_row_frame(player& seat, menu_centre centre, f64 y) {
+    str kind = seat.is_computer ? str("ai") : str("human");
+    if (button_draw(kind, centre.x - 256, y, 78, 64)) {
+        seat.is_computer = !seat.is_computer;
+    }
+    i64 colour_index = seat.colour_index + menu_stepper(centre.x - 96, y, 64);
+    seat.colour_index = static_cast<u8>((colour_index + seat_colour_count) % seat_colour_count);
+    sprite_draw(texture_set.textures[texture_player], centre.x - 128, y - 32, 64, 64,
+                colour_rgba(seat.colour_index), true);
+    if (seat.is_computer) {
+        strength_choose(seat, centre, y);
+    }
+}
+
+}  // namespace
+
+void player_setup_frame() {
+    menu_centre centre = menu_centre_find();
+    menu_panel_draw(centre, half_height);
+    buttons_frame(centre);
+    f64 count_y = centre.y + half_height - 96;
+    player_count =
+        std::clamp(player_count + menu_stepper(centre.x, count_y, 160), i64{1}, player_limit);
+    seats_adjust();
+    menu_text_draw("Number of players", centre.x, centre.y + half_height - 48);
+    char digit = static_cast<char>('0' + player_count);
+    menu_text_draw({&digit, 1}, centre.x, count_y);
+    for (i64 i = 0; i < players.count; ++i) {
+        seat_row_frame(players[i], centre,
+                       centre.y + half_height - 192 - row_step * static_cast<f64>(i));
+    }
+}

@@ -1,0 +1,75 @@
+#include "menus/title_menu.h"
+
+#include "base/time_step.h"
+#include "maps/catalogue.h"
+#include "maps/model.h"
+#include "menus/menu_panel.h"
+#include "platform/maths.h"
+#include "render/button.h"
+#include "render/renderer.h"
+#include "render/sprites.h"
+#include "rules/cards.h"
+#include "rules/screens.h"
+
+f64 title_picture_angle;
+
+namespace {
+
+constexpr f64 half_height = 400;
+constexpr f64 picture_turn = 2.0943951023931953;  // radians per second
+constexpr str family_names[machine_kind_count] = {"State", "Pushdown", "Turing"};
+
+void family_choose(menu_centre centre) {
+    f64 y = centre.y + half_height - 96;
+    machine_kind += menu_stepper(centre.x, y, 160);
+    machine_kind = (machine_kind + machine_kind_count) % machine_kind_count;
+    menu_text_draw("Game Mode", centre.x, centre.y + half_height - 48);
+    menu_text_draw(family_names[machine_kind], centre.x, y);
+}
+
+void picture_draw(menu_centre centre) {
+    title_picture_angle += frame_dt * picture_turn;
+    f64 width = 512 + 15 * math_sin(title_picture_angle);
+    f64 height = 512 + 15 * math_cos(title_picture_angle);
+    sprite_draw(texture_set.textures[texture_state_machine + machine_kind], centre.x - width / 2,
+                centre.y - 16 - height / 2, width, height, colour_white, true);
+}
+
+void play_open() {
+    screens.title_menu_open = false;
+    screens.player_setup_open = true;
+    catalogue_select();
+}
+
+// The editor starts with an empty map; its origin and hand size stay as they are.
+void editor_open() {
+    screens.title_menu_open = false;
+    screens.editor_open = true;
+    catalogue_select();
+    map_clear();
+    deck.cards.count = 0;
+    discard_pile.cards.count = 0;
+    game_map.scale = 1;
+    map_settings fresh;
+    fresh.hand_size = settings.hand_size;
+    settings = fresh;
+}
+
+}  // namespace
+
+void title_menu_frame() {
+    menu_centre centre = menu_centre_find();
+    menu_panel_draw(centre, half_height);
+    family_choose(centre);
+    picture_draw(centre);
+    f64 y = centre.y - half_height + 64;
+    if (button_draw("Play Game", centre.x, y, 256, 64)) {
+        play_open();
+    }
+    if (button_draw("Quit", centre.x - 400 + 96, y, 128, 64)) {
+        app.running = false;
+    }
+    if (button_draw("Editor", centre.x + 400 - 96, y, 128, 64)) {
+        editor_open();
+    }
+}

@@ -1,0 +1,161 @@
+#include "program/frame.h"
+
+#include <cstdlib>
+
+#include "base/arena.h"
+#include "base/message.h"
+#include "base/numbers.h"
+#include "editor/editor.h"
+#include "game/turn_update.h"
+#include "maps/catalogue.h"
+#include "menus/info_overlays.h"
+#include "menus/map_list.h"
+#include "menus/player_setup.h"
+#include "menus/title_map.h"
+#include "menus/title_menu.h"
+#include "platform/display.h"
+#include "platform/gpu.h"
+#include "platform/input.h"
+#include "platform/system.h"
+#include "program/game_screen.h"
+#include "program/globals.h"
+#include "render/camera.h"
+#include "render/renderer.h"
+#include "rules/random.h"
+#include "rules/screens.h"
+
+namespace {
+
+constexpr i32 window_width = 1024;
+constexpr i32 window_height = 832;
+constexpr u32 frame_pause = 8;  // milliseconds
+
+void pipeline_prepare() {
+    pipeline_cull_enable(true);
+    pipeline_cull_orientation(counter_clockwise_is_front);
+    pipeline_blend_factor(blend_source_alpha, blend_one_minus_source_alpha);
+}
+
+// One screen back, or out of the program from the title menu.
+void escape_apply() {
+    app.help_visible = false;
+    if (screens.title_menu_open) {
+        app.running = false;
+    } else if (screens.map_list_open) {
+        screens.map_list_open = false;
+        screens.player_setup_open = !screens.editor_open;
+    } else if (screens.editor_open) {
+        screens.editor_open = false;
+        editor_leave();
+        screens.title_menu_open = true;
+    } else if (screens.player_setup_open) {
+        screens.player_setup_open = false;
+        screens.title_menu_open = true;
+    } else {
+        screens.player_setup_open = true;
+    }
+}
+
+void fullscreen_toggle() {
+    render_target.fullscreen = !render_target.fullscreen;
+    display_set_fullscreen(render_target.fullscreen);
+    render_target.width = window_width;
+    render_target.height = window_height;
+    if (render_target.fullscreen) {
+        display_get_info(render_target.width, render_target.height);
+    }
+    render_target_rebuild();
+}
+
+void keys_apply() {
+    if (input_key_is_pressed(key_escape)) {
+        escape_apply();
+    }
+    if (input_key_is_pressed(key_f1)) {
+        app.help_visible = !app.help_visible;
+    }
+    if (input_key_is_pressed(key_f3)) {
+        app.memory_report_visible = !app.memory_report_visible;
+    }
+    if (input_key_is_pressed(key_f11)) {
+        fullscreen_toggle();
+    }
+}
+
+bool game_is_shown() {
+    return !screens.title_menu_open && !screens.player_setup_open && !screens.map_list_open &&
+           !screens.editor_open;
+}
+
+void screen_frame() {
+    if (screens.title_menu_open) {
+        title_menu_frame();
+    } else if (screens.player_setup_open) {
+        player_setup_frame();
+    } else if (screens.map_list_open) {
+        map_list_frame();
+    } else {
+        game_screen_frame();
+    }
+    if (app.help_visible) {
+        help_overlay_draw();
+    }
+    if (app.memory_report_visible) {
+        memory_report_draw();
+    }
+}
+
+void gpu_error_stop(u32 code) {
+    text_builder text = {};
+    text.owner = arena_frame;
+    text_builder_put_int(text, code);
+    message_write({"gl error: ", text_builder_text(text), "\n"});
+    std::exit(0);
+}
+
+}  // namespace
+
+void program_start() {
+    globals_reset();
+    system_init(system_all, key_repeat_off);
+    arenas_create();
+    random_seed(system_time());
+    display_open(window_width, window_height, "Quorrel", display_core_profile, display_samples_one);
+    renderer_init();
+    // What the renderer loaded lives on the GPU or in globals from now on.
+    arena_rewind(arena_persistent, 0);
+    title_map_build();
+    catalogues_load();
+    pipeline_prepare();
+    app.running = true;
+}
+
+bool program_frame() {
+    arena_rewind(arena_frame, 0);
+    input_poll();
+    if (display_is_closed()) {
+        app.running = false;
+    }
+    keys_apply();
+    camera_matrices_build(render_target.width, render_target.height);
+    camera_input_apply(render_target.height);
+    if (game_is_shown()) {
+        turn_update();
+    }
+    render_frame_begin();
+    screen_frame();
+    render_frame_end();
+    if (u32 error = pipeline_get_error()) {
+        gpu_error_stop(error);
+    }
+    system_sleep(frame_pause);
+    pipeline_present();
+    return app.running;
+}
+
+void program_end() {
+    display_close();
+    renderer_release();
+    arenas_free();
+    system_release();
+}

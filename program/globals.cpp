@@ -1,0 +1,71 @@
+#include "program/globals.h"
+
+#include <algorithm>
+
+#include "base/arena.h"
+#include "editor/goal_editing.h"
+#include "editor/text_entry.h"
+#include "game/hand_panel.h"
+#include "maps/catalogue.h"
+#include "maps/model.h"
+#include "menus/title_menu.h"
+#include "render/camera.h"
+#include "render/font.h"
+#include "render/renderer.h"
+#include "rules/cards.h"
+#include "rules/game_state.h"
+#include "rules/random.h"
+#include "rules/screens.h"
+#include "rules/selection.h"
+
+namespace {
+
+void map_globals_reset() {
+    machine_kind = pushdown_machine;
+    game_map = {};
+    settings = {};
+    goals = {};
+    stones = {};
+    std::fill(catalogues, catalogues + machine_kind_count, catalogue{});
+    current_catalogue = nullptr;
+    selected_entry = -1;
+}
+
+void game_globals_reset() {
+    deck = {};
+    discard_pile = {};
+    tape = {};
+    tape_head = 0;
+    random_generator = {};
+    players = {};
+    player_count = 3;
+    turn = {};
+    selection = {};
+    flight = {};
+    std::fill(stone_stack, stone_stack + stone_stack_size, u16{0});
+    hand_row = {};
+    text_entry = {};
+    goal_editing = {};
+}
+
+void screen_globals_reset() {
+    app = {};
+    screens = {};
+    camera = {};
+    title_picture_angle = 0;
+    texture_set = {};
+    quad_mesh = {};
+    simple_shader = {};
+    gamma_shader = {};
+    render_target = {};
+    font = {};
+}
+
+}  // namespace
+
+void globals_reset() {
+    std::fill(arenas, arenas + arena_count, arena{});
+    map_globals_reset();
+    game_globals_reset();
+    screen_globals_reset();
+}

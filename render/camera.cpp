@@ -1,0 +1,89 @@
+#include "render/camera.h"
+
+#include <algorithm>
+
+#include "base/time_step.h"
+#include "platform/input.h"
+#include "render/view.h"
+#include "rules/screens.h"
+
+camera_record camera;
+
+namespace {
+
+constexpr f64 zoom_min = 0.25;
+constexpr f64 zoom_max = 4;
+constexpr f64 zoom_speed = 0.5;        // per second of a held key
+constexpr f64 zoom_wheel_step = 0.25;  // per step of the wheel
+
+mat4 translation(f64 x, f64 y) {
+    return mat4_translation(static_cast<f32>(x), static_cast<f32>(y));
+}
+
+mat4 scale(f64 factor) {
+    return mat4_scale(static_cast<f32>(factor), static_cast<f32>(factor));
+}
+
+// Pixels from the bottom-left corner to clip space, -1 to 1 on both axes.
+mat4 projection(f64 width, f64 height) {
+    mat4 p = {};
+    p.at[0] = static_cast<f32>(2 / width);
+    p.at[5] = static_cast<f32>(2 / height);
+    p.at[10] = -1;
+    p.at[12] = -1;
+    p.at[13] = -1;
+    p.at[15] = 1;
+    return p;
+}
+
+f64 amount_while_held(u32 key, f64 amount) {
+    return input_key_is_held(key) ? amount : 0;
+}
+
+void keys_apply() {
+    f64 step = camera.speed / camera.zoom * frame_dt;
+    camera.x -= amount_while_held(key_a, step);
+    camera.x += amount_while_held(key_d, step);
+    camera.y += amount_while_held(key_w, step);
+    camera.y -= amount_while_held(key_s, step);
+    camera.zoom -= amount_while_held(key_q, zoom_speed * frame_dt);
+    camera.zoom += amount_while_held(key_e, zoom_speed * frame_dt);
+}
+
+void wheel_apply(i32 height) {
+    f64 x = 0;
+    f64 y_down = 0;
+    input_mouse_position(x, y_down);
+    if (y_down < height - bottom_panel_height) {
+        camera.zoom += input_mouse_wheel() * zoom_wheel_step;
+    }
+}
+
+void view_reset() {
+    camera.x = 0;
+    camera.y = 0;
+    camera.zoom = 1;
+}
+
+}  // namespace
+
+void camera_matrices_build(i32 width, i32 height) {
+    f64 centre_x = width / 2.0;
+    f64 centre_y = height / 2.0;
+    screen_matrix = projection(width, height);
+    world_matrix = screen_matrix * translation(centre_x, centre_y) * scale(camera.zoom) *
+                   translation(-camera.x, -camera.y);
+    inverse_view_matrix = translation(camera.x, camera.y) * scale(1 / camera.zoom) *
+                          translation(-centre_x, -centre_y);
+}
+
+void camera_input_apply(i32 height) {
+    if (!screens.text_entry_open) {
+        keys_apply();
+    }
+    wheel_apply(height);
+    camera.zoom = std::clamp(camera.zoom, zoom_min, zoom_max);
+    if (input_key_is_pressed(key_r) && !screens.text_entry_open) {
+        view_reset();
+    }
+}

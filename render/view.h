@@ -1,0 +1,22 @@
+#pragma once
+
+// How a frame sees the window and the world.
+//
+// Window pixels have their origin at the window's bottom-left corner, y upwards. World units are
+// pixels at zoom 1.
+
+#include "base/types.h"
+#include "maps/model.h"
+#include "render/matrix.h"
+
+// The two bands that lie over the board, in window pixels.
+inline constexpr f64 top_panel_height = 160;
+inline constexpr f64 bottom_panel_height = 176;
+
+// Built once per frame, before that frame's camera input; read by everything that draws.
+extern mat4 screen_matrix;        // window pixels to clip space
+extern mat4 world_matrix;         // world units to clip space
+extern mat4 inverse_view_matrix;  // window pixels to world units
+
+// The world point under a window pixel.
+world_point view_world_point(f64 pixel_x, f64 pixel_y);

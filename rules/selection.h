@@ -1,0 +1,32 @@
+#pragma once
+
+// What a human has clicked on the board, the stone in flight, and how stones stack on a state.
+
+#include "base/types.h"
+#include "maps/model.h"
+
+inline constexpr i64 no_card = -1;
+
+// In play the pending move, in the editor what the keys act on. An index may outlive the map it
+// was made on.
+struct selection_record {
+    u16 selected_state = no_index;       // where the stone is
+    u16 target_state = no_index;         // where it goes
+    u16 selected_transition = no_index;  // the first one between the two, found at every frame
+    i64 selected_card = no_card;         // index into the current hand
+};
+
+extern selection_record selection;
+
+// The stone that flies to its new state after a move.
+struct flight_record {
+    u16 moving_stone = no_index;
+    f32 moving_from[2] = {0, 0};      // world position at which it is drawn
+    f32 moving_velocity[2] = {0, 0};  // world units per second
+};
+
+extern flight_record flight;
+
+// How many stones the board has drawn on each state in this frame.
+inline constexpr i64 stone_stack_size = 65'536;
+extern u16 stone_stack[stone_stack_size];

@@ -1,3 +1,0 @@
-#include "shell/app.h"
-
-app_record app;

@@ -1,8 +1,0 @@
-#include "shell/frame.h"
-
-int main() {
-    program_start();
-    while (program_frame()) {}
-    program_end();
-    return 0;
-}

@@ -1,0 +1,171 @@
+// A player who does anything in the editor, in any order and at once, for a million inputs.
+
+#include <random>
+
+#include "maps/catalogue.h"
+#include "maps/reader.h"
+#include "maps/writer.h"
+#include "program/frame.h"
+#include "render/camera.h"
+#include "rules/screens.h"
+#include "rules/selection.h"
+#include "tests/program/program.h"
+
+namespace {
+
+constexpr i64 input_count = 1'000'000;
+
+// Every control of the editor, its dialogs, the map list and the title menu, from the centre of a
+// window of the usual size.
+constexpr point controls[] = {
+    {368, 368},   {368, 336},  {368, 304},   {96, 368},    {96, 336},    {96, 304},
+    {-352, 384},  {-256, 384}, {-352, 352},  {-256, 352},  {-352, 320},  {-256, 320},
+    {-352, 288},  {-256, 288}, {-280, -296}, {280, -296},  {-280, -328}, {280, -328},
+    {-280, -360}, {280, -360}, {0, -144},    {-224, -144}, {-256, 176},  {256, 176},
+    {-256, 144},  {256, 144},  {-256, 112},  {256, 112},   {-256, 80},   {256, 80},
+    {-256, 48},   {256, 48},   {-160, 304},  {160, 304},   {0, -336},    {304, -336},
+};
+constexpr u32 editing_keys[] = {key_1, key_2, key_2, key_3, key_i,      key_j,
+                                key_k, key_l, key_u, key_o, key_delete, key_delete};
+constexpr u32 lasting_keys[] = {key_shift, key_alt, key_a, key_d, key_w, key_s, key_q, key_e};
+constexpr u32 screen_keys[] = {key_escape, key_f1, key_f3, key_f11};
+
+class editor_walk_test : public program_test {
+  protected:
+    editor_walk_test() {
+        file_put("resources/pushdown_maps.txt", "good maps/good\nbroken maps/broken\nnone none\n");
+        file_put("resources/turing_maps.txt", "good maps/good\nbroken maps/broken\n");
+        file_put("maps/good", file_get((maps_folder() / "turing/first_tape").string()));
+        file_put("maps/broken",
+                 "map 1e9 -7 .3\nwin 77\ndeck -3 99 7 0\nhand 9223372036854775807\ntape -1\n"
+                 "goal 200 99 9223372036854775807 255 255 255\nstone 9\nstone 65535\n. 0 0\n"
+                 "* 1 -1\n=> 0 9 -32768 -0.00001 0 \"~(\"\n=> 1 1 32767\n=> 0 1 0 0 0 \"\n\n");
+        begin();
+        headless_record(false);
+    }
+
+    i64 below(i64 limit) { return static_cast<i64>(random() % static_cast<u64>(limit)); }
+
+    template <typename value, std::size_t count>
+    value any_of(const value (&values)[count]) {
+        return values[below(i64{count})];
+    }
+
+    void press(u32 button) {
+        headless_mouse_press(button);
+        headless_mouse_release(button);
+    }
+
+    void state_click() {
+        if (named_state_count() > 0) {
+            world_point centre = state_centre(below(named_state_count()));
+            point_at((centre.x - camera.x) * camera.zoom, (centre.y - camera.y) * camera.zoom);
+            press(mouse_left);
+        }
+    }
+
+    // Large maps take long to draw and show nothing new: they are made smaller again.
+    void editing_key_press() {
+        bool large = game_map.states.count > 8 || game_map.transitions.count > 16;
+        headless_key_press(large && below(2) == 0 ? u32{key_delete} : any_of(editing_keys));
+    }
+
+    void control_click() {
+        point place = any_of(controls);
+        point_at(place.x, place.y);
+        press(mouse_left);
+    }
+
+    void key_toggle(u32 code) {
+        below(2) == 0 ? headless_key_hold(code) : headless_key_release(code);
+    }
+
+    void input() {
+        i64 kind = below(1600);
+        if (kind < 500) {
+            editing_key_press();
+        } else if (kind < 800) {
+            state_click();
+        } else if (kind < 1000) {
+            control_click();
+        } else if (kind < 1100) {
+            point_at(static_cast<f64>(below(1024) - 512), static_cast<f64>(below(832) - 416));
+            press(below(2) == 0 ? mouse_left : mouse_right);
+        } else if (kind < 1200) {
+            key_toggle(any_of(lasting_keys));
+            headless_key_release(key_ctrl);
+        } else if (kind < 1300) {
+            headless_wheel(static_cast<f64>(below(7) - 3));
+            headless_set_caps_lock(below(2) == 0);
+        } else if (kind < 1400) {
+            headless_key_press(below(2) == 0 ? key_enter : key_backspace);
+        } else if (kind < 1592) {
+            u32 code = static_cast<u32>(below(key_count));
+            headless_key_press(code == key_escape || code == key_f11 ? key_2 : code);
+        } else if (kind < 1598) {
+            headless_key_hold(key_ctrl);
+            headless_key_press(kind < 1594 ? key_s : key_o);
+        } else {
+            headless_key_press(any_of(screen_keys));
+        }
+    }
+
+    // The way back into the editor from the title menu, the player set-up and games.
+    void editor_return() {
+        if (screens.title_menu_open) {
+            below(3) == 0 ? point_at(160, 304) : point_at(304, -336);
+            press(mouse_left);
+        } else {
+            headless_key_press(key_escape);
+        }
+    }
+
+    static bool board_is_shown() { return screens.editor_open && !screens.map_list_open; }
+
+    // What holds after every frame of the board.
+    void expect_selection_exists() {
+        auto fits = [](u16 index, i64 count) { return index == no_index || index < count; };
+        ASSERT_TRUE(fits(selection.selected_state, game_map.states.count));
+        ASSERT_TRUE(fits(selection.target_state, game_map.states.count));
+        ASSERT_TRUE(fits(selection.selected_transition, game_map.transitions.count));
+    }
+
+    static void expect_reads_back() {
+        std::string texts[2];
+        for (std::string& text : texts) {
+            text_builder builder = {};
+            map_write(builder);
+            text = string_of(text_builder_text(builder));
+            file_put("map", text);
+            map_load("map");
+        }
+        ASSERT_EQ(texts[0], texts[1]);
+    }
+
+    std::mt19937_64 random{20'240'501};
+};
+
+TEST_F(editor_walk_test, AnythingInAnyOrder) {
+    std::string output = output_of([&] {
+        for (i64 inputs = 0; inputs < input_count && !HasFatalFailure();) {
+            for (i64 together = 1 + below(20); together > 0; --together, ++inputs) {
+                screens.editor_open ? input() : editor_return();
+            }
+            bool board_shown = board_is_shown();
+            program_frame();
+            if (board_shown && board_is_shown()) {
+                expect_selection_exists();
+            }
+            if (below(5000) == 0) {
+                expect_reads_back();
+            }
+        }
+    });
+    ASSERT_FALSE(HasFatalFailure()) << output;
+    expect_reads_back();
+    for (const char* told : {"saving map ", "failed to save map: ", "failed to load map: none\n"}) {
+        EXPECT_NE(output.find(told), std::string::npos) << told;
+    }
+}
+
+}  // namespace
