@@ -1,11 +1,11 @@
 // Shader programs: one text split into its two sections, compiled and linked.
 
-#include <epoxy/gl.h>
-
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <string_view>
 
+#include "platform/gl/opengl.h"
 #include "platform/gpu.h"
 
 namespace {
@@ -42,13 +42,22 @@ shader_result refused(GLuint object, get_log log, char* message, i64 message_siz
     return {false, {message, length}};
 }
 
+// Sections name the OpenGL that they were written for in their first line; this build's stands in
+// its place.
+std::string_view version_cut(std::string_view text) {
+    return text.starts_with("#version") ? text.substr(std::min(text.find('\n'), text.size()))
+                                        : text;
+}
+
 // Compiles a section and attaches it; the program keeps it alive from then on.
 shader_result section_compile(u32 program, const section& part, std::string_view text,
                               char* message, i64 message_size) {
     GLuint shader = glCreateShader(part.stage);
-    const GLchar* bytes = text.data();
-    GLint length = static_cast<GLint>(text.size());
-    glShaderSource(shader, 1, &bytes, &length);
+    std::string_view body = version_cut(text);
+    const GLchar* parts[] = {shader_version, body.data()};
+    const GLint lengths[] = {static_cast<GLint>(std::strlen(shader_version)),
+                             static_cast<GLint>(body.size())};
+    glShaderSource(shader, 2, parts, lengths);
     glCompileShader(shader);
     glAttachShader(program, shader);
     glDeleteShader(shader);

@@ -1,9 +1,9 @@
 #include "platform/gpu.h"
 
-#include <epoxy/gl.h>
-
 #include <cassert>
 #include <cstdint>
+
+#include "platform/gl/opengl.h"
 
 namespace {
 
@@ -16,8 +16,6 @@ struct gl_constant {
 // clang-format off
 constexpr gl_constant texture_targets[] = {{texture_2d, GL_TEXTURE_2D}};
 constexpr gl_constant picture_formats[] = {{texture_format_rgba, GL_RGBA8}};
-// A texture to draw into holds linear light, whose dark tones would show bands in 8 bits.
-constexpr gl_constant target_formats[] = {{texture_format_rgba, GL_RGBA16}};
 constexpr gl_constant pixel_formats[] = {{pixel_format_rgba, GL_RGBA}};
 constexpr gl_constant component_types[] = {{component_u8, GL_UNSIGNED_BYTE},
                                            {component_f32, GL_FLOAT}};
@@ -117,11 +115,12 @@ void texture_unbind(u32 target) {
 
 void texture_image_2d(u32 target, u32 level, u32 format, u32 width, u32 height, u32 pixels_format,
                       u32 pixels_type, const void* pixels) {
-    GLenum stored = gl_of(pixels != nullptr ? picture_formats : target_formats, format);
+    bool picture = pixels != nullptr;
     glTexImage2D(gl_of(texture_targets, target), static_cast<GLint>(level),
-                 static_cast<GLint>(stored), static_cast<GLsizei>(width),
-                 static_cast<GLsizei>(height), 0, gl_of(pixel_formats, pixels_format),
-                 gl_of(component_types, pixels_type), pixels);
+                 static_cast<GLint>(picture ? gl_of(picture_formats, format) : target_storage),
+                 static_cast<GLsizei>(width), static_cast<GLsizei>(height), 0,
+                 gl_of(pixel_formats, pixels_format),
+                 picture ? gl_of(component_types, pixels_type) : target_type, pixels);
 }
 
 void texture_parameter_wrap(u32 target, u32 axis, u32 wrap) {
@@ -219,7 +218,7 @@ u32 frame_buffer_get_status(u32 target) {
 }
 
 void pipeline_draw_buffers(const u32* indices, u32 count) {
-    constexpr u32 most = 8;  // every OpenGL 3.3 has that many
+    constexpr u32 most = 4;  // what every OpenGL ES 3.0 has
     assert(count <= most);
     GLenum buffers[most];
     for (u32 i = 0; i < count; ++i) {
@@ -262,8 +261,10 @@ u32 pipeline_get_error() {
     return glGetError();
 }
 
-void draw_elements(u32 kind, u32 index_type, u32 first, u32 count, u32 base_vertex, u32 instances) {
-    glDrawElementsInstancedBaseVertex(
-        gl_of(primitives, kind), static_cast<GLsizei>(count), gl_of(component_types, index_type),
-        buffer_offset(first), static_cast<GLsizei>(instances), static_cast<GLint>(base_vertex));
+void draw_elements(u32 kind, u32 index_type, u32 first, u32 count, [[maybe_unused]] u32 base_vertex,
+                   u32 instances) {
+    assert(base_vertex == 0);  // OpenGL ES 3.0 knows no other
+    glDrawElementsInstanced(gl_of(primitives, kind), static_cast<GLsizei>(count),
+                            gl_of(component_types, index_type), buffer_offset(first),
+                            static_cast<GLsizei>(instances));
 }
