@@ -180,7 +180,7 @@ void map_load_run(benchmark::State& state) {
     close(mkstemp(path));
     str name = {path, static_cast<i64>(sizeof path - 1)};
     std::string text = large_map();
-    file_handle file = file_open(name, file_mode_write);
+    file_id file = file_open(name, file_mode_write);
     file_write(file, static_cast<i64>(text.size()), text.data());
     file_close(file);
     map_load(name);  // the lists get their room

@@ -27,7 +27,7 @@ bool family_is_known() {
     return 0 <= machine_kind && machine_kind < machine_kind_count;
 }
 
-void write_line(file_handle file, const catalogue_entry& entry) {
+void write_line(file_id file, const catalogue_entry& entry) {
     file_write(file, entry.name.length, entry.name.data);
     file_write_byte(file, ' ');
     file_write(file, entry.path.length, entry.path.data);
@@ -79,7 +79,7 @@ void catalogue_save() {
     }
     current_catalogue = &catalogues[machine_kind];
     str path = families[machine_kind].catalogue;
-    file_handle file = file_open(path, file_mode_write);
+    file_id file = file_open(path, file_mode_write);
     for (const catalogue_entry& entry : *current_catalogue) {
         write_line(file, entry);
     }

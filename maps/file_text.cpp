@@ -3,7 +3,7 @@
 #include "platform/file.h"
 
 bool file_read_all(str path, str& content) {
-    file_handle file = file_open(path, file_mode_read);
+    file_id file = file_open(path, file_mode_read);
     i64 size = file_size(file);
     if (file_failed(file) || size > text_file_limit) {
         file_close(file);

@@ -122,7 +122,7 @@ bool map_file_write(str path) {
     i64 mark = arenas[arena_persistent].offset;
     text_builder text = {};
     map_write(text);
-    file_handle file = file_open(path, file_mode_write);
+    file_id file = file_open(path, file_mode_write);
     file_write(file, text.length, text.data);
     file_close(file);
     arena_rewind(arena_persistent, mark);

@@ -8,21 +8,21 @@
 
 enum file_mode : u32 { file_mode_write = 1, file_mode_read = 2 };
 
-using file_handle = u64;
+using file_id = u64;
 
 // Opens a file. Reading takes regular files only. Writing creates missing parent directories and
 // collects into a temporary file beside the target, which stays whole until `file_close`.
-file_handle file_open(str path, u32 mode);
+file_id file_open(str path, u32 mode);
 // Whether opening, reading, writing or, once the file is closed, replacing the target has failed.
 // The answer for a closed file holds until the next `file_open`.
-bool file_failed(file_handle file);
+bool file_failed(file_id file);
 // Bytes in a file opened for reading; 0 for a failed one.
-i64 file_size(file_handle file);
-void file_read(file_handle file, i64 size, void* destination);
-void file_write(file_handle file, i64 size, const void* data);
-void file_write_byte(file_handle file, char byte);
+i64 file_size(file_id file);
+void file_read(file_id file, i64 size, void* destination);
+void file_write(file_id file, i64 size, const void* data);
+void file_write_byte(file_id file, char byte);
 // Ends the use of the handle. A written file replaces its target now, all of it or not at all.
-void file_close(file_handle file);
+void file_close(file_id file);
 
 bool file_exists(str path);
 // Does nothing when there is no such file.

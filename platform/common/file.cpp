@@ -15,8 +15,8 @@ namespace {
 
 // One opened file. Once closed it still answers `file_failed`, until its place is used again.
 struct file_slot {
-    file_handle handle;  // never used twice; 0 while the slot was never used
-    std::FILE* stream;   // null while closed
+    file_id handle;     // never used twice; 0 while the slot was never used
+    std::FILE* stream;  // null while closed
     bool failed;
     i64 size;               // bytes; of a file opened for reading
     std::string target;     // the file to replace; empty when reading
@@ -24,9 +24,9 @@ struct file_slot {
 };
 
 file_slot slots[16];
-file_handle last_handle;
+file_id last_handle;
 
-file_slot* slot_of(file_handle file) {
+file_slot* slot_of(file_id file) {
     for (file_slot& slot : slots) {
         if (file != 0 && slot.handle == file) {
             return &slot;
@@ -36,7 +36,7 @@ file_slot* slot_of(file_handle file) {
 }
 
 // The slot when it can still be read or written.
-file_slot* slot_in_use(file_handle file) {
+file_slot* slot_in_use(file_id file) {
     file_slot* slot = slot_of(file);
     return slot != nullptr && slot->stream != nullptr && !slot->failed ? slot : nullptr;
 }
@@ -117,7 +117,7 @@ bool target_replace(file_slot& slot) {
 
 }  // namespace
 
-file_handle file_open(str path, u32 mode) {
+file_id file_open(str path, u32 mode) {
     file_slot* slot = slot_free();
     if (slot == nullptr) {
         return 0;
@@ -133,17 +133,17 @@ file_handle file_open(str path, u32 mode) {
     return slot->handle;
 }
 
-bool file_failed(file_handle file) {
+bool file_failed(file_id file) {
     file_slot* slot = slot_of(file);
     return slot == nullptr || slot->failed;
 }
 
-i64 file_size(file_handle file) {
+i64 file_size(file_id file) {
     file_slot* slot = slot_in_use(file);
     return slot != nullptr ? slot->size : 0;
 }
 
-void file_read(file_handle file, i64 size, void* destination) {
+void file_read(file_id file, i64 size, void* destination) {
     file_slot* slot = slot_in_use(file);
     if (slot == nullptr || size <= 0) {
         return;
@@ -154,7 +154,7 @@ void file_read(file_handle file, i64 size, void* destination) {
     slot->failed = count < wanted;
 }
 
-void file_write(file_handle file, i64 size, const void* data) {
+void file_write(file_id file, i64 size, const void* data) {
     file_slot* slot = slot_in_use(file);
     if (slot == nullptr || size <= 0) {
         return;
@@ -163,11 +163,11 @@ void file_write(file_handle file, i64 size, const void* data) {
     slot->failed = std::fwrite(data, 1, count, slot->stream) < count;
 }
 
-void file_write_byte(file_handle file, char byte) {
+void file_write_byte(file_id file, char byte) {
     file_write(file, 1, &byte);
 }
 
-void file_close(file_handle file) {
+void file_close(file_id file) {
     file_slot* slot = slot_of(file);
     if (slot == nullptr || slot->stream == nullptr) {
         return;

@@ -18,14 +18,14 @@ class file_test : public game_test {};
 
 // Writes through the platform; whether it succeeded.
 bool file_replace(std::string_view path, std::string_view content) {
-    file_handle file = file_open(str_of(path), file_mode_write);
+    file_id file = file_open(str_of(path), file_mode_write);
     file_write(file, static_cast<i64>(content.size()), content.data());
     file_close(file);
     return !file_failed(file);
 }
 
 std::string file_text(std::string_view path) {
-    file_handle file = file_open(str_of(path), file_mode_read);
+    file_id file = file_open(str_of(path), file_mode_read);
     std::string text(static_cast<std::size_t>(file_size(file)), '?');
     file_read(file, file_size(file), text.data());
     file_close(file);
@@ -72,7 +72,7 @@ TEST_F(file_test, only_regular_files_open_for_reading) {
           std::string_view("/dev/zero"), std::string_view(""), std::string_view("a\0", 2)}) {
         SCOPED_TRACE(path);
         EXPECT_FALSE(file_exists(str_of(path)));
-        file_handle file = file_open(str_of(path), file_mode_read);
+        file_id file = file_open(str_of(path), file_mode_read);
         EXPECT_TRUE(file_failed(file));
         EXPECT_EQ(file_size(file), 0);
         file_close(file);
@@ -83,7 +83,7 @@ TEST_F(file_test, only_regular_files_open_for_reading) {
 
 TEST_F(file_test, a_read_beyond_the_end_fails_and_gives_zeros) {
     file_put("short", "ab");
-    file_handle file = file_open("short", file_mode_read);
+    file_id file = file_open("short", file_mode_read);
     char bytes[] = "????";
     file_read(file, 4, bytes);
     EXPECT_TRUE(file_failed(file));
@@ -93,7 +93,7 @@ TEST_F(file_test, a_read_beyond_the_end_fails_and_gives_zeros) {
 
 TEST_F(file_test, the_old_file_stays_until_close) {
     file_put("target", "old");
-    file_handle file = file_open("target", file_mode_write);
+    file_id file = file_open("target", file_mode_write);
     file_write(file, 3, "new");
     file_write_byte(file, '!');
     EXPECT_EQ(file_get("target"), "old");
@@ -126,7 +126,7 @@ TEST_F(file_test, what_cannot_be_replaced_fails) {
     EXPECT_TRUE(fs::is_fifo("pipe"));
 
     // What the target became while it was written.
-    file_handle file = file_open("late/target", file_mode_write);
+    file_id file = file_open("late/target", file_mode_write);
     fs::create_directory("late/target");
     file_close(file);
     EXPECT_TRUE(file_failed(file));
@@ -146,17 +146,17 @@ TEST_F(file_test, a_replaced_file_keeps_its_permissions_and_its_link) {
 
 TEST_F(file_test, stale_and_too_many_handles_are_harmless) {
     file_put("a", "content");
-    std::vector<file_handle> open;
+    std::vector<file_id> open;
     while (open.size() < 1000 && (open.empty() || !file_failed(open.back()))) {
         open.push_back(file_open("a", file_mode_read));
     }
     EXPECT_LT(open.size(), 1000U);
-    for (file_handle file : open) {
+    for (file_id file : open) {
         file_close(file);
     }
-    file_handle fresh = file_open("a", file_mode_read);
+    file_id fresh = file_open("a", file_mode_read);
     char byte = '?';
-    for (file_handle file : {open.front(), file_handle{0}, ~file_handle{0}}) {
+    for (file_id file : {open.front(), file_id{0}, ~file_id{0}}) {
         file_read(file, 1, &byte);
         file_write(file, 1, &byte);
         file_close(file);
