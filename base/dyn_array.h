@@ -18,8 +18,8 @@ struct dyn_array {
 
     element* data;  // null while nothing was allocated
     i64 count;
-    i64 capacity;    // elements
-    arena_id owner;  // where `data` lives
+    i64 capacity;         // elements
+    ::arena_id arena_id;  // where `data` lives
 
     element& operator[](i64 i) {
         assert(0 <= i && i < count);
@@ -41,11 +41,11 @@ void dyn_array_push(dyn_array<element>& array, std::type_identity_t<element> val
     constexpr i64 size = sizeof(element);
     if (array.data == nullptr) {
         array.capacity = 1;
-        array.data = static_cast<element*>(arena_alloc(array.owner, size));
+        array.data = static_cast<element*>(arena_alloc(array.arena_id, size));
     }
     if (array.count >= array.capacity) {
         array.data = static_cast<element*>(arena_realloc(
-            array.owner, array.data, array.capacity * size, 2 * array.capacity * size));
+            array.arena_id, array.data, array.capacity * size, 2 * array.capacity * size));
         array.capacity *= 2;
     }
     array.data[array.count] = value;

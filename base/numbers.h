@@ -3,7 +3,6 @@
 // Numbers as text. Reals are rounded to four decimals digit by digit in doubles, not by the
 // library's conversions, whose last digit may differ: 0.99995 becomes 0.9999.
 
-#include "base/text_buffer.h"
 #include "base/text_builder.h"
 #include "base/types.h"
 

@@ -1,20 +1,20 @@
 #include "base/text_builder.h"
 
+#include <algorithm>
+
 void text_builder_put(text_builder& builder, char byte) {
     if (builder.capacity == 0) {
         builder.capacity = 1;
-        builder.data = static_cast<char*>(arena_alloc(builder.owner, 1));
+        builder.data = static_cast<char*>(arena_alloc(builder.arena_id, 1));
     }
     if (builder.cursor >= builder.capacity) {
         builder.data = static_cast<char*>(
-            arena_realloc(builder.owner, builder.data, builder.capacity, 2 * builder.capacity));
+            arena_realloc(builder.arena_id, builder.data, builder.capacity, 2 * builder.capacity));
         builder.capacity *= 2;
     }
     builder.data[builder.cursor] = byte;
     builder.cursor += 1;
-    if (builder.cursor > builder.length) {
-        builder.length = builder.cursor;
-    }
+    builder.length = std::max(builder.length, builder.cursor);
 }
 
 void text_builder_put_str(text_builder& builder, str text) {
@@ -25,4 +25,23 @@ void text_builder_put_str(text_builder& builder, str text) {
 
 str text_builder_text(const text_builder& builder) {
     return {builder.data, builder.length};
+}
+
+void text_buffer_put(text_buffer& buffer, char byte) {
+    if (buffer.cursor >= buffer.capacity) {
+        return;
+    }
+    buffer.data[buffer.cursor] = byte;
+    buffer.cursor += 1;
+    buffer.length = std::max(buffer.length, buffer.cursor);
+}
+
+void text_buffer_put_str(text_buffer& buffer, str text) {
+    for (char byte : text) {
+        text_buffer_put(buffer, byte);
+    }
+}
+
+str text_buffer_text(const text_buffer& buffer) {
+    return {buffer.data, buffer.length};
 }

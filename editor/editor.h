@@ -2,7 +2,7 @@
 
 // The map editor: the editing mode of the board screen.
 
-#include "game/pointer.h"
+#include "render/view.h"
 
 // One frame of the editor, after the board was drawn: its keys, buttons and dialogs.
 void editor_frame(const pointer& mouse);

@@ -3,6 +3,7 @@
 #include "editor/spinner.h"
 #include "render/button.h"
 #include "render/goal_text.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"

@@ -2,7 +2,7 @@
 
 #include "editor/goal_editing.h"
 #include "editor/spinner.h"
-#include "game/overlays.h"
+#include "game/notices.h"
 #include "maps/model.h"
 #include "render/renderer.h"
 #include "render/text.h"

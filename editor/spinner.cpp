@@ -20,7 +20,7 @@ bool spinner_up(f64 x, f64 y) {
 
 void number_draw(i64 value, f64 x, f64 y) {
     text_builder text = {};
-    text.owner = arena_frame;
+    text.arena_id = arena_frame;
     text_builder_put_int(text, value);
     text_draw_centred(text_builder_text(text), x, y, 256, colour_white);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/input.h"
 #include "render/button.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"

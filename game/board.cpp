@@ -71,7 +71,7 @@ void nimber_draw(i64 state, world_point centre) {
         return;
     }
     text_builder text = {};
-    text.owner = arena_frame;
+    text.arena_id = arena_frame;
     text_builder_put_int(text, static_cast<i8>(game_map.nimbers[state]));
     text_draw(text_builder_text(text), centre.x, centre.y - 32, 256, colour_white, false, false,
               true);

@@ -2,7 +2,7 @@
 
 // The board: the map in world space, the selection of states with the mouse, the stone in flight.
 
-#include "game/pointer.h"
+#include "render/view.h"
 
 // Drops a selected state that the loaded map does not have.
 void board_check_selection();

@@ -3,10 +3,11 @@
 #include <algorithm>
 
 #include "base/numbers.h"
-#include "game/card_row.h"
+#include "game/card_drawing.h"
+#include "game/table_panel.h"
 #include "platform/input.h"
-#include "render/cards.h"
 #include "render/goal_text.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"
@@ -74,34 +75,6 @@ void hand_cards_frame(const hand_layout& row, const pointer& mouse) {
     }
 }
 
-void deck_frame(const pointer& mouse) {
-    bool drawable = machine_kind == pushdown_machine && deck.cards.count > 0 && !turn.card_drawn;
-    if (!drawable || !pointer_in(mouse, deck.x, deck.y, deck.size, deck.size)) {
-        return;
-    }
-    if (mouse.pressed) {
-        hand_draw();
-    }
-    card_highlight_draw(deck.x, deck.y, card_hover_tint);
-}
-
-void end_turn_frame(const pointer& mouse) {
-    if (!turn.card_drawn) {
-        return;
-    }
-    f64 x = render_target.width - card_step;
-    f64 y = render_target.height - card_step;
-    sprite_draw(texture_set.textures[texture_next_turn], x, y, card_size, card_size,
-                colour_rgba(current_seat().colour_index), true);
-    if (deck.cards.count == 0 || !pointer_in(mouse, x, y, deck.size, deck.size)) {
-        return;
-    }
-    if (mouse.pressed) {
-        turn_end();
-    }
-    card_highlight_draw(x, y, card_hover_tint);
-}
-
 void drag_advance(const pointer& mouse, f64 track, bool thumb_hovered) {
     if (thumb_hovered && mouse.pressed) {
         hand_row.hand_scroll_dragging = true;
@@ -142,7 +115,7 @@ void scroll_bar_frame(const hand_layout& row, const pointer& mouse) {
 void card_count_draw(const player& seat, f64 x, f64 y) {
     i64 count = seat.hand.count;
     text_builder text = {};
-    text.owner = arena_frame;
+    text.arena_id = arena_frame;
     text_builder_put_int(text, count);
     text_builder_put_str(text, " card");
     if (count != 1) {

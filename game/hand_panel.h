@@ -4,7 +4,7 @@
 // hidden; with the hand go the clicks on the deck and on the end-of-turn sign.
 
 #include "base/types.h"
-#include "game/pointer.h"
+#include "render/view.h"
 
 struct hand_scroll_record {
     // How far the row is scrolled, as a fraction of its full width; 0 shows the first card.

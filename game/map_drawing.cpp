@@ -1,6 +1,6 @@
 #include "game/map_drawing.h"
 
-#include "render/renderer.h"
+#include "render/pictures.h"
 #include "render/sprites.h"
 #include "render/text.h"
 

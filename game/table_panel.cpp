@@ -1,12 +1,13 @@
 #include "game/table_panel.h"
 
-#include "game/card_row.h"
+#include "game/card_drawing.h"
 #include "maps/model.h"
-#include "render/cards.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/view.h"
 #include "rules/cards.h"
+#include "rules/turns.h"
 
 namespace {
 
@@ -54,4 +55,32 @@ void table_draw() {
     } else if (machine_kind == turing_machine) {
         tape_draw();
     }
+}
+
+void deck_frame(const pointer& mouse) {
+    bool drawable = machine_kind == pushdown_machine && deck.cards.count > 0 && !turn.card_drawn;
+    if (!drawable || !pointer_in(mouse, deck.x, deck.y, deck.size, deck.size)) {
+        return;
+    }
+    if (mouse.pressed) {
+        hand_draw();
+    }
+    card_highlight_draw(deck.x, deck.y, card_hover_tint);
+}
+
+void end_turn_frame(const pointer& mouse) {
+    if (!turn.card_drawn) {
+        return;
+    }
+    f64 x = render_target.width - card_step;
+    f64 y = render_target.height - card_step;
+    sprite_draw(texture_set.textures[texture_next_turn], x, y, card_size, card_size,
+                colour_rgba(current_seat().colour_index), true);
+    if (deck.cards.count == 0 || !pointer_in(mouse, x, y, deck.size, deck.size)) {
+        return;
+    }
+    if (mouse.pressed) {
+        turn_end();
+    }
+    card_highlight_draw(x, y, card_hover_tint);
 }

@@ -118,7 +118,7 @@ void nimbers_compute() {
     nimbers_forget();
     successor_lists lists = successors_collect(named_state_count());
     dyn_array<u16> stack = {};
-    stack.owner = arena_frame;
+    stack.arena_id = arena_frame;
     for (i64 s = 0; s < named_state_count(); ++s) {
         dyn_array_push(stack, static_cast<u16>(s));
     }

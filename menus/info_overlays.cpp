@@ -2,6 +2,7 @@
 
 #include "base/arena.h"
 #include "base/numbers.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"
@@ -49,7 +50,7 @@ void help_overlay_draw() {
 void memory_report_draw() {
     const arena& memory = arenas[arena_persistent];
     text_builder text = {};
-    text.owner = arena_frame;
+    text.arena_id = arena_frame;
     text_builder_put_str(text, "memory used: ");
     text_builder_put_int(text, memory.offset >> 10);
     text_builder_put_str(text, " / ");

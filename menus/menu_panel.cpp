@@ -1,6 +1,7 @@
 #include "menus/menu_panel.h"
 
 #include "render/button.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"

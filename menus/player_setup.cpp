@@ -4,7 +4,7 @@
 
 #include "menus/menu_panel.h"
 #include "render/button.h"
-#include "render/renderer.h"
+#include "render/pictures.h"
 #include "render/sprites.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
@@ -32,8 +32,8 @@ void seats_adjust() {
     constexpr i64 size = sizeof(player);
     if (players.capacity < player_count) {
         players.data = static_cast<player*>(
-            players.data == nullptr ? arena_alloc(players.owner, player_count * size)
-                                    : arena_realloc(players.owner, players.data,
+            players.data == nullptr ? arena_alloc(players.arena_id, player_count * size)
+                                    : arena_realloc(players.arena_id, players.data,
                                                     players.capacity * size, player_count * size));
         players.capacity = player_count;
     }

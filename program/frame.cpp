@@ -11,7 +11,6 @@
 #include "menus/info_overlays.h"
 #include "menus/map_list.h"
 #include "menus/player_setup.h"
-#include "menus/title_map.h"
 #include "menus/title_menu.h"
 #include "platform/display.h"
 #include "platform/gpu.h"
@@ -107,7 +106,7 @@ void screen_frame() {
 
 void gpu_error_stop(u32 code) {
     text_builder text = {};
-    text.owner = arena_frame;
+    text.arena_id = arena_frame;
     text_builder_put_int(text, code);
     message_write({"gl error: ", text_builder_text(text), "\n"});
     std::exit(0);

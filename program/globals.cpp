@@ -11,6 +11,7 @@
 #include "menus/title_menu.h"
 #include "render/camera.h"
 #include "render/font.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"

@@ -1,6 +1,7 @@
 #include "render/button.h"
 
 #include "platform/input.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"

@@ -7,7 +7,7 @@
 #include "maps/scan.h"
 #include "platform/file.h"
 #include "platform/gpu.h"
-#include "render/picture.h"
+#include "render/pictures.h"
 
 // The font file is lines of text, each one a letter, a blank and what belongs to it:
 //

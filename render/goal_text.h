@@ -2,7 +2,7 @@
 
 // Goals of turing games in a compact form with pictures for colours and shapes.
 
-#include "base/text_buffer.h"
+#include "base/text_builder.h"
 #include "base/types.h"
 #include "maps/model.h"
 

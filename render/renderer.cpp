@@ -2,16 +2,13 @@
 
 #include <cstddef>
 
-#include "base/arena.h"
 #include "base/message.h"
 #include "platform/gpu.h"
-#include "platform/image.h"
 #include "render/font.h"
 #include "render/matrix.h"
-#include "render/picture.h"
+#include "render/pictures.h"
 #include "render/shader_sources.h"
 
-texture_set_record texture_set;
 quad_mesh_record quad_mesh;
 simple_shader_record simple_shader;
 gamma_shader_record gamma_shader;
@@ -19,37 +16,7 @@ render_target_record render_target;
 
 namespace {
 
-constexpr i64 image_scratch_size = 33'554'432;  // bytes, 32 MiB
 constexpr f32 gamma_exponent = 2.2f;
-
-struct picture_file {
-    texture_slot slot;
-    str path;
-};
-
-// In the order of loading.
-constexpr picture_file picture_files[] = {
-    {texture_circle, "resources/circle.png"},
-    {texture_triangle, "resources/triangle.png"},
-    {texture_square, "resources/square.png"},
-    {texture_pentagon, "resources/pentagon.png"},
-    {texture_hexagon, "resources/hexagon.png"},
-    {texture_star, "resources/star.png"},
-    {texture_white, "resources/white.png"},
-    {texture_eye, "resources/eye.png"},
-    {texture_stack, "resources/stack.png"},
-    {texture_player, "resources/player.png"},
-    {texture_similarity, "resources/similarity.png"},
-    {texture_gradient1, "resources/gradient1.png"},
-    {texture_gradient2, "resources/gradient2.png"},
-    {texture_gradient3, "resources/gradient3.png"},
-    {texture_next_turn, "resources/next_turn2.png"},
-    {texture_self_arrow, "resources/self_arrow.png"},
-    {texture_state_machine, "resources/state_machine.png"},
-    {texture_pushdown_machine, "resources/pushdown_machine.png"},
-    {texture_turing_machine, "resources/turing_machine.png"},
-};
-static_assert(sizeof picture_files / sizeof picture_files[0] == texture_slot_count);
 
 constexpr str frame_buffer_errors[] = {
     "",
@@ -64,17 +31,6 @@ constexpr str frame_buffer_errors[] = {
 };
 static_assert(sizeof frame_buffer_errors / sizeof frame_buffer_errors[0] ==
               frame_buffer_status_count);
-
-void pictures_load() {
-    void* scratch = arena_alloc(arena_persistent, image_scratch_size);
-    texture_set.image_scratch = {image_scratch_size, scratch};
-    // The first row of a texture is its bottom one.
-    image_set_flip(true);
-    image_set_buffer(image_scratch_size, scratch);
-    for (const picture_file& file : picture_files) {
-        texture_set.textures[file.slot] = picture_load(file.path);
-    }
-}
 
 struct vertex {
     f32 x, y;

@@ -8,41 +8,6 @@
 
 #include "base/types.h"
 
-// The pictures. The card shapes stand in card order and the families in the order of
-// `machine_kind`, so that both are found by adding to the first one.
-enum texture_slot : u8 {
-    texture_circle = 0,  // card shape a; states and the colour dots too
-    texture_triangle,    // arrow heads too
-    texture_square,
-    texture_pentagon,
-    texture_hexagon,
-    texture_star,
-    texture_white,  // every plain fill
-    texture_eye,    // the rule letter T
-    texture_stack,
-    texture_similarity,  // the rule sign ~
-    texture_gradient1,   // the back of the deck
-    texture_gradient2,
-    texture_gradient3,   // the face of a button
-    texture_player,      // stones and seats
-    texture_next_turn,   // the end-of-turn button
-    texture_self_arrow,  // a transition from a state to itself
-    texture_state_machine,
-    texture_pushdown_machine,
-    texture_turing_machine,
-    texture_slot_count,
-};
-
-struct image_scratch_record {
-    u64 size;    // bytes
-    void* data;  // in the persistent arena; used only while `renderer_init` runs
-};
-
-struct texture_set_record {
-    image_scratch_record image_scratch;
-    u32 textures[texture_slot_count];
-};
-
 // Corners (0, 0) to (1, 1), with the picture's own corners on them.
 struct quad_mesh_record {
     u32 vertex_array;
@@ -75,7 +40,6 @@ struct render_target_record {
     bool fullscreen = false;
 };
 
-extern texture_set_record texture_set;
 extern quad_mesh_record quad_mesh;
 extern simple_shader_record simple_shader;
 extern gamma_shader_record gamma_shader;

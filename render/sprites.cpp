@@ -2,8 +2,8 @@
 
 #include "platform/maths.h"
 #include "render/matrix.h"
+#include "render/pictures.h"
 #include "render/quad.h"
-#include "render/renderer.h"
 
 namespace {
 

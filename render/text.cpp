@@ -1,8 +1,8 @@
 #include "render/text.h"
 
 #include "render/font.h"
+#include "render/pictures.h"
 #include "render/quad.h"
-#include "render/renderer.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// How a frame sees the window and the world.
+// How a frame sees the window and the world, and where the mouse points in both.
 //
 // Window pixels have their origin at the window's bottom-left corner, y upwards. World units are
 // pixels at zoom 1.
@@ -20,3 +20,18 @@ extern mat4 inverse_view_matrix;  // window pixels to world units
 
 // The world point under a window pixel.
 world_point view_world_point(f64 pixel_x, f64 pixel_y);
+
+struct pointer {
+    f64 x;  // window pixels from the left edge
+    f64 y;  // window pixels from the bottom edge
+    world_point world;
+    bool on_board;  // strictly between the two bands: only there states can be hovered and clicked
+    bool pressed;   // the left button went down in this frame
+};
+
+// Read from this frame's input and matrices.
+pointer pointer_read();
+
+// Whether the pointer is in a window rectangle; left and bottom edges belong to it, right and top
+// edges do not.
+bool pointer_in(const pointer& mouse, f64 x, f64 y, f64 width, f64 height);

@@ -85,7 +85,7 @@ TEST_F(memory_test, ARewoundArenaUsesTheSameBytesAgain) {
 TEST_F(memory_test, ArraysDoubleFromOneInTheirOwnArena) {
     for (arena_id owner : {arena_persistent, arena_frame}) {
         dyn_array<u16> array = {};
-        array.owner = owner;
+        array.arena_id = owner;
         const i64 capacities[] = {1, 2, 4, 4, 8};
         for (u16 i = 0; i < 5; ++i) {
             dyn_array_push(array, i);

@@ -1,4 +1,5 @@
 #include "render/renderer.h"
+#include "render/pictures.h"
 
 #include <algorithm>
 #include <map>

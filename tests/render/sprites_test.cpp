@@ -1,9 +1,9 @@
 #include "render/sprites.h"
 
+#include "game/card_drawing.h"
 #include "platform/input.h"
 #include "render/button.h"
 #include "render/camera.h"
-#include "render/cards.h"
 #include "tests/support/draws.h"
 
 namespace {

@@ -11,6 +11,7 @@
 
 #include "platform/headless/headless.h"
 #include "render/colour.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "tests/support/game.h"
 

@@ -1,7 +1,8 @@
-#include "game/overlays.h"
+#include "game/notices.h"
 
 #include "maps/model.h"
 #include "render/goal_text.h"
+#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"

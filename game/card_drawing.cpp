@@ -1,9 +1,10 @@
-#include "render/cards.h"
+#include "game/card_drawing.h"
 
 #include <algorithm>
 
+#include "render/pictures.h"
 #include "render/quad.h"
-#include "render/renderer.h"
+#include "render/sprites.h"
 
 namespace {
 
@@ -65,4 +66,10 @@ void card_draw(const card& face, f64 x, f64 y, f64 size) {
     if (count > 0) {
         pips_draw(count, x, y, size);
     }
+}
+
+void card_highlight_draw(f64 x, f64 y, const colour& tint) {
+    f64 side = card_size + 2 * card_margin;
+    sprite_draw(texture_set.textures[texture_white], x - card_margin, y - card_margin, side, side,
+                tint, true);
 }
