@@ -1,7 +1,5 @@
 #include "ai/movable.h"
 
-#include "rules/random.h"
-
 stone_table stones_locate() {
     stone_table table = {per_state<u16>(no_index), per_state<i64>(0)};
     for (i64 i = 0; i < stones.count && i < no_index; ++i) {
@@ -14,8 +12,4 @@ stone_table stones_locate() {
         }
     }
     return table;
-}
-
-i64 random_index(i64 count) {
-    return static_cast<i64>(random_below(static_cast<u64>(count)));
 }

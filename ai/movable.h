@@ -39,6 +39,3 @@ void movable_visit(const stone_table& table, visitor visit) {
         }
     }
 }
-
-// A uniform choice in [0, count), for count >= 1.
-i64 random_index(i64 count);

@@ -1,7 +1,6 @@
 #include "ai/pushdown_player.h"
 
 #include "ai/movable.h"
-#include "rules/card_set.h"
 #include "rules/cards.h"
 #include "rules/random.h"
 #include "rules/rule.h"
@@ -29,7 +28,7 @@ hand_table hand_sort() {
         i64 value = card_value(hand[j]);
         table.counts[value] += 1;
         table.first[value] = j;
-        card_set_add(table.values, value);
+        card_set_add(table.values, hand[j]);
     }
     return table;
 }
@@ -55,7 +54,7 @@ i64 hand_count(const hand_table& hand, const card_set& values) {
 i64 hand_nth(const card_set& values, i64 nth) {
     const dyn_array<card>& hand = current_seat().hand;
     i64 index = 0;
-    while (!card_set_has(values, card_value(hand[index])) || nth-- > 0) {
+    while (!card_set_has(values, hand[index]) || nth-- > 0) {
         index += 1;
     }
     return index;
@@ -89,13 +88,9 @@ candidate playable_pick(const stone_table& table, const hand_table& hand, i64 in
 
 card_set deck_values() {
     card_set values;
-    for (i64 colour = 0; colour < deck_colours_bounded(); ++colour) {
-        for (i64 shape = 0; shape < deck_shapes_bounded(); ++shape) {
-            for (i64 number = 1; number <= deck_numbers_bounded(); ++number) {
-                card_set_add(values, card_value({static_cast<u8>(colour), static_cast<u8>(shape),
-                                                 static_cast<u8>(number)}));
-            }
-        }
+    card_kinds kinds = deck_kinds();
+    for (i64 i = 0; i < card_kinds_count(kinds); ++i) {
+        card_set_add(values, card_at(kinds, i));
     }
     return values;
 }
@@ -117,7 +112,7 @@ void outlook_compute(top_outlook& outlook, const stone_table& table, const hand_
     for (const transition& arc : game_map.transitions) {
         if (transition_exists(arc)) {
             card_set matching = rule_matching_cards(arc.rule);
-            i64 played = card_set_has(matching, card_value(top)) ? 1 : 0;
+            i64 played = card_set_has(matching, top) ? 1 : 0;
             outlook.own[arc.from] += hand_count(hand, matching) - played;
             outlook.others[arc.from] += card_set_count(matching & deck_kind);
         }

@@ -1,6 +1,7 @@
 #include "ai/turing_player.h"
 
 #include "ai/movable.h"
+#include "rules/random.h"
 #include "rules/turns.h"
 
 void turing_machine_act() {

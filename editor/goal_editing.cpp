@@ -1,5 +1,6 @@
 #include "editor/goal_editing.h"
 
+#include "base/arithmetic.h"
 #include "editor/spinner.h"
 #include "render/button.h"
 #include "render/goal_text.h"
@@ -8,7 +9,6 @@
 #include "render/sprites.h"
 #include "render/text.h"
 #include "render/view.h"
-#include "rules/goal.h"
 
 goal_editing_record goal_editing;
 
@@ -33,8 +33,7 @@ constexpr str comparison_names[comparison_count] = {"exactly", "at most", "at le
 
 // Brings the cursor into the range of the goals, of which there must be some.
 void goal_cursor_reduce() {
-    i64 remainder = goal_editing.goal_cursor % goals.count;
-    goal_editing.goal_cursor = remainder < 0 ? remainder + goals.count : remainder;
+    goal_editing.goal_cursor = floor_modulo(goal_editing.goal_cursor, goals.count);
 }
 
 // One row of the dialog: "<" is worth -1, ">" +1.
@@ -59,26 +58,9 @@ void card_step_apply(card& c, i64 step) {
     }
 }
 
-// The letter or digit by which the measure names the card.
-char card_symbol(card c, u8 measure) {
-    switch (measure) {
-        case measure_colour:
-        case measure_either_colour:
-            return static_cast<char>('A' + c.colour);
-        case measure_shape:
-        case measure_either_shape:
-            return static_cast<char>('a' + c.shape);
-        case measure_number:
-        case measure_either_number:
-            return static_cast<char>('0' + c.number);
-        default:
-            return '?';
-    }
-}
-
 void card_row_frame(card& c, f64 y) {
     card_step_apply(c, row_step_clicked(y));
-    char symbol = card_symbol(c, goal_editing.new_goal.measure);
+    char symbol = card_symbol(c, measures[goal_editing.new_goal.measure].field);
     text_draw({&symbol, 1}, render_target.width / 2.0, y, 256, colour_white, true, true, true);
 }
 
@@ -92,10 +74,10 @@ void dialog_rows_frame(f64 y) {
     y -= row_step;
     g.target = wrapping_add(g.target, row_step_clicked(y));
     number_draw(g.target, render_target.width / 2.0, y);
-    if (g.measure >= measure_colour) {
+    if (measures[g.measure].cards >= 1) {
         card_row_frame(g.card_a, y - row_step);
     }
-    if (g.measure >= measure_either_colour) {
+    if (measures[g.measure].cards >= 2) {
         card_row_frame(g.card_b, y - 2 * row_step);
     }
 }

@@ -1,5 +1,6 @@
 #include "editor/settings_panel.h"
 
+#include "base/arithmetic.h"
 #include "editor/goal_editing.h"
 #include "editor/spinner.h"
 #include "game/notices.h"
@@ -54,7 +55,7 @@ bool row_up(f64 y) {
 void win_row_frame(f64 y) {
     text_draw_centred("win", 160, y, 256, colour_white);
     i64 mode = static_cast<i8>(settings.win_mode) - (row_down(y) ? 1 : 0);
-    mode = (mode % win_mode_count + win_mode_count) % win_mode_count;
+    mode = floor_modulo(mode, win_mode_count);
     text_draw_centred(win_mode_label(mode), row_centre(), y, 256, colour_white);
     settings.win_mode = static_cast<u8>(mode + (row_up(y) ? 1 : 0));
 }

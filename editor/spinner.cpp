@@ -1,5 +1,6 @@
 #include "editor/spinner.h"
 
+#include "base/arithmetic.h"
 #include "base/numbers.h"
 #include "render/button.h"
 #include "render/text.h"
@@ -30,5 +31,5 @@ i64 wrapping_add(i64 value, i64 step) {
 }
 
 u8 cyclic_step(u8 value, i64 step, i64 count) {
-    return static_cast<u8>(((value + step) % count + count) % count);
+    return static_cast<u8>(floor_modulo(value + step, count));
 }

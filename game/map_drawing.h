@@ -19,7 +19,6 @@ inline constexpr map_placement on_board = {0, 0, 1, false};
 
 inline constexpr f64 state_size = 64;  // world units, side of a state's disc and of its box
 inline constexpr f64 stone_size = 48;
-inline constexpr f64 stone_rise = 8;  // between stones on one state
 
 inline constexpr colour transition_tint = {0.9f, 0.8f, 0.8f, 1};
 

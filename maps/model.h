@@ -22,6 +22,40 @@ inline constexpr u8 no_nimber = 255;
 enum win_mode_value : u8 { win_immediate = 0, win_all_accepting, win_any_accepting };
 inline constexpr i64 win_mode_count = 3;
 
+// What a goal counts over the cards of the tape.
+enum measure_value : u8 {
+    measure_sum = 0,           // the sum of the numbers
+    measure_distinct_colours,  // of the deck's colours, how many occur
+    measure_distinct_shapes,
+    measure_distinct_numbers,
+    measure_colour,  // cards with card_a's colour
+    measure_shape,
+    measure_number,
+    measure_either_colour,  // cards with card_a's or card_b's colour
+    measure_either_shape,
+    measure_either_number,
+    measure_count,
+};
+
+// What a measure looks at: a field of the tape's cards, and how many cards of the goal it compares
+// them with.
+struct measure_info {
+    card_field field;
+    i64 cards;  // 0: none, 1: `card_a`, 2: both
+};
+
+inline constexpr measure_info measures[measure_count] = {
+    {field_number, 0}, {field_colour, 0}, {field_shape, 0},  {field_number, 0}, {field_colour, 1},
+    {field_shape, 1},  {field_number, 1}, {field_colour, 2}, {field_shape, 2},  {field_number, 2},
+};
+
+enum comparison_value : u8 {
+    compare_exactly = 0,
+    compare_at_most,
+    compare_at_least,
+    comparison_count,
+};
+
 struct map_state {
     f64 x;         // map units
     f64 y;         // map units
@@ -38,14 +72,14 @@ struct transition {
     str rule;  // a rule, a tape action, or words, by family; may be empty
 };
 
-// A winning condition over the tape: a count, compared with a target. What the numbers mean is
-// told in rules/goal.h.
+// A winning condition over the tape: the measure's count, compared with a target. A file may hold
+// a measure, a comparison or card values that do not exist.
 struct goal {
-    u8 measure = 0;
-    u8 comparison = 0;
+    u8 measure = measure_sum;
+    u8 comparison = compare_exactly;
     i64 target = 0;
-    card card_a;  // used by measures from 4 on
-    card card_b;  // used by measures from 7 on
+    card card_a;
+    card card_b;
 };
 
 struct map_record {

@@ -12,9 +12,6 @@
 
 namespace {
 
-constexpr u8 first_measure_with_card_a = 4;
-constexpr u8 first_measure_with_card_b = 7;
-
 constexpr f64 smallest_written = 0.00005;  // below it all four decimals are 0
 constexpr f32 largest_label_offset = std::numeric_limits<f32>::max();
 
@@ -73,10 +70,10 @@ void goal_write(text_builder& text, const goal& g) {
     put_byte(text, g.measure);
     put_byte(text, g.comparison);
     put_int(text, g.target);
-    if (static_cast<i8>(g.measure) >= first_measure_with_card_a) {
+    if (static_cast<i8>(g.measure) >= measure_colour) {
         goal_card_write(text, g.card_a);
     }
-    if (static_cast<i8>(g.measure) >= first_measure_with_card_b) {
+    if (static_cast<i8>(g.measure) >= measure_either_colour) {
         goal_card_write(text, g.card_b);
     }
     text_builder_put(text, '\n');

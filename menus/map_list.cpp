@@ -10,6 +10,7 @@
 #include "render/button.h"
 #include "rules/deal.h"
 #include "rules/screens.h"
+#include "rules/selection.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/arithmetic.h"
 #include "menus/menu_panel.h"
 #include "render/button.h"
 #include "render/pictures.h"
@@ -56,7 +57,7 @@ void seat_row_frame(player& seat, menu_centre centre, f64 y) {
         seat.is_computer = !seat.is_computer;
     }
     i64 colour_index = seat.colour_index + menu_stepper(centre.x - 96, y, 64);
-    seat.colour_index = static_cast<u8>((colour_index + seat_colour_count) % seat_colour_count);
+    seat.colour_index = static_cast<u8>(floor_modulo(colour_index, seat_colour_count));
     sprite_draw(texture_set.textures[texture_player], centre.x - 128, y - 32, 64, 64,
                 colour_rgba(seat.colour_index), true);
     if (seat.is_computer) {

@@ -1,5 +1,6 @@
 #include "menus/title_menu.h"
 
+#include "base/arithmetic.h"
 #include "base/time_step.h"
 #include "maps/catalogue.h"
 #include "maps/model.h"
@@ -21,8 +22,7 @@ constexpr str family_names[machine_kind_count] = {"State", "Pushdown", "Turing"}
 
 void family_choose(menu_centre centre) {
     f64 y = centre.y + half_height - 96;
-    machine_kind += menu_stepper(centre.x, y, 160);
-    machine_kind = (machine_kind + machine_kind_count) % machine_kind_count;
+    machine_kind = floor_modulo(machine_kind + menu_stepper(centre.x, y, 160), machine_kind_count);
     menu_text_draw("Game Mode", centre.x, centre.y + half_height - 48);
     menu_text_draw(family_names[machine_kind], centre.x, y);
 }

@@ -2,33 +2,22 @@
 
 #include "base/numbers.h"
 #include "render/text.h"
-#include "rules/goal.h"
 
 namespace {
 
-// What a goal counts: the words, then for a measure of cards the property that `card_a`, or
-// either of two cards, must have, written as a character counted from `first`.
-struct measure_text {
-    str words;
-    u8 card::*property;
-    char first;
-    bool either;
+// What a goal counts; the property of a card, or either of two, follows.
+constexpr str measure_texts[measure_count] = {
+    "sum",
+    "# %distin%ct %colors",
+    "# %distin%ct sh%ap%es",
+    "# %distin%ct num%b%ers",
+    "num ",
+    "num ",
+    "num ",
+    "num ",
+    "num ",
+    "num ",
 };
-
-// clang-format off
-constexpr measure_text measure_texts[measure_count] = {
-    {"sum", nullptr, 0, false},
-    {"# %distin%ct %colors", nullptr, 0, false},
-    {"# %distin%ct sh%ap%es", nullptr, 0, false},
-    {"# %distin%ct num%b%ers", nullptr, 0, false},
-    {"num ", &card::colour, 'A', false},
-    {"num ", &card::shape, 'a', false},
-    {"num ", &card::number, '0', false},
-    {"num ", &card::colour, 'A', true},
-    {"num ", &card::shape, 'a', true},
-    {"num ", &card::number, '0', true},
-};
-// clang-format on
 
 constexpr str comparison_texts[comparison_count] = {
     " %ex%a%ctly ",
@@ -37,14 +26,14 @@ constexpr str comparison_texts[comparison_count] = {
 };
 
 void measure_put(text_buffer& buffer, const goal& g) {
-    const measure_text& measure = measure_texts[g.measure];
-    text_buffer_put_str(buffer, measure.words);
-    if (measure.property != nullptr) {
-        text_buffer_put(buffer, static_cast<char>(measure.first + g.card_a.*measure.property));
+    const measure_info& measure = measures[g.measure];
+    text_buffer_put_str(buffer, measure_texts[g.measure]);
+    if (measure.cards >= 1) {
+        text_buffer_put(buffer, card_symbol(g.card_a, measure.field));
     }
-    if (measure.either) {
+    if (measure.cards >= 2) {
         text_buffer_put_str(buffer, " or ");
-        text_buffer_put(buffer, static_cast<char>(measure.first + g.card_b.*measure.property));
+        text_buffer_put(buffer, card_symbol(g.card_b, measure.field));
     }
 }
 

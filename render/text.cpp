@@ -1,5 +1,6 @@
 #include "render/text.h"
 
+#include "maps/card.h"
 #include "render/font.h"
 #include "render/pictures.h"
 #include "render/quad.h"
@@ -114,11 +115,13 @@ void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, bool screen
 u32 glyph_icon(char character, glyph_look& look) {
     i64 slot = 0;
     colour tint = look.tint;
-    if ('A' <= character && character <= 'F') {
+    card_property property = {card_field_count, 0};
+    card_property_read(character, property);
+    if (property.field == field_colour) {
         slot = texture_circle;
-        tint = colour_rgba(character - 'A');
-    } else if ('a' <= character && character <= 'f') {
-        slot = texture_circle + (character - 'a');
+        tint = colour_rgba(property.value);
+    } else if (property.field == field_shape) {
+        slot = texture_circle + property.value;
     } else if (character == 'T') {
         slot = texture_eye;
     } else if (character == '~') {

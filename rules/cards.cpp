@@ -1,8 +1,10 @@
 #include "rules/cards.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "maps/model.h"
+#include "rules/random.h"
 
 card_pile deck;
 card_pile discard_pile;
@@ -23,14 +25,23 @@ card card_take_top(dyn_array<card>& cards) {
     return top;
 }
 
-i64 deck_colours_bounded() {
-    return std::clamp(settings.deck_colours, i64{0}, card_colour_count);
+card_kinds deck_kinds() {
+    return {{std::clamp(settings.deck_colours, i64{0}, card_colour_count),
+             std::clamp(settings.deck_shapes, i64{0}, card_shape_count),
+             std::clamp(settings.deck_numbers, i64{0}, card_number_count)}};
 }
 
-i64 deck_shapes_bounded() {
-    return std::clamp(settings.deck_shapes, i64{0}, card_shape_count);
+void deck_shuffle() {
+    for (i64 i = deck.cards.count - 1; i >= 1; --i) {
+        std::swap(deck.cards[i], deck.cards[random_index(i + 1)]);
+    }
 }
 
-i64 deck_numbers_bounded() {
-    return std::clamp(settings.deck_numbers, i64{0}, card_number_count);
+void deck_refill() {
+    if (deck.cards.count > 0) {
+        return;
+    }
+    // Each pile takes over the other's storage, so that neither writes into the other's cards.
+    std::swap(deck.cards, discard_pile.cards);
+    deck_shuffle();
 }

@@ -1,7 +1,6 @@
 #include "rules/deal.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "base/message.h"
 #include "maps/catalogue.h"
@@ -22,26 +21,14 @@ i64 pile_size(i64 count, str pile_name) {
     return std::clamp(count, i64{0}, pile_limit);
 }
 
-void deck_add_copy(i64 limit) {
-    for (i64 colour = 0; colour < deck_colours_bounded(); ++colour) {
-        for (i64 shape = 0; shape < deck_shapes_bounded(); ++shape) {
-            for (i64 number = 1; number <= deck_numbers_bounded(); ++number) {
-                if (deck.cards.count < limit) {
-                    dyn_array_push(deck.cards, {static_cast<u8>(colour), static_cast<u8>(shape),
-                                                static_cast<u8>(number)});
-                }
-            }
-        }
-    }
-}
-
+// Copies of the map's kinds of cards, one after the other.
 void deck_build() {
-    deck.cards.count = 0;
-    i64 cards_per_copy = deck_colours_bounded() * deck_shapes_bounded() * deck_numbers_bounded();
+    card_kinds kinds = deck_kinds();
     i64 copies = std::clamp(settings.deck_copies, i64{0}, pile_limit + 1);
-    i64 limit = pile_size(cards_per_copy * copies, "deck");
-    while (deck.cards.count < limit) {
-        deck_add_copy(limit);
+    i64 count = pile_size(card_kinds_count(kinds) * copies, "deck");
+    deck.cards.count = 0;
+    for (i64 i = 0; i < count; ++i) {
+        dyn_array_push(deck.cards, card_at(kinds, i % card_kinds_count(kinds)));
     }
 }
 
@@ -53,7 +40,7 @@ void deal(dyn_array<card>& pile, i64 count) {
 }
 
 goal goal_deal() {
-    return goals.count == 0 ? goal{} : goals[static_cast<i64>(random_below(u64(goals.count)))];
+    return goals.count == 0 ? goal{} : goals[random_index(goals.count)];
 }
 
 void seats_deal() {
@@ -91,20 +78,4 @@ void game_start() {
         dyn_array_push(stones, 0);
         dyn_array_push(stones, 0);
     }
-}
-
-void deck_shuffle() {
-    for (i64 i = deck.cards.count - 1; i >= 1; --i) {
-        i64 j = static_cast<i64>(random_below(static_cast<u64>(i) + 1));
-        std::swap(deck.cards[i], deck.cards[j]);
-    }
-}
-
-void deck_refill() {
-    if (deck.cards.count > 0) {
-        return;
-    }
-    // Each pile takes over the other's storage, so that neither writes into the other's cards.
-    std::swap(deck.cards, discard_pile.cards);
-    deck_shuffle();
 }

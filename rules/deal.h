@@ -2,16 +2,7 @@
 
 // The start of a game: the map is loaded again, the deck built and shuffled, the cards dealt.
 
-#include "base/types.h"
-
 // Starts, or restarts, a game with the current family, the selected catalogue entry (or the map
 // that is loaded, without one) and the seats. Closes the menus. Piles that would hold more than
 // `pile_limit` cards are cut, which is said in one line on standard output.
 void game_start();
-
-// Shuffles the deck in place.
-// Source: R. Durstenfeld, "Algorithm 235: Random permutation" (1964), the Fisher-Yates shuffle.
-void deck_shuffle();
-
-// When the deck is empty, the discard pile becomes the deck and is shuffled.
-void deck_refill();

@@ -1,5 +1,7 @@
 #include "rules/goal.h"
 
+#include <algorithm>
+
 #include "rules/cards.h"
 #include "rules/game_state.h"
 
@@ -13,26 +15,28 @@ i64 tape_sum() {
     return sum;
 }
 
-// How many of the values 0 to limit - 1 a field of the tape's cards takes; `limit` <= 64.
-i64 tape_distinct(i64 limit, u8 (*field)(card)) {
-    u64 present = 0;
-    for (card c : tape) {
-        if (field(c) < limit) {
-            present |= u64{1} << field(c);
-        }
-    }
+bool tape_has(card_property property) {
+    return std::any_of(tape.begin(), tape.end(), [=](card c) { return card_has(c, property); });
+}
+
+// How many of the values that the deck has in a field occur.
+i64 tape_distinct(card_field field) {
     i64 count = 0;
-    for (i64 value = 0; value < limit; ++value) {
-        count += static_cast<i64>(present >> value & 1);
+    for (i64 i = 0; i < deck_kinds().counts[field]; ++i) {
+        u8 value = static_cast<u8>(card_fields[field].first_value + i);
+        count += tape_has({field, value}) ? 1 : 0;
     }
     return count;
 }
 
-template <typename test>
-i64 tape_count(test passes) {
+// How many cards agree with one of the goal's cards in the measured field.
+i64 tape_agreeing(const goal& g, const measure_info& measure) {
+    u8 card::*value = card_fields[measure.field].value;
     i64 count = 0;
     for (card c : tape) {
-        count += passes(c) ? 1 : 0;
+        bool as_a = c.*value == g.card_a.*value;
+        bool as_b = measure.cards == 2 && c.*value == g.card_b.*value;
+        count += as_a || as_b ? 1 : 0;
     }
     return count;
 }
@@ -73,35 +77,14 @@ bool win_mode_test() {
 }  // namespace
 
 i64 goal_count(const goal& g) {
-    const card a = g.card_a;
-    const card b = g.card_b;
-    switch (g.measure) {
-        case measure_sum:
-            return tape_sum();
-        case measure_distinct_colours:
-            return tape_distinct(deck_colours_bounded(), [](card c) { return c.colour; });
-        case measure_distinct_shapes:
-            return tape_distinct(deck_shapes_bounded(), [](card c) { return c.shape; });
-        case measure_distinct_numbers:
-            return tape_distinct(deck_numbers_bounded(),
-                                 [](card c) { return static_cast<u8>(c.number - 1); });
-        case measure_colour:
-            return tape_count([a](card c) { return c.colour == a.colour; });
-        case measure_shape:
-            return tape_count([a](card c) { return c.shape == a.shape; });
-        case measure_number:
-            return tape_count([a](card c) { return c.number == a.number; });
-        case measure_either_colour:
-            return tape_count(
-                [a, b](card c) { return c.colour == a.colour || c.colour == b.colour; });
-        case measure_either_shape:
-            return tape_count([a, b](card c) { return c.shape == a.shape || c.shape == b.shape; });
-        case measure_either_number:
-            return tape_count(
-                [a, b](card c) { return c.number == a.number || c.number == b.number; });
-        default:
-            return 0;
+    if (g.measure >= measure_count) {
+        return 0;
     }
+    const measure_info& measure = measures[g.measure];
+    if (g.measure == measure_sum) {
+        return tape_sum();
+    }
+    return measure.cards == 0 ? tape_distinct(measure.field) : tape_agreeing(g, measure);
 }
 
 bool goal_met(const goal& g) {

@@ -45,3 +45,8 @@ u64 random_below(u64 n) {
         }
     }
 }
+
+i64 random_index(i64 count) {
+    assert(count >= 1);
+    return static_cast<i64>(random_below(static_cast<u64>(count)));
+}

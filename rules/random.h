@@ -22,3 +22,5 @@ void random_seed(u64 t);
 u64 random_next();
 // Uniform in [0, n) for n >= 1; draws from the generator also for n = 1.
 u64 random_below(u64 n);
+// A uniform choice among `count` >= 1 things, by their index; draws as `random_below` does.
+i64 random_index(i64 count);

@@ -10,38 +10,6 @@ constexpr i64 list_limit = 8;
 
 char rule_buffer[rule_buffer_size];  // the rule without its blanks
 
-enum card_field : u8 { field_colour, field_shape, field_number, field_count };
-
-u8 card_field_value(card c, card_field field) {
-    switch (field) {
-        case field_colour:
-            return c.colour;
-        case field_shape:
-            return c.shape;
-        default:
-            return c.number;
-    }
-}
-
-// What a letter or digit of a rule asks for.
-struct card_property {
-    card_field field;
-    u8 value;
-};
-
-bool card_property_read(char c, card_property& property) {
-    if ('A' <= c && c <= 'F') {
-        property = {field_colour, static_cast<u8>(c - 'A')};
-    } else if ('a' <= c && c <= 'f') {
-        property = {field_shape, static_cast<u8>(c - 'a')};
-    } else if ('1' <= c && c <= '6') {
-        property = {field_number, static_cast<u8>(c - '0')};
-    } else {
-        return false;
-    }
-    return true;
-}
-
 // A rule is evaluated over a domain of cards at once, and what it says of them is a set with one
 // bit per card: a single bit for the one card that is tested, or a bit for every card value.
 
@@ -52,9 +20,7 @@ struct one_card {
 
     card tested;
 
-    set having(card_property property) const {
-        return card_field_value(tested, property.field) == property.value ? all : none;
-    }
+    set having(card_property property) const { return card_has(tested, property) ? all : none; }
 };
 
 struct every_card {
@@ -67,18 +33,16 @@ struct every_card {
 };
 
 struct property_sets {
-    card_set sets[field_count][card_number_count + 1];
+    card_set sets[card_field_count][card_number_count + 1];  // by field and value
 };
 
 constexpr property_sets property_sets_make() {
     property_sets made = {};
     for (i64 value = 0; value < card_value_count; ++value) {
-        i64 number = value % card_number_count + 1;
-        i64 shape = value / card_number_count % card_shape_count;
-        i64 colour = value / (card_number_count * card_shape_count);
-        card_set_add(made.sets[field_colour][colour], value);
-        card_set_add(made.sets[field_shape][shape], value);
-        card_set_add(made.sets[field_number][number], value);
+        card c = card_of_value(value);
+        card_set_add(made.sets[field_colour][c.colour], c);
+        card_set_add(made.sets[field_shape][c.shape], c);
+        card_set_add(made.sets[field_number][c.number], c);
     }
     return made;
 }
@@ -169,8 +133,7 @@ rule_value<domain> rule_parse_primary(rule_parser<domain>& parser, char list_ope
     } else if (card_property_read(c, property)) {
         value.played = parser.cards.having(property);
         const dyn_array<card>& pile = discard_pile.cards;
-        bool top_has = pile.count > 0 &&
-                       card_field_value(card_array_top(pile), property.field) == property.value;
+        bool top_has = pile.count > 0 && card_has(card_array_top(pile), property);
         value.top = top_has ? domain::all : domain::none;
     } else {
         parser.failed = true;

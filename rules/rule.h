@@ -15,7 +15,7 @@
 // no card; of a longer rule the first 1024 bytes that count are looked at.
 
 #include "base/str.h"
-#include "rules/card_set.h"
+#include "rules/cards.h"
 
 // Whether `tested` may be played on the current discard pile.
 bool rule_matches(str rule, card tested);

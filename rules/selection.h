@@ -27,6 +27,8 @@ struct flight_record {
 
 extern flight_record flight;
 
+inline constexpr f64 stone_rise = 8;  // world units between stones on one state
+
 // How many stones the board has drawn on each state in this frame.
 inline constexpr i64 stone_stack_size = 65'536;
 extern u16 stone_stack[stone_stack_size];

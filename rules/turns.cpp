@@ -1,27 +1,16 @@
 #include "rules/turns.h"
 
+#include "base/arithmetic.h"
 #include "rules/cards.h"
 #include "rules/goal.h"
 #include "rules/selection.h"
 
 namespace {
 
-constexpr f64 stone_spacing = 8;  // world units between stones on one state
-
-void card_write(card& c, char symbol) {
-    if ('A' <= symbol && symbol <= 'F') {
-        c.colour = static_cast<u8>(symbol - 'A');
-    } else if ('a' <= symbol && symbol <= 'f') {
-        c.shape = static_cast<u8>(symbol - 'a');
-    } else if ('1' <= symbol && symbol <= '6') {
-        c.number = static_cast<u8>(symbol - '0');
-    }
-}
-
 void tape_head_move(char direction) {
     i64 step = direction == 'L' ? -1 : direction == 'R' ? 1 : 0;
     i64 count = tape.count;
-    tape_head = count == 0 ? 0 : ((tape_head + step) % count + count) % count;
+    tape_head = count == 0 ? 0 : floor_modulo(tape_head + step, count);
 }
 
 }  // namespace
@@ -38,7 +27,7 @@ u16 stone_find(u16 state) {
 void state_world_position(u16 state, f32 (&position)[2]) {
     world_point centre = state_centre(state);
     position[0] = static_cast<f32>(centre.x);
-    position[1] = static_cast<f32>(centre.y + stone_spacing * stone_stack[state]);
+    position[1] = static_cast<f32>(centre.y + stone_rise * stone_stack[state]);
 }
 
 void stone_move(u16 stone, u16 target) {
@@ -65,8 +54,9 @@ void turn_pass() {
 }
 
 void tape_apply(str action) {
-    if (action.length > 0 && 0 <= tape_head && tape_head < tape.count) {
-        card_write(tape[tape_head], action[0]);
+    card_property written;
+    if (action.length > 0 && tape_head < tape.count && card_property_read(action[0], written)) {
+        card_write(tape[tape_head], written);
     }
     if (action.length > 1) {
         tape_head_move(action[1]);

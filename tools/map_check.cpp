@@ -4,7 +4,6 @@
 #include <set>
 
 #include "maps/model.h"
-#include "rules/card_set.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
@@ -58,18 +57,10 @@ card_set cards_in_play() {
     card_set values;
     for (const dyn_array<card>* pile : {&deck.cards, &tape}) {
         for (card c : *pile) {
-            card_set_add(values, card_value(c));
+            card_set_add(values, c);
         }
     }
     return values;
-}
-
-card card_of_value(i64 value) {
-    card c;
-    c.number = static_cast<u8>(value % card_number_count + 1);
-    c.shape = static_cast<u8>(value / card_number_count % card_shape_count);
-    c.colour = static_cast<u8>(value / card_number_count / card_shape_count);
-    return c;
 }
 
 card_set playable_cards(str rule, const card_set& in_play) {
@@ -81,7 +72,7 @@ bool rule_can_match(str rule, const card_set& in_play) {
     discard_pile.cards.count = 0;
     bool matches = card_set_count(playable_cards(rule, in_play)) > 0;
     for (i64 value = 0; value < card_value_count && !matches; ++value) {
-        if (card_set_has(in_play, value)) {
+        if (card_set_has(in_play, card_of_value(value))) {
             dyn_array_push(discard_pile.cards, card_of_value(value));
             matches = card_set_count(playable_cards(rule, in_play)) > 0;
             discard_pile.cards.count = 0;
@@ -223,7 +214,7 @@ void actions_check(remarks& found) {
 std::vector<card> tape_cards(const card_set& in_play) {
     std::vector<card> cards;
     for (i64 value = 0; value < card_value_count; ++value) {
-        if (card_set_has(in_play, value)) {
+        if (card_set_has(in_play, card_of_value(value))) {
             cards.push_back(card_of_value(value));
         }
     }

@@ -7,7 +7,6 @@
 #include "maps/catalogue.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"
-#include "rules/card_set.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
 #include "rules/goal.h"

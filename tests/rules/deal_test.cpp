@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "maps/catalogue.h"
-#include "rules/card_set.h"
 #include "rules/cards.h"
 #include "rules/screens.h"
 #include "rules/selection.h"

@@ -121,11 +121,6 @@ card card_of(std::string_view text) {
             static_cast<u8>(text[2] - '0')};
 }
 
-card card_of_value(i64 value) {
-    return {static_cast<u8>(value / 36), static_cast<u8>(value / 6 % 6),
-            static_cast<u8>(value % 6 + 1)};
-}
-
 void pile_set(dyn_array<card>& pile, std::string_view text) {
     pile.count = 0;
     std::istringstream words{std::string(text)};

@@ -64,8 +64,6 @@ void map_make(i64 kind, std::string_view states, const std::vector<arc>& arcs,
 void seats_make(std::string_view kinds);
 
 card card_of(std::string_view text);
-// The card values in order, from 0 to 215.
-card card_of_value(i64 value);
 void pile_set(dyn_array<card>& pile, std::string_view text);
 std::string pile_text(const dyn_array<card>& pile);
 

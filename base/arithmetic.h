@@ -1,0 +1,14 @@
+#pragma once
+
+// Whole-number arithmetic that the language leaves out.
+
+#include <cassert>
+
+#include "base/types.h"
+
+// `value` modulo `count` > 0, taken in [0, count) also for a negative value: -1 becomes the last.
+constexpr i64 floor_modulo(i64 value, i64 count) {
+    assert(count > 0);
+    i64 remainder = value % count;
+    return remainder < 0 ? remainder + count : remainder;
+}
