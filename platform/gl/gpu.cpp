@@ -152,7 +152,8 @@ void buffer_bind(u32 target, u32 buffer) {
 }
 
 void buffer_data(u32 target, i64 size, const void* data, u32 usage) {
-    glBufferData(gl_of(buffer_targets, target), size, data, gl_of(buffer_usages, usage));
+    glBufferData(gl_of(buffer_targets, target), static_cast<GLsizeiptr>(size), data,
+                 gl_of(buffer_usages, usage));
 }
 
 u32 vertex_array_create() {

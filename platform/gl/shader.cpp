@@ -49,7 +49,8 @@ std::string_view version_cut(std::string_view text) {
                                         : text;
 }
 
-// Compiles a section and attaches it; the program keeps it alive from then on.
+// Compiles a section and attaches it; the program keeps it alive from then on. A browser answers no
+// question about a deleted shader.
 shader_result section_compile(u32 program, const section& part, std::string_view text,
                               char* message, i64 message_size) {
     GLuint shader = glCreateShader(part.stage);
@@ -59,12 +60,14 @@ shader_result section_compile(u32 program, const section& part, std::string_view
                              static_cast<GLint>(body.size())};
     glShaderSource(shader, 2, parts, lengths);
     glCompileShader(shader);
-    glAttachShader(program, shader);
-    glDeleteShader(shader);
     GLint ok = GL_FALSE;
     glGetShaderiv(shader, GL_COMPILE_STATUS, &ok);
-    return ok != GL_FALSE ? shader_result{true, {}}
-                          : refused(shader, glGetShaderInfoLog, message, message_size);
+    shader_result result = ok != GL_FALSE
+                               ? shader_result{true, {}}
+                               : refused(shader, glGetShaderInfoLog, message, message_size);
+    glAttachShader(program, shader);
+    glDeleteShader(shader);
+    return result;
 }
 
 }  // namespace
