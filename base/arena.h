@@ -9,6 +9,9 @@
 // Live data of the persistent arena is never overwritten: when it is full, the program says
 // "failed to allocate!" and stops with exit status 1.
 
+#include <algorithm>
+#include <type_traits>
+
 #include "base/types.h"
 
 enum arena_id : u8 { arena_persistent = 0, arena_frame = 1, arena_count };
@@ -38,3 +41,13 @@ void* arena_alloc(arena_id id, i64 size);
 void* arena_realloc(arena_id id, void* block, i64 old_size, i64 new_size);
 // Gives up everything placed since the arena's offset was `mark`.
 void arena_rewind(arena_id id, i64 mark);
+
+// `count` >= 0 plain elements in the frame arena, each a copy of `value`.
+template <typename element>
+element* frame_array(i64 count, element value) {
+    static_assert(std::is_trivially_copyable_v<element>);
+    i64 bytes = count * static_cast<i64>(sizeof(element));
+    auto* elements = static_cast<element*>(arena_alloc(arena_frame, bytes));
+    std::fill(elements, elements + count, value);
+    return elements;
+}

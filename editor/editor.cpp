@@ -65,7 +65,6 @@ void map_list_show() {
     selected_entry = 0;
     if (const catalogue_entry* entry = catalogue_selected()) {
         map_load(entry->path);
-        board_check_selection();
         board_find_transition();
     }
 }
@@ -160,16 +159,18 @@ void editing_keys_apply(world_point cursor, const edit_buttons& clicked) {
     if (input_key_is_pressed(key_1)) {
         state_add(cursor);
     }
-    bool has_state = state_exists(selection.selected_state);
-    bool has_pair = has_state && state_exists(selection.target_state);
+    u16 source = selection_source();
+    u16 target = selection_target();
+    bool has_state = source != no_index;
+    bool has_pair = has_state && target != no_index;
     if (has_pair && input_key_is_pressed(key_2)) {
-        map_add_transition(selection.selected_state, selection.target_state, 0, 0, 0, {});
+        map_add_transition(source, target, 0, 0, 0, {});
     }
     if (has_state && !has_pair) {
         if (input_key_is_pressed(key_3) || clicked.add_stone) {
-            dyn_array_push(stones, selection.selected_state);
+            dyn_array_push(stones, source);
         }
-        state_keys_apply(selection.selected_state, clicked);
+        state_keys_apply(source, clicked);
     } else if (has_pair && selected_arc() != nullptr) {
         transition_keys_apply(*selected_arc(), clicked);
     }

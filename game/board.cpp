@@ -38,9 +38,9 @@ void right_click_apply() {
     if (!input_mouse_is_pressed(mouse_right) || screens.text_entry_open) {
         return;
     }
-    if (selection.target_state != no_index) {
+    if (selection_target() != no_index) {
         selection.target_state = no_index;
-    } else if (selection.selected_state != no_index) {
+    } else if (selection_source() != no_index) {
         selection.selected_state = no_index;
     } else {
         selection.selected_card = no_card;
@@ -48,7 +48,7 @@ void right_click_apply() {
 }
 
 void state_click_apply(u16 state) {
-    if (selection.selected_state == no_index) {
+    if (selection_source() == no_index) {
         selection.selected_state = state;
         selection.target_state = no_index;
     } else if (selection.target_state == state) {
@@ -144,25 +144,17 @@ void stones_draw() {
 
 }  // namespace
 
-void board_check_selection() {
-    if (!state_exists(selection.selected_state)) {
-        selection.selected_state = no_index;
-        selection.target_state = no_index;
-    }
-    if (!state_exists(selection.target_state)) {
-        selection.target_state = no_index;
-    }
-}
-
 void board_find_transition() {
     selection.selected_transition = no_index;
-    if (selection.selected_state == no_index || selection.target_state == no_index) {
+    u16 source = selection_source();
+    u16 target = selection_target();
+    if (source == no_index || target == no_index) {
         return;
     }
     i64 count = std::min(game_map.transitions.count, i64{no_index});
     for (i64 i = 0; i < count; ++i) {
         const transition& arc = game_map.transitions[i];
-        if (arc.from == selection.selected_state && arc.to == selection.target_state) {
+        if (arc.from == source && arc.to == target) {
             selection.selected_transition = static_cast<u16>(i);
             return;
         }
@@ -170,7 +162,6 @@ void board_find_transition() {
 }
 
 void board_frame(const pointer& mouse) {
-    board_check_selection();
     board_find_transition();
     transitions_draw();
     right_click_apply();

@@ -4,9 +4,6 @@
 
 #include "render/view.h"
 
-// Drops a selected state that the loaded map does not have.
-void board_check_selection();
-
 // Sets `selected_transition` to the first transition between the selected states, or to none.
 void board_find_transition();
 

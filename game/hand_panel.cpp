@@ -124,7 +124,7 @@ void card_count_draw(const player& seat, f64 x, f64 y) {
     if (count < 2) {
         text_builder_put(text, '!');
     }
-    text_draw_centred(text_builder_text(text), x, y, 256, colour_rgba(seat.colour_index));
+    text_draw_centred(text_builder_text(text), x, y, 256, seat.colour);
 }
 
 }  // namespace
@@ -134,7 +134,7 @@ void hand_panel_frame(const pointer& mouse) {
     hand_cards_frame(row, mouse);
     deck_frame(mouse);
     if (machine_kind == turing_machine) {
-        goal_draw(current_seat().own_goal, render_target.width / 2.0, bottom_panel_height / 2);
+        goal_draw(current_seat().goal, render_target.width / 2.0, bottom_panel_height / 2);
     }
     end_turn_frame(mouse);
     scroll_bar_frame(row, mouse);

@@ -38,22 +38,22 @@ void status_lines_draw() {
     f64 height = render_target.height;
     text_draw_left(family_labels[machine_kind], 16, height - 48, 256, status_tint);
     text_draw_left(win_mode_label(settings.win_mode), 16, height - 80, 256, status_tint);
-    const colour& tint = colour_rgba(current_seat().colour_index);
+    const colour& tint = current_seat().colour;
     text_draw_left("turn: ", 16, height - 112, 256, tint);
     sprite_draw(texture_set.textures[texture_player], 96, height - 112, 32, 32, tint, true);
 }
 
 void turn_cover_draw() {
-    u8 index = current_seat().colour_index;
-    notice_draw(turn_texts[index], "Press <space> to continue", 64, colour_rgba(index));
+    const player& seat = current_seat();
+    notice_draw(turn_texts[seat.colour_index], "Press <space> to continue", 64, seat.colour);
 }
 
 void winner_banner_draw() {
     const player& winner = players[turn.winner];
     notice_draw(win_texts[winner.colour_index], "Press <space> to restart or <esc> to quit", 200,
-                colour_rgba(winner.colour_index));
+                winner.colour);
     if (machine_kind == turing_machine) {
-        goal_draw(winner.own_goal, render_target.width / 2.0, bottom_panel_height / 2);
+        goal_draw(winner.goal, render_target.width / 2.0, bottom_panel_height / 2);
     }
 }
 

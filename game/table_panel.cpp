@@ -75,7 +75,7 @@ void end_turn_frame(const pointer& mouse) {
     f64 x = render_target.width - card_step;
     f64 y = render_target.height - card_step;
     sprite_draw(texture_set.textures[texture_next_turn], x, y, card_size, card_size,
-                colour_rgba(current_seat().colour_index), true);
+                current_seat().colour, true);
     if (deck.cards.count == 0 || !pointer_in(mouse, x, y, deck.size, deck.size)) {
         return;
     }

@@ -16,18 +16,8 @@ struct successor_lists {
     u16* targets;
 };
 
-template <typename element>
-element* frame_array(i64 count) {
-    auto* data =
-        static_cast<element*>(arena_alloc(arena_frame, count * static_cast<i64>(sizeof(element))));
-    for (i64 i = 0; i < count; ++i) {
-        data[i] = 0;
-    }
-    return data;
-}
-
 successor_lists successors_collect(i64 state_count) {
-    successor_lists lists = {frame_array<u32>(state_count + 2), nullptr};
+    successor_lists lists = {frame_array<u32>(state_count + 2, 0), nullptr};
     u32* next = lists.first + 1;  // next[s]: where the next successor of s goes
     u32 total = 0;
     for (const transition& arc : game_map.transitions) {
@@ -39,7 +29,7 @@ successor_lists successors_collect(i64 state_count) {
     for (i64 s = 0; s < state_count; ++s) {
         next[s + 1] += next[s];
     }
-    lists.targets = frame_array<u16>(total);
+    lists.targets = frame_array<u16>(total, 0);
     for (const transition& arc : game_map.transitions) {
         if (transition_exists(arc)) {
             lists.targets[next[arc.from]] = arc.to;
@@ -87,7 +77,7 @@ void nimbers_forget() {
 // until the budget is gone, so the search ends at once. As no state waits three times, the stack
 // stays in the order of the map's states and transitions.
 bool search(const successor_lists& lists, dyn_array<u16>& stack) {
-    u8* waited = frame_array<u8>(named_state_count());
+    u8* waited = frame_array<u8>(named_state_count(), 0);
     for (i64 budget = step_budget; stack.count > 0;) {
         budget -= 1;
         if (budget == 0) {

@@ -49,9 +49,7 @@ f64 preview_factor() {
 }
 
 void preview_stones_draw(const map_placement& place) {
-    i64 bytes = named_state_count() * static_cast<i64>(sizeof(i64));
-    i64* drawn = static_cast<i64*>(arena_alloc(arena_frame, bytes));
-    std::fill(drawn, drawn + named_state_count(), i64{0});
+    i64* drawn = frame_array<i64>(named_state_count(), 0);
     for (u16 state : stones) {
         if (state_exists(state)) {
             world_point centre = placed_centre(place, state);

@@ -1,6 +1,7 @@
 #include "menus/player_setup.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "base/arithmetic.h"
 #include "menus/menu_panel.h"
@@ -40,7 +41,7 @@ void seats_adjust() {
     }
     for (i64 i = players.count; i < player_count; ++i) {
         players.data[i] = {};
-        players.data[i].colour_index = static_cast<u8>(i);
+        seat_colour_set(players.data[i], i);
     }
     players.count = player_count;
 }
@@ -57,15 +58,21 @@ void seat_row_frame(player& seat, menu_centre centre, f64 y) {
         seat.is_computer = !seat.is_computer;
     }
     i64 colour_index = seat.colour_index + menu_stepper(centre.x - 96, y, 64);
-    seat.colour_index = static_cast<u8>(floor_modulo(colour_index, seat_colour_count));
-    sprite_draw(texture_set.textures[texture_player], centre.x - 128, y - 32, 64, 64,
-                colour_rgba(seat.colour_index), true);
+    seat_colour_set(seat, floor_modulo(colour_index, seat_colour_count));
+    sprite_draw(texture_set.textures[texture_player], centre.x - 128, y - 32, 64, 64, seat.colour,
+                true);
     if (seat.is_computer) {
         strength_choose(seat, centre, y);
     }
 }
 
 }  // namespace
+
+void seat_colour_set(player& seat, i64 index) {
+    assert(0 <= index && index < seat_colour_count);
+    seat.colour_index = static_cast<u8>(index);
+    seat.colour = colour_rgba(index);
+}
 
 void player_setup_frame() {
     menu_centre centre = menu_centre_find();

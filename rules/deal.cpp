@@ -51,7 +51,7 @@ void seats_deal() {
     for (player& seat : players) {
         deal(seat.hand, hand_size);
         if (machine_kind == turing_machine) {
-            seat.own_goal = goal_deal();
+            seat.goal = goal_deal();
         }
     }
 }

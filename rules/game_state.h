@@ -2,6 +2,7 @@
 
 // What a running game consists of beside the map and the cards: the seats and whose turn it is.
 
+#include "base/colour.h"
 #include "base/dyn_array.h"
 #include "base/types.h"
 #include "maps/model.h"
@@ -17,8 +18,9 @@ struct player {
     u64 strength = strength_easy;  // used when the seat is a computer
     dyn_array<card> hand = {};
     u8 is_computer = 0;
-    u8 colour_index = 0;  // 0 to 5, a card colour
-    goal own_goal;        // dealt at the start of every turing game
+    u8 colour_index = 0;   // 0 to 5, a card colour
+    ::colour colour = {};  // that colour, in which the seat's marks are drawn
+    ::goal goal;           // dealt at the start of every turing game
 };
 
 extern dyn_array<player> players;

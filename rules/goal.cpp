@@ -55,7 +55,7 @@ bool family_test() {
         case pushdown_machine:
             return seat.hand.count == 0;
         case turing_machine:
-            return goal_met(seat.own_goal);
+            return goal_met(seat.goal);
         default:
             return true;
     }

@@ -7,8 +7,8 @@
 
 inline constexpr i64 no_card = -1;
 
-// In play the pending move, in the editor what the keys act on. An index may outlive the map it
-// was made on.
+// In play the pending move, in the editor what the keys act on. An index may outlive the map it was
+// made on: one that the loaded map lacks counts as none, and counts again on a map that has it.
 struct selection_record {
     u16 selected_state = no_index;       // where the stone is
     u16 target_state = no_index;         // where it goes
@@ -17,6 +17,10 @@ struct selection_record {
 };
 
 extern selection_record selection;
+
+// The two selected states as they count on the loaded map: each is `no_index` or exists.
+u16 selection_source();
+u16 selection_target();
 
 // The stone that flies to its new state after a move.
 struct flight_record {

@@ -24,6 +24,20 @@ u16 stone_find(u16 state) {
     return no_index;
 }
 
+stone_table stones_locate() {
+    stone_table table = {per_state<u16>(no_index), per_state<i64>(0)};
+    for (i64 i = 0; i < stones.count && i < no_index; ++i) {
+        u16 state = stones[i];
+        if (state_exists(state)) {
+            if (table.first[state] == no_index) {
+                table.first[state] = static_cast<u16>(i);
+            }
+            table.count[state] += 1;
+        }
+    }
+    return table;
+}
+
 void state_world_position(u16 state, f32 (&position)[2]) {
     world_point centre = state_centre(state);
     position[0] = static_cast<f32>(centre.x);

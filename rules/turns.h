@@ -1,7 +1,8 @@
 #pragma once
 
-// What a move does and how a turn ends; shared by human and computer seats.
+// Which moves are open, what a move does and how a turn ends; shared by human and computer seats.
 
+#include "base/arena.h"
 #include "base/str.h"
 #include "base/types.h"
 #include "maps/model.h"
@@ -13,6 +14,31 @@ inline constexpr f64 think_after_draw = 0.25;
 
 // The first stone on `state`, `no_index` when there is none.
 u16 stone_find(u16 state);
+
+// One value for each state that an index can name, in the frame arena.
+template <typename element>
+element* per_state(element value) {
+    return frame_array<element>(named_state_count(), value);
+}
+
+// The first stone on every state and how many stand there, in the frame arena.
+struct stone_table {
+    u16* first;  // `no_index` where none stands
+    i64* count;
+};
+
+stone_table stones_locate();
+
+// Calls visit(arc, stone) for every transition along which a stone may be moved, before cards are
+// asked for: those whose source state holds one. In their order; the stone is the first one there.
+template <typename visitor>
+void open_moves_visit(const stone_table& table, visitor visit) {
+    for (const transition& arc : game_map.transitions) {
+        if (transition_exists(arc) && table.first[arc.from] != no_index) {
+            visit(arc, table.first[arc.from]);
+        }
+    }
+}
 
 // Where the next stone on an existing state is drawn: its centre, raised by the stones that the
 // board drew there in its last frame.

@@ -34,15 +34,19 @@ void stones_put_back(const stone_places& places) {
     }
 }
 
-// Runs one update and counts what it did; true when it ended a turn.
-bool update_count(play_record& record) {
+enum update_result { turn_goes_on, turn_ended, game_stuck };
+
+// Runs one update and counts what it did. A seat that does nothing when it may act cannot move, and
+// nobody after it can.
+update_result update_count(play_record& record) {
     bool was_moving = turn.move_timer > 0;
+    bool was_thinking = turn.think_timer > 0;
     bool had_drawn = turn.card_drawn;
     flight.moving_stone = no_index;
     arena_rewind(arena_frame, 0);
     turn_update();
     if (was_moving) {
-        return turn.move_timer <= 0;
+        return turn.move_timer <= 0 ? turn_ended : turn_goes_on;
     }
     bool moving = turn.move_timer > 0;
     bool passed_at_once = had_drawn && !turn.card_drawn;
@@ -50,14 +54,19 @@ bool update_count(play_record& record) {
     record.moves += moved ? 1 : 0;
     record.passes += passed_at_once || (moving && !moved) ? 1 : 0;
     record.draws += !had_drawn && turn.card_drawn ? 1 : 0;
-    return passed_at_once;
+    if (!was_thinking && !moving && turn.card_drawn == had_drawn) {
+        return game_stuck;
+    }
+    return passed_at_once ? turn_ended : turn_goes_on;
 }
 
 void game_play(play_record& record) {
     game_start();
     i64 turns = 0;
-    while (turn.winner == no_winner && turns < turn_limit) {
-        turns += update_count(record) ? 1 : 0;
+    update_result result = turn_goes_on;
+    while (turn.winner == no_winner && result != game_stuck && turns < turn_limit) {
+        result = update_count(record);
+        turns += result == turn_ended ? 1 : 0;
     }
     record.turns.push_back(turns);
     if (turn.winner == no_winner) {

@@ -7,7 +7,8 @@
 #include "base/types.h"
 #include "rules/game_state.h"
 
-// A game that has no winner after so many turns is given up.
+// A game that has no winner after so many turns is given up, and so is one in which no stone of a
+// state machine can be moved any more.
 inline constexpr i64 turn_limit = 2'000;
 
 struct play_record {

@@ -50,7 +50,8 @@ plain_move random_of(const std::vector<plain_move>& moves) {
 u8 plain_nimber_sum() {
     u8 sum = 0;
     for (u16 state : stones) {
-        sum ^= state_exists(state) ? game_map.nimbers[state] : u8{0};
+        bool known = state < game_map.nimber_count;
+        sum ^= known ? game_map.nimbers[state] : no_nimber;
     }
     return sum;
 }
@@ -113,11 +114,11 @@ plain_move plain_best(const std::vector<plain_move>& moves) {
 }
 
 void plain_pass() {
-    if (machine_kind != pushdown_machine) {
+    if (machine_kind == turing_machine) {
         turn.move_timer = 0.5;
-    } else if (turn.card_drawn) {
+    } else if (machine_kind == pushdown_machine && turn.card_drawn) {
         turn_end();
-    } else {
+    } else if (machine_kind == pushdown_machine) {
         hand_draw();
         turn.think_timer = 0.25;
     }

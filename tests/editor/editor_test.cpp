@@ -186,8 +186,8 @@ TEST_F(editor_test, KeysDoWhatTheSelectionAllows) {
         {1, 1, "o", states + "[0102] 0>1(0 0 0 A) 1>2(0 0 0 ) 1>1(45 0 0 b) 2>0(0 0 0 c) @112"},
         {0, 2, "ijkluoDS-/+3", sample + " @02-"},
         {0, 2, "2o", sample + " 0>2(-1 0 0 ) @024"},
-        {3, no, "3ijkluoDS-/+", sample + " @---"},
-        {0, 9, "u", "*0,0 *96,0 .192,0 [0102]" + arcs + " @0--"},
+        {3, no, "3ijkluoDS-/+", sample + " @3--"},
+        {0, 9, "u", "*0,0 *96,0 .192,0 [0102]" + arcs + " @09-"},
     };
     open(pushdown_machine);
     for (const auto& row : rows) {
@@ -238,7 +238,7 @@ TEST_F(editor_test, CtrlOpensMapsAndSaves) {
         {0, 1, 0, sample + " @010"},                 // an empty list loads nothing
         {0, 1, 2, "*5,5 *9,9 [] 0>1(3 0 0 ) @010"},  // and is not bent by the "o"
         {1, 1, 2, "*5,5 *9,9 [] 0>1(3 0 0 ) @11-"},
-        {2, 1, 2, "*5,5 *9,9 [] 0>1(3 0 0 ) @---"},
+        {2, 1, 2, "*5,5 *9,9 [] 0>1(3 0 0 ) @21-"},
     };
     open(pushdown_machine);
     headless_key_hold(key_ctrl);

@@ -120,16 +120,6 @@ class editor_walk_test : public program_test {
         }
     }
 
-    static bool board_is_shown() { return screens.editor_open && !screens.map_list_open; }
-
-    // What holds after every frame of the board.
-    void expect_selection_exists() {
-        auto fits = [](u16 index, i64 count) { return index == no_index || index < count; };
-        ASSERT_TRUE(fits(selection.selected_state, game_map.states.count));
-        ASSERT_TRUE(fits(selection.target_state, game_map.states.count));
-        ASSERT_TRUE(fits(selection.selected_transition, game_map.transitions.count));
-    }
-
     static void expect_reads_back() {
         std::string texts[2];
         for (std::string& text : texts) {
@@ -151,11 +141,7 @@ TEST_F(editor_walk_test, AnythingInAnyOrder) {
             for (i64 together = 1 + below(20); together > 0; --together, ++inputs) {
                 screens.editor_open ? input() : editor_return();
             }
-            bool board_shown = board_is_shown();
             program_frame();
-            if (board_shown && board_is_shown()) {
-                expect_selection_exists();
-            }
             if (below(5000) == 0) {
                 expect_reads_back();
             }

@@ -1,4 +1,5 @@
 #include "game/hand_panel.h"
+#include "menus/player_setup.h"
 #include "rules/cards.h"
 #include "rules/selection.h"
 #include "tests/program/program.h"
@@ -91,7 +92,7 @@ TEST_F(panels_test, StatusLines) {
         {turing_machine, 2, "turing machine!", "any accepting"},
         {state_machine, 255, "state machine!", ""},
     };
-    players[0].colour_index = 4;
+    seat_colour_set(players[0], 4);
     for (const auto& row : rows) {
         machine_kind = row.kind;
         settings.win_mode = row.win_mode;
@@ -129,7 +130,7 @@ TEST_F(panels_test, TheTurnDecidesWhatCoversTheBoard) {
         machine_kind = row.kind;
         seats_make(row.seats);
         hand_set(1);
-        players[0].own_goal = {7, 0, -2, {0, 0, 1}, {1, 0, 1}};
+        players[0].goal = {7, 0, -2, {0, 0, 1}, {1, 0, 1}};
         turn = {};
         turn.turn_revealed = row.revealed;
         turn.winner = row.winner;
@@ -144,7 +145,7 @@ TEST_F(panels_test, CoverAndBannerCarryTheSeatsColour) {
                                    {"Green", "0 1 0"},    {"Yellow", "1 1 0"},
                                    {"Purple", "0.3 0 1"}, {"Orange", "1 0.3 0"}};
     machine_kind = turing_machine;
-    players[1].own_goal = {4, 2, 3, {1, 0, 1}, {}};
+    players[1].goal = {4, 2, 3, {1, 0, 1}, {}};
     const std::string box = "white -400 -300 800 600 (0 0 0 0.9)\n";
     for (u8 i = 0; i < 6; ++i) {
         std::string tint = std::string(" (") + rows[i][1] + " 1)\n";
@@ -154,12 +155,12 @@ TEST_F(panels_test, CoverAndBannerCarryTheSeatsColour) {
                    line.find("size 512") != line.npos;
         };
         turn = {};
-        players[0].colour_index = i;
+        seat_colour_set(players[0], i);
         frame();
         EXPECT_EQ(screen_lines(notice), box + name + "'s turn\" 0 0 size 512" + tint +
                                             "\"Press <space> to continue\" 0 -64" + tint);
         turn.winner = 1;
-        players[1].colour_index = i;
+        seat_colour_set(players[1], i);
         frame();
         EXPECT_EQ(screen_lines(notice), box + name + " wins!\" 0 0 size 512" + tint +
                                             "\"Press <space> to restart or <esc> to quit\" 0 -200" +
@@ -241,7 +242,7 @@ TEST_F(panels_test, OneCardATurnComesFromTheDeck) {
 }
 
 TEST_F(panels_test, TheTurnEndsByItsSignAfterADraw) {
-    players[0].colour_index = 3;
+    seat_colour_set(players[0], 3);
     struct {
         f64 x;
         bool drawn;
@@ -316,7 +317,7 @@ TEST_F(panels_test, CardCountsStandInColumnsOfFour) {
         turn = {};
         turn.think_timer = 1;
         for (i64 i = 0; i < players.count; ++i) {
-            players[i].colour_index = static_cast<u8>(i);
+            seat_colour_set(players[i], i);
             players[i].hand = {};
             pile_set(
                 players[i].hand,

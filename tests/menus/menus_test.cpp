@@ -133,7 +133,7 @@ TEST_F(menus_test, SeatsAreChosen) {
     EXPECT_EQ(seats_text(), "h000 h010 h020 ");
     pile_set(players[0].hand, "Aa1");
     pile_set(players[2].hand, "Aa1");
-    players[2].own_goal = {4, 1, 7, {1, 1, 2}, {1, 1, 2}};
+    players[2].goal = {4, 1, 7, {1, 1, 2}, {1, 1, 2}};
     struct {
         f64 x, y;
         i64 times;
@@ -154,7 +154,7 @@ TEST_F(menus_test, SeatsAreChosen) {
             click(row.x, row.y);
         }
         EXPECT_EQ(seats_text(), row.seats) << row.x << ' ' << row.y;
-        EXPECT_TRUE(players.count != 4 || players[2].own_goal.target == 0);
+        EXPECT_TRUE(players.count != 4 || players[2].goal.target == 0);
     }
 }
 

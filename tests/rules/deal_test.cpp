@@ -83,10 +83,10 @@ TEST_F(deal_test, EveryTuringSeatIsDealtAGoal) {
     map_make(turing_machine, ".", {}, {0});
     settings.deck_copies = settings.tape_length = 0;
     seats_make("H0H1");
-    players[0].own_goal.target = 5;
+    players[0].goal.target = 5;
     random_state before = random_generator;
     game_start();
-    EXPECT_EQ(players[0].own_goal.target, 0);  // the default goal
+    EXPECT_EQ(players[0].goal.target, 0);  // the default goal
     for (i64 target : {10, 11, 12}) {
         dyn_array_push(goals, {0, 0, target, {}, {}});
     }
@@ -94,7 +94,7 @@ TEST_F(deal_test, EveryTuringSeatIsDealtAGoal) {
     EXPECT_EQ(draws_since(before), 4);
     random_generator = before;
     for (const player& seat : players) {
-        EXPECT_EQ(seat.own_goal.target, 10 + static_cast<i64>(random_below(3)));
+        EXPECT_EQ(seat.goal.target, 10 + static_cast<i64>(random_below(3)));
     }
 }
 

@@ -96,9 +96,9 @@ TEST_F(goal_test, AWinNeedsTheFamilysTestAndTheWinMode) {
         settings.win_mode = row.mode;
         seats_make("HH");
         turn.current_player = 1;  // the other seat would win and must not matter
-        players[0].own_goal = row.goal_met ? goal{} : met;
+        players[0].goal = row.goal_met ? goal{} : met;
         pile_set(players[0].hand, row.hand_empty ? "Aa1" : "");
-        players[1].own_goal = row.goal_met ? met : goal{};
+        players[1].goal = row.goal_met ? met : goal{};
         pile_set(players[1].hand, row.hand_empty ? "" : "Aa1");
         pile_set(tape, "Aa1 Aa2");
         EXPECT_EQ(win_check(), row.wins);

@@ -9,6 +9,7 @@
 
 #include "game/turn_update.h"
 #include "maps/nimbers.h"
+#include "menus/player_setup.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "program/globals.h"
@@ -109,6 +110,7 @@ void seats_make(std::string_view kinds) {
     players.count = 0;
     for (char kind : kinds) {
         player seat;
+        seat_colour_set(seat, 0);
         seat.is_computer = kind != 'H';
         seat.strength = seat.is_computer ? static_cast<u64>(kind - '0') : 0;
         dyn_array_push(players, seat);
