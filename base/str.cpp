@@ -20,3 +20,11 @@ str str_concat(str a, str b, arena_id id) {
 str str_copy(str s) {
     return str_concat(s, {}, arena_persistent);
 }
+
+str str_after_last(str s, char byte) {
+    i64 start = s.length;
+    while (start > 0 && s[start - 1] != byte) {
+        start -= 1;
+    }
+    return {s.data + start, s.length - start};
+}

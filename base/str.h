@@ -32,3 +32,5 @@ inline bool operator==(str a, str b) {
 str str_concat(str a, str b, arena_id id);
 // A copy in the persistent arena.
 str str_copy(str s);
+// The end of it that has no such byte.
+str str_after_last(str s, char byte);

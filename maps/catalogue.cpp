@@ -39,16 +39,11 @@ bool is_path_byte(char c) {
            c == '_';
 }
 
-bool name_is_listed(str name) {
-    for (const catalogue_entry& entry : *current_catalogue) {
-        if (entry.name == name) {
-            return true;
-        }
-    }
-    return false;
-}
-
 }  // namespace
+
+str catalogue_path(i64 family) {
+    return families[family].catalogue;
+}
 
 void catalogues_load() {
     for (i64 kind = 0; kind < machine_kind_count; ++kind) {
@@ -116,11 +111,20 @@ void catalogue_delete_selected() {
 }
 
 void catalogue_add(str name, str path) {
-    if (current_catalogue == nullptr || name_is_listed(name)) {
+    if (current_catalogue == nullptr || catalogue_find(name) != nullptr) {
         return;
     }
     dyn_array_push(*current_catalogue, {str_copy(name), path});
     catalogue_save();
+}
+
+const catalogue_entry* catalogue_find(str name) {
+    for (i64 i = 0; i < catalogue_count(); ++i) {
+        if ((*current_catalogue)[i].name == name) {
+            return &(*current_catalogue)[i];
+        }
+    }
+    return nullptr;
 }
 
 i64 catalogue_count() {

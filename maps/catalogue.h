@@ -20,6 +20,9 @@ extern catalogue catalogues[machine_kind_count];  // indexed by family
 extern catalogue* current_catalogue;              // one of them; null until one is selected
 extern i64 selected_entry;                        // index into it; -1 for none
 
+// The file of a family's catalogue.
+str catalogue_path(i64 family);
+
 // Reads the three catalogues from their files. A file that cannot be read is answered with one
 // line on standard output and leaves its family without maps.
 void catalogues_load();
@@ -40,6 +43,9 @@ void catalogue_delete_selected();
 // name is copied; the path must live in the persistent arena.
 void catalogue_add(str name, str path);
 
+// The entry of that name in the current catalogue, null when there is none; valid until the
+// catalogue changes.
+const catalogue_entry* catalogue_find(str name);
 // Entries in the current catalogue; 0 when none is current.
 i64 catalogue_count();
 // The selected entry, null when there is none; valid until the catalogue changes.

@@ -21,3 +21,10 @@ bool file_read_all(str path, str& content) {
     content = {bytes, size};
     return true;
 }
+
+bool file_write_all(str path, str content) {
+    file_id file = file_open(path, file_mode_write);
+    file_write(file, content.length, content.data);
+    file_close(file);
+    return !file_failed(file);
+}

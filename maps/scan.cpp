@@ -85,3 +85,12 @@ str text_scan_until(text_cursor& cursor, char stop) {
     cursor.position += length;
     return {start, length};
 }
+
+bool text_next_line(text_cursor& cursor, str& line) {
+    if (at_end(cursor)) {
+        return false;
+    }
+    line = text_scan_until(cursor, '\n');
+    cursor.position += 1;
+    return true;
+}

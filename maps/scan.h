@@ -21,3 +21,5 @@ i64 text_scan_int(text_cursor& cursor);
 f64 text_scan_real(text_cursor& cursor);
 // The bytes from the position up to the first `stop` or the end; the position then stands there.
 str text_scan_until(text_cursor& cursor, char stop);
+// Takes the next line, without the "\n" or the end that it runs to; false at the text's end.
+bool text_next_line(text_cursor& cursor, str& line);

@@ -7,8 +7,8 @@
 #include "base/message.h"
 #include "base/numbers.h"
 #include "maps/catalogue.h"
+#include "maps/file_text.h"
 #include "maps/model.h"
-#include "platform/file.h"
 
 namespace {
 
@@ -119,11 +119,9 @@ bool map_file_write(str path) {
     i64 mark = arenas[arena_persistent].offset;
     text_builder text = {};
     map_write(text);
-    file_id file = file_open(path, file_mode_write);
-    file_write(file, text.length, text.data);
-    file_close(file);
+    bool written = file_write_all(path, text_builder_text(text));
     arena_rewind(arena_persistent, mark);
-    return !file_failed(file);
+    return written;
 }
 
 // The byte at `i`, which moves on; several "/" in a row are one. '\0' at the path's end.

@@ -24,6 +24,12 @@ void file_write_byte(file_id file, char byte);
 // Ends the use of the handle. A written file replaces its target now, all of it or not at all.
 void file_close(file_id file);
 
+// Whether there is a regular file to read.
 bool file_exists(str path);
 // Does nothing when there is no such file.
 void file_delete(str path);
+
+// From now on a relative path that the working directory lacks is read below this directory, by
+// `file_open`, `file_exists` and `image_load`; an empty one ends that. Writing and deleting know
+// the working directory alone.
+void file_set_fallback(str directory);

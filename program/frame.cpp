@@ -55,17 +55,6 @@ void escape_apply() {
     }
 }
 
-void fullscreen_toggle() {
-    render_target.fullscreen = !render_target.fullscreen;
-    display_set_fullscreen(render_target.fullscreen);
-    render_target.width = window_width;
-    render_target.height = window_height;
-    if (render_target.fullscreen) {
-        display_get_info(render_target.width, render_target.height);
-    }
-    render_target_rebuild();
-}
-
 void keys_apply() {
     if (input_key_is_pressed(key_escape)) {
         escape_apply();
@@ -113,6 +102,17 @@ void gpu_error_stop(u32 code) {
 }
 
 }  // namespace
+
+void fullscreen_toggle() {
+    render_target.fullscreen = !render_target.fullscreen;
+    display_set_fullscreen(render_target.fullscreen);
+    render_target.width = window_width;
+    render_target.height = window_height;
+    if (render_target.fullscreen) {
+        display_get_info(render_target.width, render_target.height);
+    }
+    render_target_rebuild();
+}
 
 void program_start() {
     globals_reset();

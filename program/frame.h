@@ -12,4 +12,7 @@ void program_start();
 // Runs one frame; false when the program has to end. A GPU error ends the process at once.
 bool program_frame();
 
+// Changes between the window and the whole screen, as F11 does.
+void fullscreen_toggle();
+
 void program_end();

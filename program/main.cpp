@@ -1,7 +1,79 @@
-#include "program/frame.h"
+#include <cstdio>
+#include <cstring>
 
-int main() {
+#include "maps/catalogue.h"
+#include "platform/directory.h"
+#include "platform/file.h"
+#include "program/command_line.h"
+#include "program/frame.h"
+#include "program/map_import.h"
+#include "program/player_files.h"
+
+namespace {
+
+constexpr int not_to_be_done = 2;
+
+str argument_text(const char* argument) {
+    return {argument, static_cast<i64>(std::strlen(argument))};
+}
+
+// The files to take in, named so that they are found from the player's directory; what is missing
+// here is sought there.
+dyn_array<str> import_paths(const command_line& command) {
+    dyn_array<str> paths = {};
+    for (i64 i = 0; i < command.file_count; ++i) {
+        str path = argument_text(command.files[i]);
+        dyn_array_push(paths, file_exists(path) ? path_absolute(path) : path);
+    }
+    return paths;
+}
+
+bool maps_import(const dyn_array<str>& paths, i64 family) {
+    if (paths.count > 0) {
+        catalogues_load();
+    }
+    for (str path : paths) {
+        if (!map_import(path, family)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// What the command line asks for before the game starts; false, with the reason in one line on
+// standard error, when it cannot be done.
+bool files_prepare(const command_line& command) {
+    dyn_array<str> paths = import_paths(command);
+    str directory = argument_text(command.directory);
+    if (!player_files_enter(directory, shipped_data_find(), command.restore_maps)) {
+        std::fprintf(stderr, "quorrel: cannot play in the directory %s\n", command.directory);
+        return false;
+    }
+    return maps_import(paths, command.family);
+}
+
+}  // namespace
+
+int main(int argument_count, char** arguments) {
+    command_line command;
+    int status = command_line_read(argument_count, arguments, command);
+    if (status != command_play) {
+        return status;
+    }
+    arenas_create();
+    bool prepared = files_prepare(command);
+    arenas_free();
+    if (!prepared) {
+        return not_to_be_done;
+    }
+    i64 imported_family = machine_kind;
     program_start();
+    if (command.file_count > 0) {
+        machine_kind = imported_family;
+    }
+    if (command.fullscreen) {
+        fullscreen_toggle();
+    }
     while (program_frame()) {}
     program_end();
     return 0;

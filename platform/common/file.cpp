@@ -182,7 +182,7 @@ void file_close(file_id file) {
 
 bool file_exists(str path) {
     struct stat status;
-    return stat(path_text(path).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    return stat(path_for_reading(path).c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 void file_delete(str path) {

@@ -4,6 +4,23 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
+#include "platform/file.h"
+
+namespace {
+
+std::string fallback;  // ends with "/"; empty for none
+
+}  // namespace
+
+void file_set_fallback(str directory) {
+    fallback = path_text(directory);
+    if (!fallback.empty()) {
+        fallback += '/';
+    }
+}
+
 std::string path_text(str path) {
     if (path.length <= 0) {
         return {};
@@ -12,10 +29,17 @@ std::string path_text(str path) {
     return text.find('\0') == std::string::npos ? text : std::string();
 }
 
+std::string path_for_reading(str path) {
+    std::string text = path_text(path);
+    bool elsewhere = !fallback.empty() && !text.empty() && text[0] != '/' &&
+                     access(text.c_str(), F_OK) != 0 && errno == ENOENT;
+    return elsewhere ? fallback + text : text;
+}
+
 std::FILE* regular_file_open(str path, i64& size) {
     size = 0;
     // Without O_NONBLOCK a pipe would be waited for before it can be refused.
-    int descriptor = open(path_text(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    int descriptor = open(path_for_reading(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) {
         return nullptr;
     }

@@ -174,3 +174,17 @@ TEST_F(file_test, deleting) {
     file_delete("a");
     EXPECT_FALSE(file_exists("a"));
 }
+
+TEST_F(file_test, the_fallback_is_read_but_neither_written_nor_deleted) {
+    file_put("data/folder/file", "data");
+    file_set_fallback("data");
+    EXPECT_EQ(file_text("folder/file"), "data");
+    EXPECT_TRUE(file_exists("folder/file"));
+    file_delete("folder/file");
+    EXPECT_TRUE(file_replace("folder/file", "own"));
+    EXPECT_EQ(file_text("folder/file"), "own");
+    EXPECT_EQ(file_get("data/folder/file"), "data");
+    file_set_fallback("");
+    file_delete("folder/file");
+    EXPECT_FALSE(file_exists("folder/file"));
+}

@@ -1,0 +1,91 @@
+#include "program/map_import.h"
+
+#include <cstdio>
+
+#include "base/message.h"
+#include "base/numbers.h"
+#include "base/text_builder.h"
+#include "maps/catalogue.h"
+#include "maps/family.h"
+#include "maps/file_text.h"
+#include "platform/file.h"
+
+namespace {
+
+constexpr str extension = ".quorrel";
+
+bool refuse(str path, const char* reason) {
+    std::fprintf(stderr, "quorrel: %.*s: %s\n", static_cast<int>(path.length), path.data, reason);
+    return false;
+}
+
+bool is_name_byte(char c) {
+    return ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z') || ('0' <= c && c <= '9');
+}
+
+// The file's name without folder and extension; what a name on the list or of a file cannot hold
+// becomes "_".
+str name_of_file(str path) {
+    str file = str_after_last(path, '/');
+    i64 stem = file.length - extension.length;
+    if (stem > 0 && str(file.data + stem, extension.length) == extension) {
+        file.length = stem;
+    }
+    text_builder name = {};
+    for (char byte : file) {
+        text_builder_put(name, is_name_byte(byte) ? byte : '_');
+    }
+    return text_builder_text(name);
+}
+
+str name_numbered(str name, i64 number) {
+    if (number == 1) {
+        return name;
+    }
+    text_builder text = {};
+    text_builder_put_str(text, name);
+    text_builder_put(text, '_');
+    text_builder_put_int(text, number);
+    return text_builder_text(text);
+}
+
+bool file_holds(str path, str text) {
+    str content;
+    return file_read_all(path, content) && content == text;
+}
+
+// Where a map of this name may go: its file is free, or holds the same map already.
+bool place_fits(str name, str text, str& path) {
+    const catalogue_entry* entry = catalogue_find(name);
+    path = entry != nullptr ? entry->path : custom_map_path(name);
+    return (entry == nullptr && !file_exists(path)) || file_holds(path, text);
+}
+
+}  // namespace
+
+bool map_import(str path, i64 family) {
+    str text;
+    if (!file_read_all(path, text)) {
+        return refuse(path, "cannot be read");
+    }
+    if (!text_is_map(text)) {
+        return refuse(path, "is not a map");
+    }
+    machine_kind = family == no_family ? map_family_find(text) : family;
+    if (machine_kind == no_family) {
+        return refuse(path, "does not tell its family: add --family state, pushdown or turing");
+    }
+    current_catalogue = &catalogues[machine_kind];
+    str name, place;
+    i64 number = 0;
+    do {
+        number += 1;
+        name = name_numbered(name_of_file(path), number);
+    } while (!place_fits(name, text, place));
+    if (!file_exists(place) && !file_write_all(place, text)) {
+        return refuse(place, "cannot be written");
+    }
+    catalogue_add(name, place);
+    message_write({"map ", name, " is ", place, "\n"});
+    return true;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+// Where a player's files are.
+//
+// A directory that holds `resources` is played in as it is. Everywhere else the game works in a
+// player's directory, which holds only what the player made: custom maps, and the catalogues that
+// were changed. All that is missing there is read from the data that ships. Its `.shipped` holds
+// the catalogues as they shipped at the last start, by which an entry that is new is told from one
+// that the player has removed; it also marks the directory as a player's.
+
+#include "base/str.h"
+
+// The directory that holds the shipped `resources`, by where the program lies: the installed data,
+// or the tree that the program was built in. Empty when there is none.
+str shipped_data_find();
+
+// Enters the directory to play in: `directory`, when empty the working one if it holds `resources`
+// or is a player's, else this user's. A player's directory gets the entries that ship since its
+// last start, all of them with `restore`, and reads what it lacks from `data`; with an empty `data`
+// it is left as it is. False when the directory cannot be entered.
+bool player_files_enter(str directory, str data, bool restore);

@@ -1,0 +1,89 @@
+#include "program/player_files.h"
+
+#include "platform/file.h"
+#include "tests/support/game.h"
+
+namespace {
+
+// The data that ships lies in "data", the game is started in "start", the user's files go to
+// "home".
+class player_files_test : public game_test {
+  protected:
+    player_files_test() : folder(std::filesystem::current_path().string()) {
+        setenv("XDG_DATA_HOME", (folder + "/home").c_str(), 1);
+        ship("a maps/a\nb maps/b\nc maps/c\n");
+        file_put("start/other", "");
+        std::filesystem::current_path("start");
+    }
+    ~player_files_test() override {
+        file_set_fallback("");
+        unsetenv("XDG_DATA_HOME");
+    }
+
+    void ship(std::string_view catalogue) const {
+        file_put(folder + "/data/resources/state_maps.txt", catalogue);
+    }
+
+    // Starts the game in `from`; returns where it plays, as seen from the test's folder.
+    std::string enter(std::string_view from, std::string_view directory = "",
+                      bool restore = false) {
+        std::filesystem::current_path(folder + "/" + std::string(from));
+        file_set_fallback("");
+        std::string data = folder + "/data";
+        if (!player_files_enter(str_of(directory), str_of(data), restore)) {
+            return "refused";
+        }
+        return std::filesystem::current_path().lexically_relative(folder);
+    }
+
+    std::string readable(str path) {
+        file_id file = file_open(path, file_mode_read);
+        std::string text(static_cast<std::size_t>(file_size(file)), '?');
+        file_read(file, file_size(file), text.data());
+        file_close(file);
+        return file_failed(file) ? "none" : text;
+    }
+
+    const std::string folder;
+};
+
+TEST_F(player_files_test, only_a_directory_with_resources_of_its_own_is_played_in_as_it_is) {
+    file_put(folder + "/whole/resources/own", "own");
+    EXPECT_EQ(enter("whole"), "whole");
+    EXPECT_EQ(readable("resources/state_maps.txt"), "none");
+    EXPECT_EQ(enter("start"), "home/quorrel");
+    EXPECT_EQ(readable("resources/state_maps.txt"), "a maps/a\nb maps/b\nc maps/c\n");
+    EXPECT_FALSE(std::filesystem::exists("resources"));
+    EXPECT_EQ(enter("home/quorrel"), "home/quorrel");
+    EXPECT_EQ(enter("start", "../made/deep"), "made/deep");
+    EXPECT_EQ(enter("made/deep"), "made/deep");
+    EXPECT_EQ(enter("start", "../whole"), "whole");
+    EXPECT_EQ(enter("start", "other"), "refused");
+}
+
+TEST_F(player_files_test, catalogues_follow_what_ships_and_what_the_player_does) {
+    struct {
+        const char *ships, *player, *merged;
+        bool restore = false;
+    } const rows[] = {
+        {"a a\nb b\n", nullptr, nullptr},
+        {"a a\nb b\n", "a a\nb b\nmine m\n", "a a\nb b\nmine m\n"},
+        {"a a\nb b\n", "b b\nmine m\n", "b b\nmine m\n"},     // the player removes a
+        {"a a\nb b\nc c\n", nullptr, "b b\nc c\nmine m\n"},   // c comes, a stays away
+        {"a a\nc c\n", nullptr, "c c\nmine m\n"},             // b no longer ships
+        {"a a\nc c\n", nullptr, "a a\nc c\nmine m\n", true},  // all are wanted back
+        {"a x\nc c\n", "c c\nlast l", "a x\nc c\nlast l\n"},  // a has moved
+    };
+    for (const auto& row : rows) {
+        ship(row.ships);
+        const std::string player = folder + "/home/quorrel/resources/state_maps.txt";
+        if (row.player != nullptr) {
+            file_put(player, row.player);
+        }
+        EXPECT_EQ(enter("start", "", row.restore), "home/quorrel");
+        EXPECT_EQ(file_get(player), row.merged != nullptr ? row.merged : "") << row.ships;
+        EXPECT_EQ(file_get(".shipped/state_maps.txt"), row.ships);
+    }
+}
+
+}  // namespace
