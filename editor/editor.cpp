@@ -1,5 +1,6 @@
 #include "editor/editor.h"
 
+#include "base/fault.h"
 #include "editor/goal_editing.h"
 #include "editor/map_edit.h"
 #include "editor/settings_panel.h"
@@ -15,6 +16,7 @@
 #include "render/renderer.h"
 #include "render/text.h"
 #include "render/view.h"
+#include "rules/check.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
 #include "rules/selection.h"
@@ -206,6 +208,7 @@ void editor_frame(const pointer& mouse) {
     if (goal_editing.goal_dialog_open) {
         goal_dialog_frame();
     }
+    fault_assert(state_fault);
 }
 
 void editor_leave() {

@@ -1,9 +1,11 @@
 #include "game/turn_update.h"
 
 #include "ai/computer.h"
+#include "base/fault.h"
 #include "base/time_step.h"
 #include "platform/input.h"
 #include "rules/cards.h"
+#include "rules/check.h"
 #include "rules/deal.h"
 #include "rules/rule.h"
 #include "rules/selection.h"
@@ -83,14 +85,8 @@ void computer_turn_advance() {
     }
 }
 
-}  // namespace
-
-void turn_update() {
-    humans_count();
-    if (turn.move_timer > 0) {
-        running_move_advance();
-        return;
-    }
+// While no move is shown.
+void seat_act() {
     deck_refill();
     pending_move_take();
     if (input_key_is_held(key_shift) && input_key_is_pressed(key_n)) {
@@ -98,4 +94,16 @@ void turn_update() {
     }
     space_key_apply();
     computer_turn_advance();
+}
+
+}  // namespace
+
+void turn_update() {
+    humans_count();
+    if (turn.move_timer > 0) {
+        running_move_advance();
+    } else {
+        seat_act();
+    }
+    fault_assert(game_fault);
 }

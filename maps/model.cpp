@@ -1,6 +1,7 @@
 #include "maps/model.h"
 
 #include <algorithm>
+#include <cassert>
 
 i64 machine_kind = pushdown_machine;
 map_record game_map;
@@ -43,7 +44,30 @@ u8 state_nimber(u16 state) {
     return state < game_map.nimber_count ? game_map.nimbers[state] : no_nimber;
 }
 
+str map_fault() {
+    for (const map_state& s : game_map.states) {
+        if (s.accepting > 1) {
+            return "a state's accepting is neither 0 nor 1";
+        }
+    }
+    for (const transition& arc : game_map.transitions) {
+        if (arc.rule.length < 0 || (arc.rule.length > 0 && arc.rule.data == nullptr)) {
+            return "a transition's rule has no bytes";
+        }
+    }
+    if (game_map.nimber_count < 0) {
+        return "the nimbers are fewer than none";
+    }
+    for (i64 s = 0; s < game_map.nimber_count; ++s) {
+        if (game_map.nimbers[s] >= nimber_limit && game_map.nimbers[s] != no_nimber) {
+            return "a nimber is out of its range";
+        }
+    }
+    return {};
+}
+
 world_point state_centre(i64 state) {
+    assert(0 <= state && state < game_map.states.count);
     const map_state& s = game_map.states[state];
     return {game_map.scale * s.x + game_map.origin_x, game_map.scale * s.y + game_map.origin_y};
 }

@@ -17,7 +17,8 @@ enum machine_kind_value : i64 { state_machine = 0, pushdown_machine, turing_mach
 inline constexpr i64 machine_kind_count = 3;
 
 inline constexpr u16 no_index = 0xffff;  // no state, transition or stone
-inline constexpr u8 no_nimber = 255;
+inline constexpr u8 nimber_limit = 128;  // nimbers are below it
+inline constexpr u8 no_nimber = 255;     // not known
 
 enum win_mode_value : u8 { win_immediate = 0, win_all_accepting, win_any_accepting };
 inline constexpr i64 win_mode_count = 3;
@@ -128,6 +129,10 @@ bool transition_exists(const transition& arc);
 
 // The nimber of a state, `no_nimber` when it is unknown or the state has no entry.
 u8 state_nimber(u16 state);
+
+// What is broken in the map, in words, empty when nothing is. Indices, settings, goals and win mode
+// may be anything, since a file may name it.
+str map_fault();
 
 struct world_point {
     f64 x;

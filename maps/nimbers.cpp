@@ -1,13 +1,21 @@
 #include "maps/nimbers.h"
 
+#include <cassert>
+
 #include "base/dyn_array.h"
 #include "base/message.h"
 #include "maps/model.h"
 
+// A depth-first search with an explicit stack: the state on top is settled when all its successors
+// are, else those that are not go on top of it and it waits. A state without a way out is settled
+// at once, so on a map without cycles every state is settled in the end, after all it leads to;
+// that is the definition. A state can be pushed once for every transition into it, and the budget
+// bounds the steps; a state that comes up to wait a second time was reached from itself, and its
+// cycle could only use up the budget.
+
 namespace {
 
 constexpr i64 step_budget = 0x100001;
-constexpr i64 nimber_values = 128;
 
 // The existing successors of every state, in the order of the transitions: those of state s are
 // targets[first[s]] up to targets[first[s + 1]].
@@ -39,10 +47,10 @@ successor_lists successors_collect(i64 state_count) {
     return lists;
 }
 
-// The smallest value that no successor of `state` has, `nimber_values` when all are taken. When
+// The smallest value that no successor of `state` has, `nimber_limit` when all are taken. When
 // some successors are unknown yet, they are pushed and the answer is -1.
 i64 excluded_value(const successor_lists& lists, u16 state, dyn_array<u16>& stack) {
-    bool present[nimber_values] = {};
+    bool present[nimber_limit] = {};
     bool pending = false;
     for (u32 i = lists.first[state]; i < lists.first[state + 1]; ++i) {
         u16 successor = lists.targets[i];
@@ -51,6 +59,7 @@ i64 excluded_value(const successor_lists& lists, u16 state, dyn_array<u16>& stac
             dyn_array_push(stack, successor);
             pending = true;
         } else {
+            assert(nimber < nimber_limit);
             present[nimber] = true;
         }
     }
@@ -58,7 +67,7 @@ i64 excluded_value(const successor_lists& lists, u16 state, dyn_array<u16>& stac
         return -1;
     }
     i64 value = 0;
-    while (value < nimber_values && present[value]) {
+    while (value < nimber_limit && present[value]) {
         value += 1;
     }
     return value;
@@ -72,10 +81,9 @@ void nimbers_forget() {
     }
 }
 
-// Settles every state on the stack; false when the search has to give up. A state that waits for
-// its successors a second time was reached from itself: from here on the same steps would repeat
-// until the budget is gone, so the search ends at once. As no state waits three times, the stack
-// stays in the order of the map's states and transitions.
+// Settles every state on the stack; false when the search has to give up. On a cycle it ends at
+// once. As no state waits three times, the stack stays in the order of the map's states and
+// transitions.
 bool search(const successor_lists& lists, dyn_array<u16>& stack) {
     u8* waited = frame_array<u8>(named_state_count(), 0);
     for (i64 budget = step_budget; stack.count > 0;) {
@@ -89,7 +97,7 @@ bool search(const successor_lists& lists, dyn_array<u16>& stack) {
             continue;
         }
         i64 value = excluded_value(lists, state, stack);
-        if (value == nimber_values || (value < 0 && waited[state])) {
+        if (value == nimber_limit || (value < 0 && waited[state])) {
             return false;
         }
         if (value < 0) {

@@ -1,5 +1,6 @@
 #include "maps/reader.h"
 
+#include "base/fault.h"
 #include "base/message.h"
 #include "maps/file_text.h"
 #include "maps/model.h"
@@ -27,7 +28,7 @@ bool has_more_fields(const text_cursor& cursor) {
     return text_has_prefix(cursor, " ");
 }
 
-void read_map(text_cursor& cursor) {
+void read_view(text_cursor& cursor) {
     game_map.origin_x = text_scan_real(cursor);
     game_map.origin_y = next_real(cursor);
     game_map.scale = next_real(cursor);
@@ -109,7 +110,7 @@ struct map_keyword {
 
 // In the order in which they are tried at every line.
 constexpr map_keyword keywords[] = {
-    {"map ", read_map},       {"win ", read_win},           {"deck ", read_deck},
+    {"map ", read_view},      {"win ", read_win},           {"deck ", read_deck},
     {"hand ", read_hand},     {"tape ", read_tape},         {"goal ", read_goal},
     {"stone ", read_stone},   {"* ", read_accepting_state}, {". ", read_plain_state},
     {"$ ", read_plain_state}, {"=> ", read_transition},
@@ -128,12 +129,7 @@ void read_line(text_cursor& cursor) {
 
 }  // namespace
 
-void map_load(str path) {
-    str text;
-    if (!file_read_all(path, text)) {
-        message_write({"failed to load map: ", path, "\n"});
-        return;
-    }
+void map_read(str text) {
     map_clear();
     text_cursor cursor = {text.data, text.length, 0};
     while (cursor.position < cursor.size) {
@@ -142,4 +138,14 @@ void map_load(str path) {
     if (machine_kind == state_machine) {
         nimbers_compute();
     }
+    fault_assert(map_fault);
+}
+
+void map_load(str path) {
+    str text;
+    if (!file_read_all(path, text)) {
+        message_write({"failed to load map: ", path, "\n"});
+        return;
+    }
+    map_read(text);
 }

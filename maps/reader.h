@@ -1,6 +1,6 @@
 #pragma once
 
-// Reading a map file into the loaded map.
+// Reading a map's text into the loaded map.
 //
 // The format: one record per line, a keyword and its fields, each field separated from the one
 // before by exactly one byte. Lines that start with anything else are ignored.
@@ -18,8 +18,11 @@
 
 #include "base/str.h"
 
-// Replaces states, transitions, stones and goals by those of the file, and every setting that the
-// file names; for a state machine the nimbers are computed too. Rules point into the file's text,
-// which stays in the persistent arena. A file that cannot be read is answered with one line on
-// standard output and changes nothing.
+// Replaces states, transitions, stones and goals by those of the text, and every setting that the
+// text names; for a state machine the nimbers are computed too. Any text is a map. Rules point into
+// the text, which must outlive the map.
+void map_read(str text);
+
+// Reads the map file at `path`, whose text stays in the persistent arena. A file that cannot be
+// read is answered with one line on standard output and changes nothing.
 void map_load(str path);

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "base/fault.h"
 #include "base/message.h"
 #include "maps/catalogue.h"
 #include "maps/model.h"
 #include "maps/reader.h"
 #include "rules/cards.h"
+#include "rules/check.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
 #include "rules/screens.h"
@@ -78,4 +80,5 @@ void game_start() {
         dyn_array_push(stones, 0);
         dyn_array_push(stones, 0);
     }
+    fault_assert(players.count > 0 ? game_fault : state_fault);
 }

@@ -18,7 +18,7 @@ class panels_test : public program_test {
     void hand_set(i64 count) {
         players[turn.current_player].hand.count = 0;
         for (i64 i = 0; i < count; ++i) {
-            dyn_array_push(players[turn.current_player].hand, {1, 0, 0});
+            dyn_array_push(players[turn.current_player].hand, {1, 0, 2});
         }
     }
 };
@@ -134,7 +134,7 @@ TEST_F(panels_test, TheTurnDecidesWhatCoversTheBoard) {
         turn = {};
         turn.turn_revealed = row.revealed;
         turn.winner = row.winner;
-        turn.think_timer = 1;
+        turn.think_timer = 0.4;
         frame();
         EXPECT_EQ(overlays_shown(), row.shown) << row.kind << row.seats;
     }
@@ -235,7 +235,7 @@ TEST_F(panels_test, OneCardATurnComesFromTheDeck) {
         pile_set(deck.cards, row.deck);
         turn.card_drawn = row.drawn_before;
         click(row.x, row.y);
-        EXPECT_EQ(pile_text(players[0].hand), row.hit ? "Ba0 Bb2" : "Ba0") << row.x << ' ' << row.y;
+        EXPECT_EQ(pile_text(players[0].hand), row.hit ? "Ba2 Bb2" : "Ba2") << row.x << ' ' << row.y;
         EXPECT_EQ(is_drawn("white -208 256 160 160 (1 1 1 0.3)"), row.hit);
         EXPECT_EQ(turn.card_drawn, row.hit || row.drawn_before);
     }
@@ -315,7 +315,7 @@ TEST_F(panels_test, CardCountsStandInColumnsOfFour) {
     for (const auto& [seats, counts] : rows) {
         seats_make(seats);
         turn = {};
-        turn.think_timer = 1;
+        turn.think_timer = 0.4;
         for (i64 i = 0; i < players.count; ++i) {
             seat_colour_set(players[i], i);
             players[i].hand = {};

@@ -1,5 +1,6 @@
 #include "maps/reader.h"
 
+#include <algorithm>
 #include <memory>
 #include <random>
 #include <sstream>
@@ -78,8 +79,7 @@ TEST_F(reader_test, RecordsFillTheLists) {
     };
     machine_kind = turing_machine;
     for (const auto& row : rows) {
-        file_put("map", row.file);
-        map_load("map");
+        map_read(str_of(row.file));
         EXPECT_EQ(lists_text(), row.lists) << row.file;
         EXPECT_EQ(settings_text(), start_settings) << row.file;
     }
@@ -98,8 +98,7 @@ TEST_F(reader_test, SettingsStayUntilAFileNamesThem) {
     };
     machine_kind = turing_machine;
     for (const auto& row : rows) {
-        file_put("map", row.file);
-        map_load("map");
+        map_read(str_of(row.file));
         EXPECT_EQ(settings_text(), row.settings) << row.file;
     }
 }
@@ -120,26 +119,20 @@ TEST_F(reader_test, AFileThatCannotBeReadChangesNothing) {
 }
 
 TEST_F(reader_test, NimbersAreComputedForStateMachinesOnly) {
-    file_put("map", ". 0 0\n. 1 0\n=> 0 1 0\n");
     machine_kind = state_machine;
-    map_load("map");
+    map_read(". 0 0\n. 1 0\n=> 0 1 0\n");
     EXPECT_EQ(state_nimber(0), 1);
     EXPECT_EQ(state_nimber(2), no_nimber);
-    file_put("map", ". 0 0\n");
     machine_kind = pushdown_machine;
-    map_load("map");
+    map_read(". 0 0\n");
     EXPECT_EQ(game_map.nimber_count, 2);
 }
 
-// Loads `text` from a block that ends where the memory ends, so that a step past it is noticed.
-// The lists must have room already.
-void map_load_exactly(const std::string& text) {
-    arena kept = arenas[arena_persistent];
+// Reads `text` from a block that ends with it, so that a step past it is noticed.
+void map_read_exactly(const std::string& text) {
     std::unique_ptr<char[]> bytes(new char[text.size()]);
-    arenas[arena_persistent] = {bytes.get(), static_cast<i64>(text.size()), 0};
-    file_put("map", text);
-    map_load("map");
-    arenas[arena_persistent] = kept;
+    std::copy(text.begin(), text.end(), bytes.get());
+    map_read({bytes.get(), static_cast<i64>(text.size())});
     lists_text();  // touches every rule
     map_clear();
 }
@@ -151,20 +144,14 @@ TEST_F(reader_test, CutAndBrokenFilesAreReadWithinTheirBytes) {
             files.push_back(file_get(entry.path().string()));
         }
     }
-    for (i64 i = 0; i < 5000; ++i) {  // room for every list
-        map_add_state(0, 0, 0);
-        map_add_transition(0, 0, 0, 0, 0, {});
-        dyn_array_push(stones, 0);
-        dyn_array_push(goals, goal{});
-    }
     machine_kind = turing_machine;
     std::mt19937_64 random(7);
     for (const std::string& file : files) {
         for (std::size_t size = 0; size <= file.size(); ++size) {
-            map_load_exactly(file.substr(0, size));
+            map_read_exactly(file.substr(0, size));
         }
         for (int i = 0; i < 60; ++i) {
-            map_load_exactly(text_broken(file, random));
+            map_read_exactly(text_broken(file, random));
         }
     }
 }

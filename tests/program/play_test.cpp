@@ -154,7 +154,7 @@ void game_restart() {
     if (turn.winner != no_winner) {
         headless_key_press(key_space);
         input_poll();
-        turn.think_timer = 1;
+        turn.think_timer = 0.4;
         turn_update();
         input_poll();
         ASSERT_EQ(turn.winner, no_winner);

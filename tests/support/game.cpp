@@ -15,17 +15,12 @@
 #include "program/globals.h"
 #include "rules/cards.h"
 
-namespace {
-
-// Every global at its start value and both arenas empty; their memory is taken once.
 void globals_start() {
     static const arena memory[] = {(arenas_create(), arenas[arena_persistent]),
                                    arenas[arena_frame]};
     globals_reset();
     std::copy(std::begin(memory), std::end(memory), arenas);
 }
-
-}  // namespace
 
 game_test::game_test() : outside(std::filesystem::current_path()) {
     std::string name = (std::filesystem::temp_directory_path() / "quorrel-XXXXXX").string();

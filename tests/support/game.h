@@ -30,6 +30,9 @@ class game_test : public testing::Test {
     std::filesystem::path folder;
 };
 
+// Every global at its start value and both arenas empty; their memory is taken once.
+void globals_start();
+
 // The folder of the maps that ship.
 std::filesystem::path maps_folder();
 

@@ -1,0 +1,57 @@
+#include "rules/check.h"
+
+#include "rules/cards.h"
+#include "rules/selection.h"
+#include "tests/support/game.h"
+
+namespace {
+
+using check_test = game_test;
+
+TEST_F(check_test, NamesWhatIsBroken) {
+    struct {
+        const char* fault;
+        void (*destroy)();
+    } const rows[] = {
+        {"",
+         [] {
+             selection = {7, 8, 9, 99};
+         }},
+        {"", [] { stones[0] = no_index; }},
+        {"discard pile shares storage with deck", [] { discard_pile.cards = deck.cards; }},
+        {"hand shares storage with tape", [] { players[1].hand.data = tape.data + 1; }},
+        {"tape: outside the arena's used part", [] { tape.capacity = 1 << 20; }},
+        {"goals: more elements than there is room for", [] { goals.count = 1; }},
+        {"stones: not in the persistent arena", [] { stones.arena_id = arena_frame; }},
+        {"deck: a card that does not exist", [] { deck.cards[1].number = 0; }},
+        {"hand: a card that does not exist", [] { players[0].hand[0].shape = 6; }},
+        {"a nimber is out of its range", [] { game_map.nimbers[1] = 128; }},
+        {"a state's accepting is neither 0 nor 1", [] { game_map.states[0].accepting = 2; }},
+        {"the machine kind does not exist", [] { machine_kind = machine_kind_count; }},
+        {"a seat's kind of player does not exist", [] { players[1].strength = strength_count; }},
+        {"more or fewer seats than a game has", [] { player_count = 7; }},
+        {"the seat to move does not exist", [] { turn.current_player = 2; }},
+        {"the winner does not exist", [] { turn.winner = 2; }},
+        {"the time of the move is out of its range", [] { turn.move_timer = -1.0 / 60; }},
+        {"the time to think is out of its range", [] { turn.think_timer = 0.5; }},
+        {"the tape's head stands before the tape", [] { tape_head = -1; }},
+        {"the random generator has no seed", [] { random_generator = {}; }},
+        {"an arena holds more than it can", [] { arenas[arena_frame].offset = -1; }},
+    };
+    for (const auto& row : rows) {
+        map_make(state_machine, "..", {{0, 1, "A"}}, {0});
+        seats_make("H0");
+        turn = {};
+        tape_head = 0;
+        pile_set(deck.cards, "Aa1 Bb2");
+        pile_set(tape, "Cc3 Dd4");
+        pile_set(players[0].hand, "Ee5");
+        EXPECT_EQ(string_of(game_fault()), "");
+        row.destroy();
+        EXPECT_EQ(string_of(game_fault()), row.fault);
+        globals_start();
+        random_seed(1);
+    }
+}
+
+}  // namespace
