@@ -21,6 +21,8 @@
 
 namespace {
 
+constexpr f64 think_after_draw = 0.25;  // seconds until the seat looks at its new card
+
 struct candidate {
     i64 card_index;  // in the hand
     u16 stone;

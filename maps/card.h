@@ -101,6 +101,8 @@ constexpr card card_at(const card_kinds& kinds, i64 place) {
 
 // The place of a card, whose fields are in their ranges, among all cards: its value.
 constexpr i64 card_value(card c) {
+    assert(c.colour < card_colour_count && c.shape < card_shape_count);
+    assert(1 <= c.number && c.number <= card_number_count);
     return (c.colour * card_shape_count + c.shape) * card_number_count + c.number - 1;
 }
 

@@ -10,6 +10,7 @@ dyn_array<goal> goals;
 dyn_array<u16> stones;
 
 void map_add_state(f64 x, f64 y, u8 accepting) {
+    assert(accepting <= 1);
     dyn_array_push(game_map.states, {x, y, accepting});
 }
 

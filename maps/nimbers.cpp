@@ -50,6 +50,7 @@ successor_lists successors_collect(i64 state_count) {
 // The smallest value that no successor of `state` has, `nimber_limit` when all are taken. When
 // some successors are unknown yet, they are pushed and the answer is -1.
 i64 excluded_value(const successor_lists& lists, u16 state, dyn_array<u16>& stack) {
+    assert(state_exists(state));
     bool present[nimber_limit] = {};
     bool pending = false;
     for (u32 i = lists.first[state]; i < lists.first[state + 1]; ++i) {

@@ -1,11 +1,17 @@
 #include "maps/reader.h"
 
+#include <cassert>
+
 #include "base/fault.h"
 #include "base/message.h"
 #include "maps/file_text.h"
 #include "maps/model.h"
 #include "maps/nimbers.h"
 #include "maps/scan.h"
+
+// Every line is tried for each keyword once, in a fixed order, at a position that moves on when one
+// matches; then the rest of the line is dropped. Each line is passed over a bounded number of times
+// and left behind, so a text of any bytes is read in time proportional to its size.
 
 namespace {
 
@@ -133,7 +139,9 @@ void map_read(str text) {
     map_clear();
     text_cursor cursor = {text.data, text.length, 0};
     while (cursor.position < cursor.size) {
+        i64 line_start = cursor.position;
         read_line(cursor);
+        assert(cursor.position > line_start);
     }
     if (machine_kind == state_machine) {
         nimbers_compute();

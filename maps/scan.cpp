@@ -1,6 +1,14 @@
 #include "maps/scan.h"
 
+#include <cassert>
 #include <cstring>
+
+// Every scanner asks for the end before it looks at a byte and moves only over bytes it looked at,
+// so it takes time in proportion to what it reads and never leaves the text.
+//
+// A real is its digits, without the point, as one whole number of 64 places, divided by the power
+// of ten that the point stands for. Both are built up in doubles place by place: the rounding of
+// exactly these steps is what gives a number its bits, so the library's conversion will not do.
 
 namespace {
 
@@ -29,6 +37,7 @@ bool take_minus(text_cursor& cursor) {
 }  // namespace
 
 bool text_has_prefix(const text_cursor& cursor, str word) {
+    assert(cursor.position >= 0);
     return cursor.position + word.length <= cursor.size &&
            str(cursor.data + cursor.position, word.length) == word;
 }
@@ -66,6 +75,7 @@ f64 text_scan_real(text_cursor& cursor) {
     for (u8 digit : digits) {
         value = value * 10 + digit;
     }
+    assert(0 <= integer_digits && integer_digits <= real_digits);
     f64 place = 1;
     for (i64 i = integer_digits; i < real_digits; ++i) {
         place *= 10;

@@ -1,6 +1,7 @@
 #include "rules/cards.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 #include "maps/model.h"
@@ -43,5 +44,6 @@ void deck_refill() {
     }
     // Each pile takes over the other's storage, so that neither writes into the other's cards.
     std::swap(deck.cards, discard_pile.cards);
+    assert(discard_pile.cards.count == 0);
     deck_shuffle();
 }

@@ -1,6 +1,7 @@
 #include "rules/deal.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "base/fault.h"
 #include "base/message.h"
@@ -12,6 +13,11 @@
 #include "rules/game_state.h"
 #include "rules/random.h"
 #include "rules/screens.h"
+
+// The deck is built in the order of its kinds, shuffled once and dealt from its top: the tape
+// first, then each seat its hand, or its goal, in the seats' order. An empty deck goes on giving
+// the card (0, 0, 1). The seed and this order alone decide a deal, so it can be played again; the
+// work is bounded by `pile_limit` cards for each pile whatever the map asks for.
 
 namespace {
 
@@ -35,6 +41,7 @@ void deck_build() {
 }
 
 void deal(dyn_array<card>& pile, i64 count) {
+    assert(0 <= count && count <= pile_limit);
     pile.count = 0;
     for (i64 i = 0; i < count; ++i) {
         dyn_array_push(pile, card_take_top(deck.cards));

@@ -1,6 +1,7 @@
 #include "rules/goal.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "rules/cards.h"
 #include "rules/game_state.h"
@@ -31,6 +32,7 @@ i64 tape_distinct(card_field field) {
 
 // How many cards agree with one of the goal's cards in the measured field.
 i64 tape_agreeing(const goal& g, const measure_info& measure) {
+    assert(measure.cards == 1 || measure.cards == 2);
     u8 card::*value = card_fields[measure.field].value;
     i64 count = 0;
     for (card c : tape) {

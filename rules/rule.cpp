@@ -1,7 +1,18 @@
 #include "rules/rule.h"
 
+#include <cassert>
+
 #include "maps/scan.h"
 #include "rules/cards.h"
+
+// A rule is read once from left to right by recursive descent, one function for each symbol of the
+// grammar, and evaluated while it is read: no tree is built, and a list is folded into one value as
+// its expressions come, so a rule needs no memory but its text without blanks. That text has at
+// most 1024 bytes, which bounds the steps, and the depth of the recursion to one for each "(".
+//
+// It is evaluated over a domain of cards at once, and what it says of them is a set with one bit
+// per card: a single bit for the one card that is tested, or a bit for every card value. The
+// operators work on each bit alone, so both domains give each card the same answer.
 
 namespace {
 
@@ -9,9 +20,6 @@ constexpr i64 rule_buffer_size = 1024;
 constexpr i64 list_limit = 8;
 
 char rule_buffer[rule_buffer_size];  // the rule without its blanks
-
-// A rule is evaluated over a domain of cards at once, and what it says of them is a set with one
-// bit per card: a single bit for the one card that is tested, or a bit for every card value.
 
 struct one_card {
     using set = u64;
@@ -96,6 +104,7 @@ void list_fold(rule_value<domain>& folded, const rule_value<domain>& value, char
             folded.top = folded.top | (domain::all ^ value.top);
             break;
         default:
+            assert(list_operator == '\0');
             folded = value;
     }
 }
@@ -104,6 +113,7 @@ void list_fold(rule_value<domain>& folded, const rule_value<domain>& value, char
 // takes a list of one only).
 template <typename domain>
 rule_value<domain> rule_parse_list(rule_parser<domain>& parser, char list_operator) {
+    assert(next_byte(parser) == '(');
     i64 limit = list_operator == '\0' ? 1 : list_limit;
     rule_value<domain> folded;
     for (i64 count = 0; count < limit; ++count) {
@@ -195,6 +205,7 @@ template <typename domain>
 typename domain::set rule_evaluate(str rule, domain cards) {
     rule_parser<domain> parser = {cards, {rule_buffer, rule_squeeze(rule), 0}, false};
     rule_value<domain> value = rule_parse_expression(parser);
+    assert(parser.failed || parser.cursor.position <= parser.cursor.size);
     bool whole = parser.cursor.position == parser.cursor.size;
     return whole && !parser.failed ? value.played : domain::none;
 }

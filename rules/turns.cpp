@@ -1,5 +1,7 @@
 #include "rules/turns.h"
 
+#include <cassert>
+
 #include "base/arithmetic.h"
 #include "rules/cards.h"
 #include "rules/goal.h"
@@ -9,6 +11,7 @@ namespace {
 
 void tape_head_move(char direction) {
     i64 step = direction == 'L' ? -1 : direction == 'R' ? 1 : 0;
+    assert(tape_head >= 0);
     i64 count = tape.count;
     tape_head = count == 0 ? 0 : floor_modulo(tape_head + step, count);
 }
@@ -39,12 +42,14 @@ stone_table stones_locate() {
 }
 
 void state_world_position(u16 state, f32 (&position)[2]) {
+    assert(state_exists(state));
     world_point centre = state_centre(state);
     position[0] = static_cast<f32>(centre.x);
     position[1] = static_cast<f32>(centre.y + stone_rise * stone_stack[state]);
 }
 
 void stone_move(u16 stone, u16 target) {
+    assert(stone < stones.count && state_exists(target));
     flight.moving_stone = stone;
     state_world_position(stones[stone], flight.moving_from);
     stones[stone] = target;
@@ -53,6 +58,7 @@ void stone_move(u16 stone, u16 target) {
 
 void hand_play(i64 index) {
     dyn_array<card>& hand = current_seat().hand;
+    assert(0 <= index && index < hand.count);
     card played = hand[index];
     card_array_remove_at(hand, index);
     dyn_array_push(discard_pile.cards, played);
@@ -78,6 +84,7 @@ void tape_apply(str action) {
 }
 
 void turn_end() {
+    assert(turn.current_player < players.count);
     if (players.count > 1) {
         turn.turn_revealed = false;
     }

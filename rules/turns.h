@@ -10,7 +10,6 @@
 
 inline constexpr f64 move_duration = 0.5;     // seconds for which a move is shown
 inline constexpr f64 think_after_turn = 0.4;  // seconds a computer seat waits when its turn comes
-inline constexpr f64 think_after_draw = 0.25;
 
 // The first stone on `state`, `no_index` when there is none.
 u16 stone_find(u16 state);
