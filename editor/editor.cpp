@@ -1,6 +1,6 @@
 #include "editor/editor.h"
 
-#include "base/fault.h"
+#include "base/message.h"
 #include "editor/goal_editing.h"
 #include "editor/map_edit.h"
 #include "editor/settings_panel.h"

@@ -1,7 +1,7 @@
 #include "game/turn_update.h"
 
 #include "ai/computer.h"
-#include "base/fault.h"
+#include "base/message.h"
 #include "base/time_step.h"
 #include "platform/input.h"
 #include "rules/cards.h"

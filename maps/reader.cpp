@@ -2,7 +2,6 @@
 
 #include <cassert>
 
-#include "base/fault.h"
 #include "base/message.h"
 #include "maps/file_text.h"
 #include "maps/model.h"

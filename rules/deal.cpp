@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cassert>
 
-#include "base/fault.h"
 #include "base/message.h"
 #include "maps/catalogue.h"
 #include "maps/model.h"
