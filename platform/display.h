@@ -1,6 +1,6 @@
 #pragma once
 
-// The one window. Sizes are pixels.
+// The one window. Sizes are pixels of the game's picture, which the window shows as large as fits.
 
 #include "base/str.h"
 #include "base/types.h"
@@ -8,13 +8,15 @@
 enum display_option : u32 { display_core_profile = 64 };
 inline constexpr u32 display_samples_one = 1;  // samples per pixel: no multisampling
 
-// Opens the window and makes its GPU context current. Without a display or a GPU of the needed
-// kind it writes one line to standard output and ends the program with exit status 1.
+// Opens the window, smaller where the desktop has no room for it, and makes its GPU context
+// current. Without a display or a GPU of the needed kind it writes one line to standard output and
+// ends the program with exit status 1.
 void display_open(i32 width, i32 height, str title, u32 options, u32 samples);
 // Whether the player has closed the window.
 bool display_is_closed();
 void display_set_fullscreen(bool fullscreen);
-// The size of the whole screen that the window stands on.
+// The size of the picture that fills the whole display which the window stands on: of the display's
+// proportions, and in its own pixels where it is neither too small nor much larger than needed.
 void display_get_info(i32& width, i32& height);
 // Takes the window off the screen. Its GPU objects may still be destroyed, until the platform is
 // released.

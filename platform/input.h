@@ -65,7 +65,8 @@ bool input_key_is_held(u32 key);
 // The lasting states of the keyboard, as bits of `input_modifier`.
 u32 input_key_modifiers();
 
-// Pixels from the window's top-left corner; y grows downwards.
+// Pixels from the picture's top-left corner; y grows downwards. In a window of other proportions
+// the pointer can be beyond the picture's edges.
 void input_mouse_position(f64& x, f64& y);
 // Pixels moved since the poll before; y grows downwards.
 void input_mouse_moved(f64& dx, f64& dy);

@@ -3,9 +3,9 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-build_packages=(g++ cmake ninja-build pkg-config libsdl2-dev libepoxy-dev libpng-dev
+build_packages=(g++ cmake ninja-build pkg-config libsdl2-dev libepoxy-dev libx11-dev libpng-dev
     libgl1-mesa-dri)
-window_packages=(xvfb xdotool x11-utils imagemagick dwm) # to drive the program on a virtual display
+window_packages=(xvfb xdotool x11-utils imagemagick openbox) # to drive the program on a virtual display
 
 say() {
     echo "== $*"

@@ -4,17 +4,28 @@
 // OpenGL ES 3.0 in browsers. Both are called alike; where they differ, the difference stands here:
 //
 //   shader_version   what every section of a shader begins with
-//   target_storage   of a texture to draw into; it holds linear light, whose dark tones would show
-//                    bands in 8 bits
-//   target_type      of the components of such a texture
+//   target_formats   of a texture to draw into, best first; it holds linear light, whose dark
+//                    tones show bands in 8 bits
+
+#ifdef __EMSCRIPTEN__
+#include <GLES3/gl3.h>
+#else
+#include <epoxy/gl.h>
+#endif
+
+struct target_format {
+    GLenum storage;
+    GLenum type;  // of its components
+};
 
 #ifdef __EMSCRIPTEN__
 
-#include <GLES3/gl3.h>
-
 inline constexpr char shader_version[] = "#version 300 es\nprecision highp float;\n";
-inline constexpr GLenum target_storage = GL_RGBA16F;
-inline constexpr GLenum target_type = GL_HALF_FLOAT;
+inline constexpr target_format target_formats[] = {
+    {GL_RGBA16F, GL_HALF_FLOAT},
+    {GL_RGB10_A2, GL_UNSIGNED_INT_2_10_10_10_REV},
+    {GL_RGBA8, GL_UNSIGNED_BYTE},
+};
 
 // Statuses that OpenGL ES does not know and never answers.
 inline constexpr GLenum GL_FRAMEBUFFER_INCOMPLETE_DRAW_BUFFER = 0x8CDB;
@@ -23,10 +34,7 @@ inline constexpr GLenum GL_FRAMEBUFFER_INCOMPLETE_LAYER_TARGETS = 0x8DA8;
 
 #else
 
-#include <epoxy/gl.h>
-
 inline constexpr char shader_version[] = "#version 330 core\n";
-inline constexpr GLenum target_storage = GL_RGBA16;
-inline constexpr GLenum target_type = GL_UNSIGNED_SHORT;
+inline constexpr target_format target_formats[] = {{GL_RGBA16, GL_UNSIGNED_SHORT}};
 
 #endif

@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/gl/frame.h"
 #include "platform/gl/opengl.h"
+#include "platform/gl/state.h"
 #include "platform/gpu.h"
 
 namespace {
@@ -77,10 +79,14 @@ u32 shader_create() {
 }
 
 void shader_destroy(u32 program) {
+    frame_flush();
     glDeleteProgram(program);
+    state_forget_program(program);
 }
 
 shader_result shader_source(u32 program, str source, char* message, i64 message_size) {
+    frame_flush();
+    state_forget_program(program);
     std::string_view text(source.data, static_cast<std::size_t>(source.length));
     for (const section& part : sections) {
         shader_result compiled =
@@ -98,25 +104,4 @@ shader_result shader_source(u32 program, str source, char* message, i64 message_
 
 i32 shader_get_uniform_location(u32 program, str name) {
     return glGetUniformLocation(program, std::string(name.begin(), name.end()).c_str());
-}
-
-void shader_bind(u32 program) {
-    glUseProgram(program);
-}
-
-void shader_uniform1i(i32 location, i32 value) {
-    glUniform1i(location, value);
-}
-
-void shader_uniform1f(i32 location, f32 value) {
-    glUniform1f(location, value);
-}
-
-void shader_uniform4f(i32 location, const f32* values) {
-    glUniform4fv(location, 1, values);
-}
-
-void shader_uniform_matrix4fa(i32 location, u32 count, bool transpose, const f32* values) {
-    glUniformMatrix4fv(location, static_cast<GLsizei>(count), transpose ? GL_TRUE : GL_FALSE,
-                       values);
 }

@@ -8,7 +8,10 @@
 #include <string_view>
 
 #include "base/message.h"
+#include "platform/common/view.h"
+#include "platform/gl/frame.h"
 #include "platform/sdl/window.h"
+#include "platform/sdl/window_manager.h"
 #include "platform/system.h"
 
 SDL_Window* window;
@@ -17,11 +20,20 @@ namespace {
 
 constexpr int gl_major = 3;
 constexpr int gl_minor = 3;
+constexpr Uint32 window_flags = SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
 
 SDL_GLContext context;
-int windowed_width;   // pixels
-int windowed_height;  // pixels
+view_size windowed_size;  // of the game's picture while the window is no fullscreen one
+view_size logical_size;   // of the game's picture now
+bool is_fullscreen;
 bool close_requested;
+
+[[noreturn]] void open_failed(const char* reason) {
+    message_write(
+        {"failed to open the display: ", {reason, static_cast<i64>(std::strlen(reason))}, "\n"});
+    system_release();
+    std::exit(EXIT_FAILURE);
+}
 
 // Without a display SDL falls back to a driver that draws where nobody can see it.
 bool driver_shows_windows() {
@@ -29,11 +41,24 @@ bool driver_shows_windows() {
     return driver != "offscreen" && driver != "dummy";
 }
 
-[[noreturn]] void open_failed(const char* reason) {
-    message_write(
-        {"failed to open the display: ", {reason, static_cast<i64>(std::strlen(reason))}, "\n"});
-    system_release();
-    std::exit(EXIT_FAILURE);
+// What the player sets in the environment counts more.
+void hints_set() {
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+    if (SDL_getenv("WAYLAND_DISPLAY") != nullptr) {
+        // Through X11 a dense display would show the window enlarged and blurred.
+        SDL_SetHint(SDL_HINT_VIDEODRIVER, "wayland,x11");
+    }
+}
+
+void video_start() {
+    hints_set();
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        open_failed(SDL_GetError());
+    }
+    if (!driver_shows_windows()) {
+        open_failed("no display");
+    }
 }
 
 void context_attributes(u32 options, u32 samples) {
@@ -50,19 +75,79 @@ void context_attributes(u32 options, u32 samples) {
     }
 }
 
+view_size fitted_into(view_size size, const SDL_Rect& room) {
+    bool fits = size.width <= room.w && size.height <= room.h;
+    return fits ? size : view_fitted(size, {room.w, room.h});
+}
+
+// Where a window's content may stand for all of it to be seen; the frame around the window is known
+// only after the window has been shown.
+SDL_Rect room_of(SDL_Window* shown) {
+    SDL_Rect room = {};
+    int top = 0;
+    int left = 0;
+    int bottom = 0;
+    int right = 0;
+    if (SDL_GetDisplayUsableBounds(shown != nullptr ? SDL_GetWindowDisplayIndex(shown) : 0,
+                                   &room) != 0) {
+        return {0, 0, windowed_size.width, windowed_size.height};
+    }
+    if (shown != nullptr) {
+        SDL_GetWindowBordersSize(shown, &top, &left, &bottom, &right);
+    }
+    return {room.x + left, room.y + top, room.w - left - right, room.h - top - bottom};
+}
+
+// Stands a window of the game's picture in the middle of a room, smaller where it has to be.
+void window_place(const SDL_Rect& room) {
+    view_size size = fitted_into(windowed_size, room);
+    SDL_SetWindowSize(window, size.width, size.height);
+    SDL_SetWindowPosition(window, room.x + (room.w - size.width) / 2,
+                          room.y + (room.h - size.height) / 2);
+}
+
+// Makes the window small enough for a small desktop.
+void window_fit() {
+    SDL_PumpEvents();
+    SDL_Rect room = room_of(window);
+    view_size size = {};
+    SDL_GetWindowSize(window, &size.width, &size.height);
+    if (size.width > room.w || size.height > room.h) {
+        window_place(room);
+    }
+}
+
+// What a window manager would do for a fullscreen window, and for one that is so no longer.
+void window_fill(bool whole_display) {
+    SDL_Rect room = {};
+    SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(window), &room);
+    if (whole_display) {
+        SDL_SetWindowSize(window, room.w, room.h);
+        SDL_SetWindowPosition(window, room.x, room.y);
+    } else {
+        window_place(room);
+    }
+}
+
+// The size of the display that the window stands on, in pixels of the screen.
+view_size display_size() {
+    SDL_DisplayMode mode = {};
+    SDL_GetDesktopDisplayMode(SDL_GetWindowDisplayIndex(window), &mode);
+    f64 density = window_density();
+    return {static_cast<i32>(mode.w * density), static_cast<i32>(mode.h * density)};
+}
+
 }  // namespace
 
 void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
-    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
-        open_failed(SDL_GetError());
-    }
-    if (!driver_shows_windows()) {
-        open_failed("no display");
-    }
+    video_start();
     context_attributes(options, samples);
+    windowed_size = logical_size = {width, height};
+    close_requested = false;
+    view_size size = fitted_into(windowed_size, room_of(nullptr));
     window =
         SDL_CreateWindow(std::string(title.begin(), title.end()).c_str(), SDL_WINDOWPOS_CENTERED,
-                         SDL_WINDOWPOS_CENTERED, width, height, SDL_WINDOW_OPENGL);
+                         SDL_WINDOWPOS_CENTERED, size.width, size.height, window_flags);
     if (window == nullptr) {
         open_failed(SDL_GetError());
     }
@@ -71,10 +156,31 @@ void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
         open_failed(SDL_GetError());
     }
     SDL_StopTextInput();  // keys come as keys, past any input method
-    windowed_width = width;
-    windowed_height = height;
-    close_requested = false;
+    window_fit();
+    window_changed();
+}
+
+f64 window_density() {
+    int points = 0;
+    int pixels = 0;
+    SDL_GetWindowSize(window, &points, nullptr);
+    SDL_GL_GetDrawableSize(window, &pixels, nullptr);
+    return points > 0 ? f64{1} * pixels / points : 1;
+}
+
+void window_changed() {
+    view_size size = {};
+    SDL_GL_GetDrawableSize(window, &size.width, &size.height);
+    view_set(logical_size, size);
     present_display_changed();
+    frame_ask();
+}
+
+bool window_can_be_seen() {
+    view_size size = {};
+    SDL_GL_GetDrawableSize(window, &size.width, &size.height);
+    return size.width > 0 && size.height > 0 &&
+           (SDL_GetWindowFlags(window) & (SDL_WINDOW_HIDDEN | SDL_WINDOW_MINIMIZED)) == 0;
 }
 
 void display_close_requested() {
@@ -86,18 +192,20 @@ bool display_is_closed() {
 }
 
 void display_set_fullscreen(bool fullscreen) {
-    SDL_SetWindowFullscreen(window, fullscreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
-    if (!fullscreen) {
-        SDL_SetWindowSize(window, windowed_width, windowed_height);
+    is_fullscreen = fullscreen;
+    logical_size = fullscreen ? view_fullscreen(display_size()) : windowed_size;
+    if (window_manager_runs(window)) {
+        SDL_SetWindowFullscreen(window, fullscreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
+    } else {
+        window_fill(fullscreen);
     }
-    present_display_changed();
+    window_changed();
 }
 
 void display_get_info(i32& width, i32& height) {
-    SDL_DisplayMode mode = {};
-    SDL_GetDesktopDisplayMode(SDL_GetWindowDisplayIndex(window), &mode);
-    width = mode.w;
-    height = mode.h;
+    view_size size = is_fullscreen ? logical_size : view_fullscreen(display_size());
+    width = size.width;
+    height = size.height;
 }
 
 void display_close() {

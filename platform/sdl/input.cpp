@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "platform/common/input_state.h"
+#include "platform/common/view.h"
 #include "platform/sdl/key_map.h"
 #include "platform/sdl/window.h"
 
@@ -33,11 +34,20 @@ bool key_event(const SDL_KeyboardEvent& event) {
     return !was_down;
 }
 
+// From the window's coordinates to those of the game's picture.
+void pointer_feed(int window_x, int window_y) {
+    f64 density = window_density();
+    f64 x = window_x * density;
+    f64 y = window_y * density;
+    view_point(x, y);
+    input_feed_pointer(x, y);
+}
+
 bool button_event(const SDL_MouseButtonEvent& event) {
     if (event.button != SDL_BUTTON_LEFT && event.button != SDL_BUTTON_RIGHT) {
         return false;
     }
-    input_feed_pointer(event.x, event.y);
+    pointer_feed(event.x, event.y);
     input_feed_button(event.button == SDL_BUTTON_LEFT ? mouse_left : mouse_right,
                       event.type == SDL_MOUSEBUTTONDOWN);
     return true;
@@ -52,9 +62,8 @@ void window_event(const SDL_WindowEvent& event) {
     if (event.event == SDL_WINDOWEVENT_FOCUS_LOST) {
         std::fill(std::begin(down_as), std::end(down_as), 0);
         input_feed_release_all();
-    } else if (event.event == SDL_WINDOWEVENT_DISPLAY_CHANGED) {
-        present_display_changed();
     }
+    window_changed();
 }
 
 // Whether an edge came of it.
@@ -73,7 +82,7 @@ bool event_apply(const SDL_Event& event) {
         case SDL_MOUSEBUTTONUP:
             return button_event(event.button);
         case SDL_MOUSEMOTION:
-            input_feed_pointer(event.motion.x, event.motion.y);
+            pointer_feed(event.motion.x, event.motion.y);
             input_feed_motion(event.motion.xrel, event.motion.yrel);
             return false;
         case SDL_MOUSEWHEEL:

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <thread>
 
+#include "platform/gl/frame.h"
 #include "platform/gpu.h"
 #include "platform/sdl/window.h"
 
@@ -45,6 +46,9 @@ void present_display_changed() {
 }
 
 void pipeline_present() {
-    SDL_GL_SwapWindow(window);
+    if (frame_is_drawn()) {
+        SDL_GL_SwapWindow(window);
+    }
+    frame_hold(!window_can_be_seen());
     wait_for_deadline();
 }

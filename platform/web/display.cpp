@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "base/message.h"
+#include "platform/common/view.h"
 #include "platform/web/canvas.h"
 
 namespace {
@@ -26,6 +27,7 @@ EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context_create() {
 
 void display_open(i32 width, i32 height, str, u32, u32) {
     emscripten_set_canvas_element_size(canvas_selector, width, height);
+    view_set({width, height}, {width, height});
     context = context_create();
     if (context <= 0 || emscripten_webgl_make_context_current(context) < 0) {
         message_write({"failed to open the display: no WebGL 2\n"});

@@ -42,7 +42,7 @@ wait_until() {
 display_start() {
     virtual_display_start "$screen_size"
     trap clean_up EXIT
-    dwm 2>/dev/null &
+    openbox &>/dev/null &
     pids+=($!)
     wait_until window_manager_runs
 }

@@ -31,7 +31,7 @@ game_ends_with 0
 
 say "closing the window quits"
 game_start 1024x832
-keys alt+shift+c
+keys alt+F4
 game_ends_with 0
 
 say "a signal to end quits"

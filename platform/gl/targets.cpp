@@ -1,0 +1,126 @@
+#include "platform/gl/targets.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <iterator>
+#include <vector>
+
+#include "base/message.h"
+#include "platform/gl/opengl.h"
+#include "platform/gl/state.h"
+#include "platform/system.h"
+
+namespace {
+
+struct target {
+    u32 texture;
+    u32 frame_buffer;
+    view_size logical;
+    view_size wanted;  // for the view that it was made for
+    view_size actual;  // smaller where the wanted size could not be had
+};
+
+std::vector<target> targets;
+
+f64 ratio(i32 part, i32 whole) {
+    return f64{1} * part / whole;
+}
+
+i32 scaled(i32 length, f64 factor) {
+    return static_cast<i32>(std::lround(length * factor));
+}
+
+view_box box_scaled(const view_box& box, f64 x_factor, f64 y_factor) {
+    return {scaled(box.x, x_factor), scaled(box.y, y_factor), scaled(box.width, x_factor),
+            scaled(box.height, y_factor)};
+}
+
+view_size wanted_size(view_size logical) {
+    return {std::max(scaled(logical.width, ratio(view.shown.width, view.logical.width)), 1),
+            std::max(scaled(logical.height, ratio(view.shown.height, view.logical.height)), 1)};
+}
+
+bool format_is_drawable(const target_format& format) {
+    GLuint texture = 0;
+    GLuint frame_buffer = 0;
+    glGenTextures(1, &texture);
+    state_texture(texture);
+    glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format.storage), 1, 1, 0, GL_RGBA,
+                 format.type, nullptr);
+    glGenFramebuffers(1, &frame_buffer);
+    state_frame_buffer(frame_buffer);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+    bool drawable = glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
+    state_frame_buffer(0);
+    state_texture(0);
+    glDeleteFramebuffers(1, &frame_buffer);
+    glDeleteTextures(1, &texture);
+    return drawable;
+}
+
+// The first of the formats, best first, that this GPU draws into.
+const target_format& format_choose() {
+    const target_format* last = std::prev(std::end(target_formats));
+    return *std::find_if(std::begin(target_formats), last, format_is_drawable);
+}
+
+bool storage_make(u32 texture, view_size size) {
+    static const target_format& format = format_choose();
+    state_texture(texture);
+    glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(format.storage), size.width, size.height, 0,
+                 GL_RGBA, format.type, nullptr);
+    return glGetError() == GL_NO_ERROR;
+}
+
+void storage_fit(target& to) {
+    to.actual = to.wanted = wanted_size(to.logical);
+    while (!storage_make(to.texture, to.actual)) {
+        if (to.actual.width == 1 && to.actual.height == 1) {
+            message_write({"failed to draw: the GPU has no memory for the picture\n"});
+            system_release();
+            std::exit(EXIT_FAILURE);
+        }
+        to.actual = {std::max(to.actual.width / 2, 1), std::max(to.actual.height / 2, 1)};
+    }
+}
+
+}  // namespace
+
+void target_make(u32 texture, view_size logical) {
+    target_forget(texture);
+    targets.push_back({texture, 0, logical, {}, {}});
+    storage_fit(targets.back());
+}
+
+void target_attach(u32 texture, u32 frame_buffer) {
+    for (target& one : targets) {
+        if (one.texture == texture) {
+            one.frame_buffer = frame_buffer;
+        }
+    }
+}
+
+void target_forget(u32 texture) {
+    std::erase_if(targets, [=](const target& one) { return one.texture == texture; });
+}
+
+void targets_fit() {
+    for (target& one : targets) {
+        if (one.wanted != wanted_size(one.logical)) {
+            storage_fit(one);
+        }
+    }
+}
+
+view_box target_box(u32 frame_buffer, const view_box& box) {
+    for (const target& one : targets) {
+        if (one.frame_buffer == frame_buffer) {
+            return box_scaled(box, ratio(one.actual.width, one.logical.width),
+                              ratio(one.actual.height, one.logical.height));
+        }
+    }
+    view_box placed = box_scaled(box, ratio(view.shown.width, view.logical.width),
+                                 ratio(view.shown.height, view.logical.height));
+    return {view.shown.x + placed.x, view.shown.y + placed.y, placed.width, placed.height};
+}
