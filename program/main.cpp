@@ -46,7 +46,8 @@ bool files_prepare(const command_line& command) {
     dyn_array<str> paths = import_paths(command);
     str directory = argument_text(command.directory);
     if (!player_files_enter(directory, shipped_data_find(), command.restore_maps)) {
-        std::fprintf(stderr, "quorrel: cannot play in the directory %s\n", command.directory);
+        std::fprintf(stderr, "quorrel: cannot play in the directory %s\n",
+                     directory.length > 0 ? command.directory : "of your files");
         return false;
     }
     return maps_import(paths, command.family);

@@ -63,7 +63,7 @@ bool file_update(str path, str content) {
     return file_write_all(path, content);
 }
 
-// Brings one catalogue up to the one that ships. The player's own is there once it was changed.
+// Brings one catalogue up to the one that ships.
 void catalogue_refresh(str path, str data, bool restore) {
     str record = path_join(shipped_record, str_after_last(path, '/'));
     str shipped, before, player;
@@ -71,13 +71,14 @@ void catalogue_refresh(str path, str data, bool restore) {
         return;
     }
     if (file_exists(path)) {
-        file_read_all(record, before);
-        if (!file_read_all(path, player) ||
-            !file_update(path, catalogue_merged(shipped, before, player, restore))) {
+        if (!file_read_all(path, player)) {
             return;
         }
+        file_read_all(record, before);
     }
-    file_update(record, shipped);
+    if (file_update(path, catalogue_merged(shipped, before, player, restore))) {
+        file_update(record, shipped);
+    }
 }
 
 }  // namespace

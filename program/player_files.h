@@ -3,10 +3,10 @@
 // Where a player's files are.
 //
 // A directory that holds `resources` is played in as it is. Everywhere else the game works in a
-// player's directory, which holds only what the player made: custom maps, and the catalogues that
-// were changed. All that is missing there is read from the data that ships. Its `.shipped` holds
-// the catalogues as they shipped at the last start, by which an entry that is new is told from one
-// that the player has removed; it also marks the directory as a player's.
+// player's directory, which holds only what is the player's: custom maps and the three catalogues.
+// All that is missing there is read from the data that ships. Its `.shipped` holds the catalogues
+// as they shipped at the last start, by which an entry that is new is told from one that the player
+// has removed; it also marks the directory as a player's.
 
 #include "base/str.h"
 

@@ -12,9 +12,12 @@
 #include "maps/file_text.h"
 #include "maps/model.h"
 #include "maps/reader.h"
+#include "platform/directory.h"
+#include "platform/file.h"
 #include "platform/headless/headless.h"
 #include "platform/system.h"
 #include "program/globals.h"
+#include "program/player_files.h"
 #include "render/camera.h"
 #include "render/font.h"
 #include "render/renderer.h"
@@ -29,9 +32,8 @@ constexpr const char* usage =
     "usage: quorrel_maps check FAMILY [--cyclic] FILE...\n"
     "       quorrel_maps play FAMILY FILE --seats STRENGTH,... [--games N] [--seed S]\n"
     "\n"
-    "FAMILY is state, pushdown or turing; STRENGTH is easy, normal or hard, one for each of 1 to "
-    "6\n"
-    "seats. Run it where the game runs, beside the directory resources.\n"
+    "FAMILY is state, pushdown or turing; STRENGTH is easy, normal or hard, one for each of 1 to\n"
+    "6 seats.\n"
     "\n"
     "check names, one line each, what is wrong or doubtful in the maps; it is silent about good\n"
     "ones. --cyclic says that state machines are meant to have cycles.\n"
@@ -92,6 +94,9 @@ void game_prepare() {
     headless_reset();
     globals_reset();
     arenas_create();
+    if (!directory_exists("resources")) {
+        file_set_fallback(shipped_data_find());
+    }
     system_init(system_all, key_repeat_off);
 }
 
@@ -138,7 +143,7 @@ int check_command(machine_kind_value family, const words& arguments) {
     }
     drawing_prepare();
     if (font.line_height == 0) {
-        std::fputs("quorrel_maps: no font, so labels cannot be checked: run it beside resources\n",
+        std::fputs("quorrel_maps: no font, so labels cannot be checked: resources are missing\n",
                    stderr);
         return not_understood;
     }
