@@ -12,3 +12,8 @@ constexpr i64 floor_modulo(i64 value, i64 count) {
     i64 remainder = value % count;
     return remainder < 0 ? remainder + count : remainder;
 }
+
+// The sum; the largest and the smallest number are neighbours.
+constexpr i64 wrapping_add(i64 value, i64 step) {
+    return static_cast<i64>(static_cast<u64>(value) + static_cast<u64>(step));
+}

@@ -56,7 +56,7 @@ i64 digits_end(const decimal_digits& number) {
 }
 
 // The decimal text of an integer, written from the end of `bytes`.
-str int_text(i64 value, char (&bytes)[int_digit_count + 1]) {
+str digits_write(i64 value, char (&bytes)[int_digit_count + 1]) {
     u64 rest = value < 0 ? 0 - static_cast<u64>(value) : static_cast<u64>(value);
     i64 first = sizeof bytes;
     do {
@@ -115,10 +115,16 @@ void text_builder_put_real(text_builder& builder, f64 value) {
 
 void text_builder_put_int(text_builder& builder, i64 value) {
     char bytes[int_digit_count + 1];
-    text_builder_put_str(builder, int_text(value, bytes));
+    text_builder_put_str(builder, digits_write(value, bytes));
 }
 
 void text_buffer_put_int(text_buffer& buffer, i64 value) {
     char bytes[int_digit_count + 1];
-    text_buffer_put_str(buffer, int_text(value, bytes));
+    text_buffer_put_str(buffer, digits_write(value, bytes));
+}
+
+str number_text(i64 value) {
+    text_builder text = text_builder_make(arena_frame);
+    text_builder_put_int(text, value);
+    return text_builder_text(text);
 }

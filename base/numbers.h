@@ -23,3 +23,5 @@ void text_builder_put_real(text_builder& builder, f64 value);
 void text_builder_put_int(text_builder& builder, i64 value);
 // Up to 20 bytes, at the cursor.
 void text_buffer_put_int(text_buffer& buffer, i64 value);
+// The number alone, in the frame arena.
+str number_text(i64 value);

@@ -2,6 +2,12 @@
 
 #include <algorithm>
 
+text_builder text_builder_make(arena_id id) {
+    text_builder builder = {};
+    builder.arena_id = id;
+    return builder;
+}
+
 void text_builder_put(text_builder& builder, char byte) {
     if (builder.capacity == 0) {
         builder.capacity = 1;

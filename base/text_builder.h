@@ -6,8 +6,7 @@
 #include "base/str.h"
 #include "base/types.h"
 
-// Grows as needed. A zeroed builder is empty and lives in the persistent arena; set `arena_id`
-// for another one.
+// Grows as needed. A zeroed builder is empty and lives in the persistent arena.
 struct text_builder {
     char* data;
     i64 length;           // bytes written: the highest cursor so far
@@ -16,6 +15,8 @@ struct text_builder {
     i64 cursor;           // where the next byte goes; below `length` it overwrites
 };
 
+// An empty one in the arena.
+text_builder text_builder_make(arena_id id);
 void text_builder_put(text_builder& builder, char byte);
 void text_builder_put_str(text_builder& builder, str text);
 // The bytes written so far; valid until the next put.

@@ -17,7 +17,6 @@
 #include "render/text.h"
 #include "render/view.h"
 #include "rules/check.h"
-#include "rules/game_state.h"
 #include "rules/screens.h"
 #include "rules/selection.h"
 
@@ -183,8 +182,8 @@ void editing_keys_apply(world_point cursor, const edit_buttons& clicked) {
 void editor_frame(const pointer& mouse) {
     world_point cursor = {grid_snap(mouse.world.x), grid_snap(mouse.world.y)};
     grid_cursor_draw(mouse, cursor);
-    text_draw_left("Press <f1> for help", render_target.width - 256, render_target.height - 32, 128,
-                   hint_tint);
+    text_draw_left("Press <f1> for help", render_target.width - 256, render_target.height - 32,
+                   text_small, hint_tint);
     if (machine_kind != state_machine) {
         deck_spinners_frame();
     }

@@ -1,10 +1,8 @@
 #include "editor/goal_editing.h"
 
 #include "base/arithmetic.h"
-#include "editor/spinner.h"
 #include "render/button.h"
 #include "render/goal_text.h"
-#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"
@@ -31,6 +29,10 @@ constexpr str measure_names[measure_count] = {
 };
 constexpr str comparison_names[comparison_count] = {"exactly", "at most", "at least"};
 
+u8 stepped_around(u8 value, i64 step, i64 count) {
+    return static_cast<u8>(floor_modulo(value + step, count));
+}
+
 // Brings the cursor into the range of the goals, of which there must be some.
 void goal_cursor_reduce() {
     goal_editing.goal_cursor = floor_modulo(goal_editing.goal_cursor, goals.count);
@@ -38,20 +40,16 @@ void goal_cursor_reduce() {
 
 // One row of the dialog: "<" is worth -1, ">" +1.
 i64 row_step_clicked(f64 y) {
-    f64 centre = render_target.width / 2.0;
-    i64 step = 0;
-    step -= spinner_down(centre - 256, y) ? 1 : 0;
-    step += spinner_up(centre + 256, y) ? 1 : 0;
-    return step;
+    return stepper_draw(render_target.width / 2.0, y, 256, 32);
 }
 
 void row_text_draw(str text, f64 y) {
-    text_draw_centred(text, render_target.width / 2.0, y, 256, colour_white);
+    label_draw(text, render_target.width / 2.0, y);
 }
 
 void card_step_apply(card& c, i64 step) {
-    c.colour = cyclic_step(c.colour, step, card_colour_count);
-    c.shape = cyclic_step(c.shape, step, card_shape_count);
+    c.colour = stepped_around(c.colour, step, card_colour_count);
+    c.shape = stepped_around(c.shape, step, card_shape_count);
     if (step != 0) {
         i64 number = c.number + step;
         c.number = static_cast<u8>(number < 1 ? 6 : number > 6 ? 1 : number);
@@ -61,15 +59,15 @@ void card_step_apply(card& c, i64 step) {
 void card_row_frame(card& c, f64 y) {
     card_step_apply(c, row_step_clicked(y));
     char symbol = card_symbol(c, measures[goal_editing.new_goal.measure].field);
-    text_draw({&symbol, 1}, render_target.width / 2.0, y, 256, colour_white, true, true, true);
+    text_draw_icons({&symbol, 1}, render_target.width / 2.0, y);
 }
 
 void dialog_rows_frame(f64 y) {
     goal& g = goal_editing.new_goal;
-    g.measure = cyclic_step(g.measure, row_step_clicked(y), measure_count);
+    g.measure = stepped_around(g.measure, row_step_clicked(y), measure_count);
     row_text_draw(measure_names[g.measure], y);
     y -= row_step;
-    g.comparison = cyclic_step(g.comparison, row_step_clicked(y), comparison_count);
+    g.comparison = stepped_around(g.comparison, row_step_clicked(y), comparison_count);
     row_text_draw(comparison_names[g.comparison], y);
     y -= row_step;
     g.target = wrapping_add(g.target, row_step_clicked(y));
@@ -100,15 +98,15 @@ void goal_row_frame() {
     f64 x = render_target.width / 2.0;
     f64 y = bottom_panel_height / 2 - 32;
     i64& cursor = goal_editing.goal_cursor;
-    text_draw_centred("goal", 160, y, 256, colour_white);
-    if (spinner_down(x - 280, y)) {
+    label_draw("goal", 160, y);
+    if (button_draw_less(x - 280, y, 32)) {
         cursor = wrapping_add(cursor, -1);
     }
     if (goals.count > 0) {
         goal_cursor_reduce();
         goal_draw(goals[cursor], x, y);
     }
-    if (spinner_up(x + 280, y)) {
+    if (button_draw_more(x + 280, y, 32)) {
         cursor = wrapping_add(cursor, 1);
     }
 }
@@ -116,7 +114,7 @@ void goal_row_frame() {
 void goal_dialog_frame() {
     f64 x = render_target.width / 2.0;
     f64 y = render_target.height / 2.0;
-    sprite_draw(texture_set.textures[texture_white], x - 320, y - 240, 640, 480, box_tint, true);
+    box_fill(box_around(x, y, 640, 480), box_tint);
     dialog_rows_frame(y + 176);
     if (button_draw("OK", x, y - 144, 128, 64)) {
         dyn_array_push(goals, goal_editing.new_goal);

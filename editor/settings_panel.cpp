@@ -2,9 +2,9 @@
 
 #include "base/arithmetic.h"
 #include "editor/goal_editing.h"
-#include "editor/spinner.h"
 #include "game/notices.h"
 #include "maps/model.h"
+#include "render/button.h"
 #include "render/renderer.h"
 #include "render/text.h"
 #include "render/view.h"
@@ -12,6 +12,7 @@
 namespace {
 
 constexpr f64 row_step = 32;
+constexpr f64 button_side = 32;
 
 struct deck_spinner {
     str label;
@@ -28,13 +29,13 @@ constexpr deck_spinner deck_spinners[] = {
 
 void deck_spinner_frame(const deck_spinner& spinner, f64 y) {
     i64& value = settings.*spinner.value;
-    text_draw_centred(spinner.label, 96, y, 256, colour_white);
-    if (spinner_down(160, y)) {
+    label_draw(spinner.label, 96, y);
+    if (button_draw_less(160, y, button_side)) {
         value = value <= 0 ? 0 : value - 1;
     }
     char digit = static_cast<char>('0' + static_cast<u8>(value));
-    text_draw_centred({&digit, 1}, 208, y, 256, colour_white);
-    if (spinner_up(256, y)) {
+    label_draw({&digit, 1}, 208, y);
+    if (button_draw_more(256, y, button_side)) {
         value = value >= spinner.maximum ? spinner.maximum : value + 1;
     }
 }
@@ -45,23 +46,23 @@ f64 row_centre() {
 }
 
 bool row_down(f64 y) {
-    return spinner_down(row_centre() - 280, y);
+    return button_draw_less(row_centre() - 280, y, button_side);
 }
 
 bool row_up(f64 y) {
-    return spinner_up(row_centre() + 280, y);
+    return button_draw_more(row_centre() + 280, y, button_side);
 }
 
 void win_row_frame(f64 y) {
-    text_draw_centred("win", 160, y, 256, colour_white);
+    label_draw("win", 160, y);
     i64 mode = static_cast<i8>(settings.win_mode) - (row_down(y) ? 1 : 0);
     mode = floor_modulo(mode, win_mode_count);
-    text_draw_centred(win_mode_label(mode), row_centre(), y, 256, colour_white);
+    label_draw(win_mode_label(mode), row_centre(), y);
     settings.win_mode = static_cast<u8>(mode + (row_up(y) ? 1 : 0));
 }
 
 void number_row_frame(str label, i64& value, f64 y) {
-    text_draw_centred(label, 160, y, 256, colour_white);
+    label_draw(label, 160, y);
     if (row_down(y)) {
         value = wrapping_add(value, -1);
     }

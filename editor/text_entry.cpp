@@ -2,7 +2,6 @@
 
 #include "platform/input.h"
 #include "render/button.h"
-#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"
@@ -122,10 +121,10 @@ str text_entry_text() {
 void text_entry_frame() {
     f64 x = render_target.width / 2.0;
     f64 y = render_target.height / 2.0;
-    sprite_draw(texture_set.textures[texture_white], x - 320, y - 240, 640, 480, box_tint, true);
-    text_draw_centred(text_entry.text_prompt, x, y + 64, 256, colour_white);
+    box_fill(box_around(x, y, 640, 480), box_tint);
+    label_draw(text_entry.text_prompt, x, y + 64);
     keys_type();
-    text_draw_centred(text_entry_text(), x, y - 64, 256, colour_white);
+    label_draw(text_entry_text(), x, y - 64);
     bool ok = button_draw("OK", x, y - 144, 128, 64);
     if (ok || input_key_is_pressed(key_enter)) {
         screens.text_entry_open = false;

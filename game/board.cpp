@@ -14,6 +14,7 @@
 namespace {
 
 constexpr f64 halo_size = 96;
+constexpr f64 nimber_drop = 32;  // world units below the state's centre
 constexpr colour selected_halo = {0.5f, 0, 0, 0.5f};
 constexpr colour target_halo = {0, 0, 1, 0.5f};
 constexpr colour hover_halo = {1, 1, 1, 0.3f};
@@ -59,22 +60,17 @@ void state_click_apply(u16 state) {
 }
 
 bool state_is_hovered(const pointer& mouse, world_point centre) {
-    f64 left = centre.x - state_size / 2;
-    f64 bottom = centre.y - state_size / 2;
-    return mouse.on_board && !screens.text_entry_open && left <= mouse.world.x &&
-           mouse.world.x < left + state_size && bottom <= mouse.world.y &&
-           mouse.world.y < bottom + state_size;
+    return mouse.on_board && !screens.text_entry_open &&
+           box_has(box_around(centre.x, centre.y, state_size, state_size), mouse.world.x,
+                   mouse.world.y);
 }
 
 void nimber_draw(i64 state, world_point centre) {
     if (!turn.show_nimbers || state >= game_map.nimber_count) {
         return;
     }
-    text_builder text = {};
-    text.arena_id = arena_frame;
-    text_builder_put_int(text, static_cast<i8>(game_map.nimbers[state]));
-    text_draw(text_builder_text(text), centre.x, centre.y - 32, 256, colour_white, false, false,
-              true);
+    text_draw(number_text(static_cast<i8>(game_map.nimbers[state])), centre.x,
+              centre.y - nimber_drop, text_normal, colour_white, world_space, text_centred);
 }
 
 void state_frame(i64 state, const pointer& mouse) {

@@ -42,9 +42,9 @@ void pips_draw(i64 count, f64 x, f64 y, f64 size) {
     f64 side = row.side * size;
     for (i64 i = 0; i < count; ++i) {
         pip_centre centre = row.centres[i];
-        quad_place(quad_model(x + size / 2 - side / 2 + centre.x * size,
-                              y + size / 2 - side / 2 + centre.y * size, side, side),
-                   true);
+        box place = {x + size / 2 - side / 2 + centre.x * size,
+                     y + size / 2 - side / 2 + centre.y * size, side, side};
+        quad_place(quad_model(place), screen_space);
         quad_draw();
     }
 }
@@ -54,9 +54,9 @@ void pips_draw(i64 count, f64 x, f64 y, f64 size) {
 void card_draw(const card& face, f64 x, f64 y, f64 size) {
     const colour& tint = colour_rgba(face.colour);
     quad_unit();
-    quad_place(quad_model(x, y, size, size), true);
+    quad_place(quad_model({x, y, size, size}), screen_space);
     quad_sampler();
-    quad_texture(texture_set.textures[texture_white]);
+    quad_picture(texture_white);
     quad_tint(background_tint(tint));
     quad_part(0, 0, 1, 1);
     quad_draw();
@@ -70,6 +70,5 @@ void card_draw(const card& face, f64 x, f64 y, f64 size) {
 
 void card_highlight_draw(f64 x, f64 y, const colour& tint) {
     f64 side = card_size + 2 * card_margin;
-    sprite_draw(texture_set.textures[texture_white], x - card_margin, y - card_margin, side, side,
-                tint, true);
+    box_fill({x - card_margin, y - card_margin, side, side}, tint);
 }

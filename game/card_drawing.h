@@ -2,9 +2,9 @@
 
 // Cards on the two bands, in window pixels; (x, y) is a card's lower-left corner.
 
+#include "base/colour.h"
 #include "base/types.h"
 #include "maps/card.h"
-#include "render/colour.h"
 
 inline constexpr f64 card_size = 128;
 inline constexpr f64 card_step = 144;   // from one card of a row to the next

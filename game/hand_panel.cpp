@@ -7,14 +7,12 @@
 #include "game/table_panel.h"
 #include "platform/input.h"
 #include "render/goal_text.h"
-#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"
 #include "render/view.h"
-#include "rules/cards.h"
+#include "rules/game_state.h"
 #include "rules/selection.h"
-#include "rules/turns.h"
 
 hand_scroll_record hand_row;
 
@@ -50,8 +48,8 @@ hand_layout hand_measure(i64 count) {
 }
 
 void hand_card_frame(i64 index, f64 x, const pointer& mouse) {
-    bool hovered =
-        machine_kind == pushdown_machine && pointer_in(mouse, x, hand_y, card_size, card_size);
+    bool hovered = machine_kind == pushdown_machine &&
+                   box_has({x, hand_y, card_size, card_size}, mouse.x, mouse.y);
     if (hovered && mouse.pressed) {
         selection.selected_card = selection.selected_card == index ? no_card : index;
     }
@@ -96,10 +94,8 @@ void scroll_bar_frame(const hand_layout& row, const pointer& mouse) {
     }
     f64 track = render_target.width - 2 * bar_margin;
     f64 fraction = track / row.full_width;
-    f64 thumb_width = fraction * track;
-    bool hovered = !hand_row.hand_scroll_dragging &&
-                   pointer_in(mouse, bar_margin + hand_row.hand_scroll * track, bar_y, thumb_width,
-                              bar_height);
+    box thumb = {bar_margin + hand_row.hand_scroll * track, bar_y, fraction * track, bar_height};
+    bool hovered = !hand_row.hand_scroll_dragging && box_has(thumb, mouse.x, mouse.y);
     drag_advance(mouse, track, hovered);
     if (mouse.y < bottom_panel_height) {
         hand_row.hand_scroll -= input_mouse_wheel() * wheel_step;
@@ -108,14 +104,13 @@ void scroll_bar_frame(const hand_layout& row, const pointer& mouse) {
     const colour& tint = hand_row.hand_scroll_dragging ? thumb_drag_tint
                          : hovered                     ? thumb_hover_tint
                                                        : thumb_tint;
-    sprite_draw(texture_set.textures[texture_white], bar_margin + hand_row.hand_scroll * track,
-                bar_y, thumb_width, bar_height, tint, true);
+    thumb.x = bar_margin + hand_row.hand_scroll * track;
+    box_fill(thumb, tint);
 }
 
 void card_count_draw(const player& seat, f64 x, f64 y) {
     i64 count = seat.hand.count;
-    text_builder text = {};
-    text.arena_id = arena_frame;
+    text_builder text = text_builder_make(arena_frame);
     text_builder_put_int(text, count);
     text_builder_put_str(text, " card");
     if (count != 1) {
@@ -124,7 +119,7 @@ void card_count_draw(const player& seat, f64 x, f64 y) {
     if (count < 2) {
         text_builder_put(text, '!');
     }
-    text_draw_centred(text_builder_text(text), x, y, 256, seat.colour);
+    label_draw(text_builder_text(text), x, y, seat.colour);
 }
 
 }  // namespace

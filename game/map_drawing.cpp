@@ -12,7 +12,6 @@ constexpr colour plain_tint = {0.08f, 0.08f, 0.15f, 1};
 
 constexpr f64 arrow_width = 4;
 constexpr f64 bend_offset = 8;
-constexpr f64 rule_size = 256;
 
 // The loop picture stands on the state's centre, its foot a little above it.
 constexpr f64 loop_width = 100;
@@ -22,15 +21,13 @@ constexpr f64 loop_foot = -1.5;
 void square_draw(texture_slot picture, const map_placement& place, world_point centre, f64 side,
                  const colour& tint) {
     f64 size = side * place.factor;
-    sprite_draw(texture_set.textures[picture], centre.x - size / 2, centre.y - size / 2, size, size,
-                tint, place.screen);
+    sprite_draw(picture, box_around(centre.x, centre.y, size, size), tint, place.space);
 }
 
 void loop_draw(const map_placement& place, world_point centre, i16 degrees, const colour& tint) {
     f64 f = place.factor;
-    sprite_draw_rotated(texture_set.textures[texture_self_arrow], centre.x, centre.y,
-                        loop_width * f, loop_height * f, degrees, loop_width / 2 * f, loop_foot * f,
-                        tint, place.screen);
+    sprite_draw_rotated(texture_self_arrow, centre.x, centre.y, loop_width * f, loop_height * f,
+                        degrees, loop_width / 2 * f, loop_foot * f, tint, place.space);
 }
 
 }  // namespace
@@ -48,11 +45,11 @@ void transition_draw(const map_placement& place, const transition& arc, const co
         loop_draw(place, from, arc.bend, tint);
     } else if (from.x != to.x || from.y != to.y) {
         arrow_draw(from.x, from.y, to.x, to.y, arrow_width * f, arc.bend * bend_offset * f, tint,
-                   place.screen);
+                   place.space);
     }
     text_draw(arc.rule, (from.x + to.x) / 2 + f64{arc.label_dx} * f,
-              (from.y + to.y) / 2 + f64{arc.label_dy} * f, rule_size * f, colour_white,
-              place.screen, true, true);
+              (from.y + to.y) / 2 + f64{arc.label_dy} * f, text_normal * f, colour_white,
+              place.space, text_icons);
 }
 
 void disc_draw(const map_placement& place, world_point centre, f64 side, const colour& tint) {

@@ -2,9 +2,10 @@
 
 // The parts of a map, drawn alike on the board and in the map list's preview.
 
+#include "base/colour.h"
 #include "base/types.h"
 #include "maps/model.h"
-#include "render/colour.h"
+#include "render/view.h"
 
 // Where and how large a map is drawn: the world point (0, 0) lands on (x, y) and lengths are
 // multiplied by `factor`.
@@ -12,10 +13,10 @@ struct map_placement {
     f64 x;
     f64 y;
     f64 factor;
-    bool screen;  // window pixels; else world units through the camera
+    draw_space space;
 };
 
-inline constexpr map_placement on_board = {0, 0, 1, false};
+inline constexpr map_placement on_board = {0, 0, 1, world_space};
 
 inline constexpr f64 state_size = 64;  // world units, side of a state's disc and of its box
 inline constexpr f64 stone_size = 48;

@@ -27,20 +27,20 @@ constexpr colour box_tint = {0, 0, 0, 0.9f};
 void notice_draw(str title, str hint, f64 hint_drop, const colour& tint) {
     f64 x = render_target.width / 2.0;
     f64 y = render_target.height / 2.0;
-    sprite_draw(texture_set.textures[texture_white], x - 400, y - 300, 800, 600, box_tint, true);
-    text_draw_centred(title, x, y, 512, tint);
-    text_draw_centred(hint, x, y - hint_drop, 256, tint);
+    box_fill(box_around(x, y, 800, 600), box_tint);
+    text_draw(title, x, y, text_large, tint, screen_space, text_centred);
+    label_draw(hint, x, y - hint_drop, tint);
 }
 
 }  // namespace
 
 void status_lines_draw() {
     f64 height = render_target.height;
-    text_draw_left(family_labels[machine_kind], 16, height - 48, 256, status_tint);
-    text_draw_left(win_mode_label(settings.win_mode), 16, height - 80, 256, status_tint);
+    text_draw_left(family_labels[machine_kind], 16, height - 48, text_normal, status_tint);
+    text_draw_left(win_mode_label(settings.win_mode), 16, height - 80, text_normal, status_tint);
     const colour& tint = current_seat().colour;
-    text_draw_left("turn: ", 16, height - 112, 256, tint);
-    sprite_draw(texture_set.textures[texture_player], 96, height - 112, 32, 32, tint, true);
+    text_draw_left("turn: ", 16, height - 112, text_normal, tint);
+    sprite_draw(texture_player, {96, height - 112, 32, 32}, tint);
 }
 
 void turn_cover_draw() {

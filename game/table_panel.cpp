@@ -17,10 +17,13 @@ void pile_place(card_pile& pile, f64 x) {
     pile.size = card_size;
 }
 
+box place_of(const card_pile& pile) {
+    return {pile.x, pile.y, pile.size, pile.size};
+}
+
 void piles_draw() {
     if (deck.cards.count > 0) {
-        sprite_draw(texture_set.textures[texture_gradient1], deck.x, deck.y, deck.size, deck.size,
-                    colour_white, true);
+        sprite_draw(texture_gradient1, place_of(deck), colour_white);
     }
     if (discard_pile.cards.count > 0) {
         card_draw(card_array_top(discard_pile.cards), discard_pile.x, discard_pile.y,
@@ -59,7 +62,7 @@ void table_draw() {
 
 void deck_frame(const pointer& mouse) {
     bool drawable = machine_kind == pushdown_machine && deck.cards.count > 0 && !turn.card_drawn;
-    if (!drawable || !pointer_in(mouse, deck.x, deck.y, deck.size, deck.size)) {
+    if (!drawable || !box_has(place_of(deck), mouse.x, mouse.y)) {
         return;
     }
     if (mouse.pressed) {
@@ -74,9 +77,9 @@ void end_turn_frame(const pointer& mouse) {
     }
     f64 x = render_target.width - card_step;
     f64 y = render_target.height - card_step;
-    sprite_draw(texture_set.textures[texture_next_turn], x, y, card_size, card_size,
-                current_seat().colour, true);
-    if (deck.cards.count == 0 || !pointer_in(mouse, x, y, deck.size, deck.size)) {
+    box sign = {x, y, card_size, card_size};
+    sprite_draw(texture_next_turn, sign, current_seat().colour);
+    if (deck.cards.count == 0 || !box_has(sign, mouse.x, mouse.y)) {
         return;
     }
     if (mouse.pressed) {

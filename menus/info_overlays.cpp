@@ -2,7 +2,6 @@
 
 #include "base/arena.h"
 #include "base/numbers.h"
-#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/text.h"
@@ -40,17 +39,15 @@ static_assert(help_text.length == 473);
 }  // namespace
 
 void help_overlay_draw() {
-    f64 left = render_target.width / 2.0 - help_side / 2;
-    f64 bottom = render_target.height / 2.0 - help_side / 2;
-    sprite_draw(texture_set.textures[texture_white], left, bottom, help_side, help_side, help_tint,
-                true);
-    text_draw_left(help_text, left + 32, bottom + help_side - 48, 256, colour_white);
+    box page =
+        box_around(render_target.width / 2.0, render_target.height / 2.0, help_side, help_side);
+    box_fill(page, help_tint);
+    text_draw_left(help_text, page.x + 32, page.y + help_side - 48, text_normal, colour_white);
 }
 
 void memory_report_draw() {
     const arena& memory = arenas[arena_persistent];
-    text_builder text = {};
-    text.arena_id = arena_frame;
+    text_builder text = text_builder_make(arena_frame);
     text_builder_put_str(text, "memory used: ");
     text_builder_put_int(text, memory.offset >> 10);
     text_builder_put_str(text, " / ");
@@ -59,5 +56,5 @@ void memory_report_draw() {
     text_builder_put_real(
         text, static_cast<f64>(memory.offset) / static_cast<f64>(memory.capacity) * 100);
     text_builder_put_str(text, "%)");
-    text_draw_left(text_builder_text(text), 16, 16, 128, report_tint);
+    text_draw_left(text_builder_text(text), 16, 16, text_small, report_tint);
 }

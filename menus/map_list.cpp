@@ -8,6 +8,7 @@
 #include "maps/reader.h"
 #include "menus/menu_panel.h"
 #include "render/button.h"
+#include "render/text.h"
 #include "rules/deal.h"
 #include "rules/screens.h"
 #include "rules/selection.h"
@@ -20,16 +21,13 @@ constexpr f64 preview_height = 320;
 
 void map_choose(menu_centre centre) {
     f64 y = centre.y + half_height - 96;
-    bool back = button_draw("<", centre.x - 160, y, 64, 64);
-    bool forth = button_draw(">", centre.x + 160, y, 64, 64);
-    if (back || forth) {
-        i64 wanted = selected_entry + (forth ? 1 : 0) - (back ? 1 : 0);
-        selected_entry = std::clamp(wanted, i64{0}, catalogue_count() - 1);
+    if (i64 step = menu_stepper(centre.x, y, 160)) {
+        selected_entry = std::clamp(selected_entry + step, i64{0}, catalogue_count() - 1);
         map_load(catalogue_selected()->path);
     }
-    menu_text_draw("Map", centre.x, centre.y + half_height - 48);
+    label_draw("Map", centre.x, centre.y + half_height - 48);
     if (const catalogue_entry* entry = catalogue_selected()) {
-        menu_text_draw(entry->name, centre.x, y);
+        label_draw(entry->name, centre.x, y);
     }
 }
 
@@ -61,7 +59,7 @@ void preview_stones_draw(const map_placement& place) {
 }
 
 void preview_draw(menu_centre centre) {
-    map_placement place = {centre.x, centre.y, preview_factor(), true};
+    map_placement place = {centre.x, centre.y, preview_factor(), screen_space};
     for (const transition& arc : game_map.transitions) {
         if (transition_exists(arc)) {
             transition_draw(place, arc, transition_tint);

@@ -1,10 +1,8 @@
 #include "menus/menu_panel.h"
 
 #include "render/button.h"
-#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
-#include "render/text.h"
 
 namespace {
 
@@ -17,17 +15,9 @@ menu_centre menu_centre_find() {
 }
 
 void menu_panel_draw(menu_centre centre, f64 half_height) {
-    sprite_draw(texture_set.textures[texture_white], centre.x - 400, centre.y - half_height, 800,
-                2 * half_height, panel_tint, true);
-}
-
-void menu_text_draw(str text, f64 x, f64 y) {
-    text_draw_centred(text, x, y, 256, colour_white);
+    box_fill({centre.x - 400, centre.y - half_height, 800, 2 * half_height}, panel_tint);
 }
 
 i64 menu_stepper(f64 x, f64 y, f64 reach) {
-    i64 step = 0;
-    step -= button_draw("<", x - reach, y, 64, 64) ? 1 : 0;
-    step += button_draw(">", x + reach, y, 64, 64) ? 1 : 0;
-    return step;
+    return stepper_draw(x, y, reach, 64);
 }

@@ -8,6 +8,7 @@
 #include "render/button.h"
 #include "render/pictures.h"
 #include "render/sprites.h"
+#include "render/text.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
 
@@ -49,7 +50,7 @@ void seats_adjust() {
 void strength_choose(player& seat, menu_centre centre, f64 y) {
     i64 strength = static_cast<i64>(seat.strength) + menu_stepper(centre.x + 160, y, 96);
     seat.strength = static_cast<u64>(std::clamp(strength, i64{0}, i64{strength_count} - 1));
-    menu_text_draw(strength_names[seat.strength], centre.x + 160, y);
+    label_draw(strength_names[seat.strength], centre.x + 160, y);
 }
 
 void seat_row_frame(player& seat, menu_centre centre, f64 y) {
@@ -59,8 +60,7 @@ void seat_row_frame(player& seat, menu_centre centre, f64 y) {
     }
     i64 colour_index = seat.colour_index + menu_stepper(centre.x - 96, y, 64);
     seat_colour_set(seat, floor_modulo(colour_index, seat_colour_count));
-    sprite_draw(texture_set.textures[texture_player], centre.x - 128, y - 32, 64, 64, seat.colour,
-                true);
+    sprite_draw(texture_player, {centre.x - 128, y - 32, 64, 64}, seat.colour);
     if (seat.is_computer) {
         strength_choose(seat, centre, y);
     }
@@ -82,9 +82,8 @@ void player_setup_frame() {
     player_count =
         std::clamp(player_count + menu_stepper(centre.x, count_y, 160), i64{1}, player_limit);
     seats_adjust();
-    menu_text_draw("Number of players", centre.x, centre.y + half_height - 48);
-    char digit = static_cast<char>('0' + player_count);
-    menu_text_draw({&digit, 1}, centre.x, count_y);
+    label_draw("Number of players", centre.x, centre.y + half_height - 48);
+    number_draw(player_count, centre.x, count_y);
     for (i64 i = 0; i < players.count; ++i) {
         seat_row_frame(players[i], centre,
                        centre.y + half_height - 192 - row_step * static_cast<f64>(i));

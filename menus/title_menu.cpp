@@ -9,6 +9,7 @@
 #include "render/button.h"
 #include "render/pictures.h"
 #include "render/sprites.h"
+#include "render/text.h"
 #include "rules/cards.h"
 #include "rules/screens.h"
 
@@ -23,16 +24,16 @@ constexpr str family_names[machine_kind_count] = {"State", "Pushdown", "Turing"}
 void family_choose(menu_centre centre) {
     f64 y = centre.y + half_height - 96;
     machine_kind = floor_modulo(machine_kind + menu_stepper(centre.x, y, 160), machine_kind_count);
-    menu_text_draw("Game Mode", centre.x, centre.y + half_height - 48);
-    menu_text_draw(family_names[machine_kind], centre.x, y);
+    label_draw("Game Mode", centre.x, centre.y + half_height - 48);
+    label_draw(family_names[machine_kind], centre.x, y);
 }
 
 void picture_draw(menu_centre centre) {
     title_picture_angle += frame_dt * picture_turn;
     f64 width = 512 + 15 * math_sin(title_picture_angle);
     f64 height = 512 + 15 * math_cos(title_picture_angle);
-    sprite_draw(texture_set.textures[texture_state_machine + machine_kind], centre.x - width / 2,
-                centre.y - 16 - height / 2, width, height, colour_white, true);
+    auto picture = static_cast<texture_slot>(texture_state_machine + machine_kind);
+    sprite_draw(picture, box_around(centre.x, centre.y - 16, width, height), colour_white);
 }
 
 void play_open() {

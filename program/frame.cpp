@@ -94,10 +94,7 @@ void screen_frame() {
 }
 
 void gpu_error_stop(u32 code) {
-    text_builder text = {};
-    text.arena_id = arena_frame;
-    text_builder_put_int(text, code);
-    message_write({"gl error: ", text_builder_text(text), "\n"});
+    message_write({"gl error: ", number_text(code), "\n"});
     std::exit(0);
 }
 

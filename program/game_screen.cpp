@@ -6,7 +6,6 @@
 #include "game/notices.h"
 #include "game/table_panel.h"
 #include "maps/model.h"
-#include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/view.h"
@@ -18,8 +17,7 @@ namespace {
 constexpr colour band_tint = {0, 0, 0, 0.75f};
 
 void band_draw(f64 y, f64 height) {
-    sprite_draw(texture_set.textures[texture_white], 0, y, render_target.width, height, band_tint,
-                true);
+    box_fill({0, y, static_cast<f64>(render_target.width), height}, band_tint);
 }
 
 void play_overlays_frame(const pointer& mouse) {

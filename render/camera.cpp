@@ -16,14 +16,6 @@ constexpr f64 zoom_max = 4;
 constexpr f64 zoom_speed = 0.5;        // per second of a held key
 constexpr f64 zoom_wheel_step = 0.25;  // per step of the wheel
 
-mat4 translation(f64 x, f64 y) {
-    return mat4_translation(static_cast<f32>(x), static_cast<f32>(y));
-}
-
-mat4 scale(f64 factor) {
-    return mat4_scale(static_cast<f32>(factor), static_cast<f32>(factor));
-}
-
 // Pixels from the bottom-left corner to clip space, -1 to 1 on both axes.
 mat4 projection(f64 width, f64 height) {
     mat4 p = {};
@@ -71,9 +63,10 @@ void camera_matrices_build(i32 width, i32 height) {
     f64 centre_x = width / 2.0;
     f64 centre_y = height / 2.0;
     screen_matrix = projection(width, height);
-    world_matrix = screen_matrix * translation(centre_x, centre_y) * scale(camera.zoom) *
-                   translation(-camera.x, -camera.y);
-    inverse_view_matrix = translation(camera.x, camera.y) * scale(1 / camera.zoom) *
+    world_matrix = screen_matrix * translation(centre_x, centre_y) *
+                   scaling(camera.zoom, camera.zoom) * translation(-camera.x, -camera.y);
+    inverse_view_matrix = translation(camera.x, camera.y) *
+                          scaling(1 / camera.zoom, 1 / camera.zoom) *
                           translation(-centre_x, -centre_y);
 }
 

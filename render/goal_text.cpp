@@ -53,5 +53,5 @@ void goal_draw(const goal& g, f64 x, f64 y) {
     char bytes[goal_text_capacity];
     text_buffer goal_text = {bytes, goal_text_capacity, 0, 0};
     goal_text_put(goal_text, g);
-    text_draw(text_buffer_text(goal_text), x, y, 256, colour_white, true, true, true);
+    text_draw_icons(text_buffer_text(goal_text), x, y);
 }

@@ -24,4 +24,15 @@ inline mat4 operator*(const mat4& a, const mat4& b) {
     return product;
 }
 
+// The same from lengths and angles as drawing keeps them, which are narrowed here.
+inline mat4 translation(f64 x, f64 y) {
+    return mat4_translation(static_cast<f32>(x), static_cast<f32>(y));
+}
+inline mat4 scaling(f64 sx, f64 sy) {
+    return mat4_scale(static_cast<f32>(sx), static_cast<f32>(sy));
+}
+inline mat4 rotation(f64 angle) {
+    return mat4_rotation(static_cast<f32>(angle));
+}
+
 inline constexpr f64 radians_per_degree = 0.017453292519943295;

@@ -1,13 +1,12 @@
 #include "render/quad.h"
 
-#include "platform/gpu.h"
-#include "render/camera.h"
-#include "render/renderer.h"
-#include "render/view.h"
+#include <cassert>
 
-mat4 quad_model(f64 x, f64 y, f64 width, f64 height) {
-    return mat4_translation(static_cast<f32>(x), static_cast<f32>(y)) *
-           mat4_scale(static_cast<f32>(width), static_cast<f32>(height));
+#include "platform/gpu.h"
+#include "render/renderer.h"
+
+mat4 quad_model(const box& place) {
+    return translation(place.x, place.y) * scaling(place.width, place.height);
 }
 
 void quad_unit() {
@@ -16,6 +15,11 @@ void quad_unit() {
 
 void quad_texture(u32 texture) {
     texture_bind(texture_2d, texture);
+}
+
+void quad_picture(texture_slot picture) {
+    assert(picture < texture_slot_count);
+    quad_texture(texture_set.textures[picture]);
 }
 
 void quad_sampler() {
@@ -33,8 +37,8 @@ void quad_part(f64 u, f64 v, f64 width, f64 height) {
     shader_uniform4f(simple_shader.uv_rect, values);
 }
 
-void quad_place(const mat4& model, bool screen) {
-    mat4 mvp = (screen ? screen_matrix : world_matrix) * model;
+void quad_place(const mat4& model, draw_space space) {
+    mat4 mvp = (space == screen_space ? screen_matrix : world_matrix) * model;
     shader_uniform_matrix4fa(simple_shader.mvp, 1, false, mvp.at);
 }
 

@@ -1,9 +1,13 @@
 #include "render/text.h"
 
+#include "base/numbers.h"
 #include "maps/card.h"
 #include "render/font.h"
 #include "render/pictures.h"
 #include "render/quad.h"
+
+// A pen walks over the text and draws one quad per visible character. A text that is centred is
+// walked once before, to measure it; the first line then starts half of that to the left.
 
 namespace {
 
@@ -15,7 +19,7 @@ struct text_style {
     f64 y;
     f64 size;
     const colour& tint;
-    bool screen;
+    draw_space space;
     bool icons;
 };
 
@@ -30,9 +34,43 @@ void pen_move(text_pen& pen, f64 dx, f64 dy) {
     pen.y = static_cast<f32>(pen.y + dy);
 }
 
+// What is drawn for one character. Lengths are of the text's size times `scale`.
+struct glyph_look {
+    f64 u;
+    f64 v;
+    f64 width;
+    f64 height;
+    f64 advance;
+    f64 scale;
+    colour tint;
+};
+
 glyph_look letter_look(char c, const colour& tint) {
     const glyph& g = font.glyphs[static_cast<u8>(c)];
     return {g.u, g.v, g.width, g.height, g.advance, 1, tint};
+}
+
+// The texture that shows `character` in a text with icons. For an icon's letter it changes `look`,
+// the tint only for the colour dots; for any other character it changes nothing.
+u32 glyph_icon(char character, glyph_look& look) {
+    i64 slot = 0;
+    colour tint = look.tint;
+    card_property property = {card_field_count, 0};
+    card_property_read(character, property);
+    if (property.field == field_colour) {
+        slot = texture_circle;
+        tint = colour_rgba(property.value);
+    } else if (property.field == field_shape) {
+        slot = texture_circle + property.value;
+    } else if (character == 'T') {
+        slot = texture_eye;
+    } else if (character == '~') {
+        slot = texture_similarity;
+    } else {
+        return font.texture;
+    }
+    look = {0, 0, 1, 1, 1, icon_scale, tint};
+    return texture_set.textures[slot];
 }
 
 f64 advance_of(const glyph_look& look, f64 size) {
@@ -71,8 +109,8 @@ void character_draw(char c, bool escaped, const text_style& style, text_pen& pen
         quad_tint(look.tint);
     }
     f64 unit = style.size * look.scale;
-    quad_place(quad_model(style.x + pen.x, style.y - pen.y, unit * look.width, unit * look.height),
-               style.screen);
+    box place = {style.x + pen.x, style.y - pen.y, unit * look.width, unit * look.height};
+    quad_place(quad_model(place), style.space);
     quad_part(look.u, look.v, look.width, look.height);
     quad_draw();
     pen_move(pen, advance_of(look, style.size), 0);
@@ -99,36 +137,32 @@ void characters_draw(str text, const text_style& style, text_pen pen) {
 
 }  // namespace
 
-void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, bool screen, bool icons,
-               bool centred) {
+void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, draw_space space,
+               text_layout layout) {
     quad_unit();
     quad_texture(font.texture);
     quad_sampler();
     quad_tint(tint);
     text_pen pen = {};
-    if (icons || centred) {
+    bool icons = layout == text_icons;
+    if (layout != text_left) {
         pen_move(pen, -text_width(text, size, icons) / 2, text_height(text, size) / 2);
     }
-    characters_draw(text, {x, y, size, tint, screen, icons}, pen);
+    characters_draw(text, {x, y, size, tint, space, icons}, pen);
 }
 
-u32 glyph_icon(char character, glyph_look& look) {
-    i64 slot = 0;
-    colour tint = look.tint;
-    card_property property = {card_field_count, 0};
-    card_property_read(character, property);
-    if (property.field == field_colour) {
-        slot = texture_circle;
-        tint = colour_rgba(property.value);
-    } else if (property.field == field_shape) {
-        slot = texture_circle + property.value;
-    } else if (character == 'T') {
-        slot = texture_eye;
-    } else if (character == '~') {
-        slot = texture_similarity;
-    } else {
-        return font.texture;
-    }
-    look = {0, 0, 1, 1, 1, icon_scale, tint};
-    return texture_set.textures[slot];
+void text_draw_left(str text, f64 x, f64 y, f64 size, const colour& tint) {
+    text_draw(text, x, y, size, tint, screen_space, text_left);
+}
+
+void text_draw_icons(str text, f64 x, f64 y) {
+    text_draw(text, x, y, text_normal, colour_white, screen_space, text_icons);
+}
+
+void label_draw(str text, f64 x, f64 y, const colour& tint) {
+    text_draw(text, x, y, text_normal, tint, screen_space, text_centred);
+}
+
+void number_draw(i64 value, f64 x, f64 y) {
+    label_draw(number_text(value), x, y);
 }

@@ -1,41 +1,37 @@
 #pragma once
 
-// Drawing text, between `render_frame_begin` and `render_frame_end`. Lengths and positions are
-// window pixels (screen) or world units. Most texts have size 256.
-//
-// With icons, some characters are square pictures, an eighth of the size wide: A to F the six card
-// colours as dots of their own colour, a to f the six card shapes, T an eye and ~ the similarity
-// sign, these in the text's colour. A '%' is not drawn and makes the next character an ordinary
-// one.
+// Drawing text, between `render_frame_begin` and `render_frame_end`.
 
+#include "base/colour.h"
 #include "base/str.h"
 #include "base/types.h"
-#include "render/colour.h"
+#include "render/view.h"
 
-// Left-aligned from (x, y), lower-left corner of the first character; with `centred` or `icons`
-// the whole text is centred on (x, y). Each "\n" starts a new line below, at x.
-void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, bool screen, bool icons,
-               bool centred);
+// Sizes in window pixels or world units; most texts are normal ones.
+inline constexpr f64 text_small = 128;
+inline constexpr f64 text_normal = 256;
+inline constexpr f64 text_large = 512;
 
-// Ordinary texts of the screen.
-inline void text_draw_centred(str text, f64 x, f64 y, f64 size, const colour& tint) {
-    text_draw(text, x, y, size, tint, true, false, true);
-}
-inline void text_draw_left(str text, f64 x, f64 y, f64 size, const colour& tint) {
-    text_draw(text, x, y, size, tint, true, false, false);
-}
-
-// What is drawn for one character. Lengths are of the text's size times `scale`.
-struct glyph_look {
-    f64 u;
-    f64 v;
-    f64 width;
-    f64 height;
-    f64 advance;
-    f64 scale;
-    colour tint;
+// How a text lies about its point (x, y).
+//
+// In a text with icons some characters are square pictures, an eighth of the size wide: A to F the
+// six card colours as dots of their own colour, a to f the six card shapes, T an eye and ~ the
+// similarity sign, these in the text's colour. A '%' is not drawn and makes the next character an
+// ordinary one.
+enum text_layout : u8 {
+    text_left = 0,  // the lower-left corner of the first character is on the point
+    text_centred,   // the whole text is around the point
+    text_icons,     // centred, with icons
 };
 
-// The texture that shows `character` in a text with icons. For an icon's letter it changes `look`,
-// the tint only for the colour dots; for any other character it changes nothing.
-u32 glyph_icon(char character, glyph_look& look);
+// Each "\n" starts a new line below, at x.
+void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, draw_space space,
+               text_layout layout);
+
+// Texts of the window.
+void text_draw_left(str text, f64 x, f64 y, f64 size, const colour& tint);
+void text_draw_icons(str text, f64 x, f64 y);  // of normal size, white
+
+// Labels are texts of the window of normal size, centred.
+void label_draw(str text, f64 x, f64 y, const colour& tint = colour_white);
+void number_draw(i64 value, f64 x, f64 y);  // white

@@ -7,6 +7,14 @@ mat4 screen_matrix;
 mat4 world_matrix;
 mat4 inverse_view_matrix;
 
+box box_around(f64 centre_x, f64 centre_y, f64 width, f64 height) {
+    return {centre_x - width / 2, centre_y - height / 2, width, height};
+}
+
+bool box_has(const box& place, f64 x, f64 y) {
+    return place.x <= x && x < place.x + place.width && place.y <= y && y < place.y + place.height;
+}
+
 world_point view_world_point(f64 pixel_x, f64 pixel_y) {
     const f32* m = inverse_view_matrix.at;
     return {m[0] * pixel_x + m[4] * pixel_y + m[12], m[1] * pixel_x + m[5] * pixel_y + m[13]};
@@ -22,8 +30,4 @@ pointer pointer_read() {
         bottom_panel_height < mouse.y && mouse.y < render_target.height - top_panel_height;
     mouse.pressed = input_mouse_is_pressed(mouse_left);
     return mouse;
-}
-
-bool pointer_in(const pointer& mouse, f64 x, f64 y, f64 width, f64 height) {
-    return x <= mouse.x && mouse.x < x + width && y <= mouse.y && mouse.y < y + height;
 }

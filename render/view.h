@@ -9,11 +9,27 @@
 #include "maps/model.h"
 #include "render/matrix.h"
 
+// What the lengths and places of a drawing call are measured in.
+enum draw_space : u8 { world_space = 0, screen_space };
+
+// An upright rectangle by its lower-left corner.
+struct box {
+    f64 x;
+    f64 y;
+    f64 width;
+    f64 height;
+};
+
+box box_around(f64 centre_x, f64 centre_y, f64 width, f64 height);
+
+// The one hit test: left and bottom edges belong to the box, right and top edges do not.
+bool box_has(const box& place, f64 x, f64 y);
+
 // The two bands that lie over the board, in window pixels.
 inline constexpr f64 top_panel_height = 160;
 inline constexpr f64 bottom_panel_height = 176;
 
-// Built once per frame, before that frame's camera input; read by everything that draws.
+// Built by the camera once per frame, before that frame's camera input; read by all that draws.
 extern mat4 screen_matrix;        // window pixels to clip space
 extern mat4 world_matrix;         // world units to clip space
 extern mat4 inverse_view_matrix;  // window pixels to world units
@@ -22,8 +38,8 @@ extern mat4 inverse_view_matrix;  // window pixels to world units
 world_point view_world_point(f64 pixel_x, f64 pixel_y);
 
 struct pointer {
-    f64 x;  // window pixels from the left edge
-    f64 y;  // window pixels from the bottom edge
+    f64 x;  // window pixels
+    f64 y;
     world_point world;
     bool on_board;  // strictly between the two bands: only there states can be hovered and clicked
     bool pressed;   // the left button went down in this frame
@@ -31,7 +47,3 @@ struct pointer {
 
 // Read from this frame's input and matrices.
 pointer pointer_read();
-
-// Whether the pointer is in a window rectangle; left and bottom edges belong to it, right and top
-// edges do not.
-bool pointer_in(const pointer& mouse, f64 x, f64 y, f64 width, f64 height);

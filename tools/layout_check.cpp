@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/colour.h"
 #include "game/map_drawing.h"
 #include "maps/model.h"
 #include "platform/headless/headless.h"
-#include "render/colour.h"
 #include "render/renderer.h"
 #include "render/view.h"
 #include "tools/shapes.h"

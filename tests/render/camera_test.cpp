@@ -62,7 +62,7 @@ TEST_F(camera_test, a_held_reset_key_counts_once) {
 TEST_F(camera_test, the_view_and_its_inverse_agree) {
     camera = {100, 50, 2, 256};
     camera_matrices_build(1024, 832);
-    sprite_draw(1, 150, 75, 1, 1, colour_white, false);
+    sprite_draw(texture_white, {150, 75, 1, 1}, colour_white, world_space);
     point window = window_point_of(headless_draws().at(0), 0, 0);
     EXPECT_NEAR(window.x, 612, 1e-3);
     EXPECT_NEAR(window.y, 466, 1e-3);

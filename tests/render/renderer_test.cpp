@@ -95,7 +95,7 @@ TEST_F(renderer_test, a_frame_begins_in_the_target_and_ends_in_the_window) {
     init();
     headless_forget_calls();
     render_frame_begin();
-    sprite_draw(1, 0, 0, 1, 1, colour_white, true);
+    box_fill({0, 0, 1, 1}, colour_white);
     render_frame_end();
     EXPECT_TRUE(are_made_in_order(
         {gpu_op::vertex_array_bind, gpu_op::frame_buffer_bind, gpu_op::pipeline_blend_enable,

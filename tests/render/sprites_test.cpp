@@ -25,16 +25,16 @@ void expect_corners(const gpu_draw& draw, const point (&corners)[corner_count]) 
 TEST_F(sprites_test, a_sprite_fills_its_rectangle) {
     camera.zoom = 0.5;
     camera_matrices_build(1024, 832);
-    for (bool screen : {true, false}) {
-        sprite_draw(texture_set.textures[texture_eye], 0, 0, 10, 20, some_tint, screen);
+    for (draw_space space : {screen_space, world_space}) {
+        sprite_draw(texture_eye, {0, 0, 10, 20}, some_tint, space);
     }
     EXPECT_TRUE(picture_is_at(texture_eye, {0, 0, 10, 20}));
     EXPECT_TRUE(picture_is_at(texture_eye, {512, 416, 5, 10}));
 }
 
 TEST_F(sprites_test, a_turned_sprite_keeps_its_pivot_in_place) {
-    sprite_draw_rotated(1, 300, 200, 100, 90, 0, 50, -1.5, some_tint, true);
-    sprite_draw_rotated(1, 300, 200, 100, 90, 90, 50, -1.5, some_tint, true);
+    sprite_draw_rotated(texture_eye, 300, 200, 100, 90, 0, 50, -1.5, some_tint, screen_space);
+    sprite_draw_rotated(texture_eye, 300, 200, 100, 90, 90, 50, -1.5, some_tint, screen_space);
     std::vector<gpu_draw> draws = headless_draws();
     expect_corners(draws.at(0), {{250, 201.5}, {350, 201.5}, {250, 291.5}, {350, 291.5}});
     expect_corners(draws.at(1), {{298.5, 150}, {298.5, 250}, {208.5, 150}, {208.5, 250}});
@@ -60,7 +60,7 @@ TEST_F(sprites_test, arrows) {
     // clang-format on
     for (const auto& row : rows) {
         headless_forget_calls();
-        arrow_draw(100, 100, row.to.x, row.to.y, 4, row.offset, some_tint, true);
+        arrow_draw(100, 100, row.to.x, row.to.y, 4, row.offset, some_tint, screen_space);
         std::vector<drawn_picture> drawn = pictures_drawn();
         ASSERT_EQ(drawn.size(), 2U);
         EXPECT_EQ(drawn[0].slot, texture_white);

@@ -30,35 +30,34 @@ std::string places_drawn() {
 TEST_F(text_test, characters_follow_the_pen) {
     const struct {
         const char* text;
-        bool icons, centred;
+        text_layout layout;
         const char* places;
         // clang-format off
     } rows[] = {
-        {"x \ty", false, false, "500,400,13,32 539,400,13,32"},
-        {" x\ny", false, false, "513,400,13,32 500,368,13,32"},
-        {"xy", false, true, "487,384,13,32 500,384,13,32"},
+        {"x \ty", text_left, "500,400,13,32 539,400,13,32"},
+        {" x\ny", text_left, "513,400,13,32 500,368,13,32"},
+        {"xy", text_centred, "487,384,13,32 500,384,13,32"},
         // Only the first line is shifted, by half of all lines' width.
-        {"xx\ny", false, true, "480.5,368,13,32 493.5,368,13,32 500,336,13,32"},
+        {"xx\ny", text_centred, "480.5,368,13,32 493.5,368,13,32 500,336,13,32"},
         // Drawn, but not counted in the width.
-        {"x%", false, true, "493.5,384,13,32 506.5,384,13,32"},
-        // Icons are centred in any case.
-        {"A", true, false, "484,384,32,32"},
-        {"xA", true, true, "477.5,384,13,32 490.5,384,32,32"},
-        {"%AA", true, true, "477.5,384,13,32 490.5,384,32,32"},
-        {"%%A", true, true, "493.5,384,13,32"},
-        {"% A", true, true, "490.5,384,32,32"},
+        {"x%", text_centred, "493.5,384,13,32 506.5,384,13,32"},
+        {"A", text_icons, "484,384,32,32"},
+        {"xA", text_icons, "477.5,384,13,32 490.5,384,32,32"},
+        {"%AA", text_icons, "477.5,384,13,32 490.5,384,32,32"},
+        {"%%A", text_icons, "493.5,384,13,32"},
+        {"% A", text_icons, "490.5,384,32,32"},
     };
     // clang-format on
     for (const auto& row : rows) {
         headless_forget_calls();
-        text_draw(str_of(row.text), 500, 400, 256, colour_white, true, row.icons, row.centred);
+        text_draw(str_of(row.text), 500, 400, 256, colour_white, screen_space, row.layout);
         EXPECT_EQ(places_drawn(), row.places) << row.text;
     }
 }
 
 TEST_F(text_test, icons_show_pictures_and_only_dots_have_their_own_colour) {
     constexpr colour tint = {0.1f, 0.2f, 0.3f, 0.4f};
-    text_draw("ABCDEFabcdefT~G%A", 0, 0, 256, tint, true, true, true);
+    text_draw("ABCDEFabcdefT~G%A", 0, 0, 256, tint, screen_space, text_icons);
     EXPECT_EQ(texts_drawn().at(0).text, "ABCDEFabcdefT~G%A");
     std::vector<gpu_draw> draws = headless_draws();
     for (std::size_t i = 0; i < 16; ++i) {
@@ -72,7 +71,7 @@ TEST_F(text_test, icons_show_pictures_and_only_dots_have_their_own_colour) {
 TEST_F(text_test, world_texts_go_through_the_camera) {
     camera = {100, 50, 2, 256};
     camera_matrices_build(1024, 832);
-    text_draw("x", 150, 75, 256, colour_white, false, false, false);
+    text_draw("x", 150, 75, 256, colour_white, world_space, text_left);
     EXPECT_TRUE(text_starts_at("x", 612, 466));
     EXPECT_NEAR(texts_drawn().at(0).size, 512, 1e-3);
 }

@@ -9,10 +9,11 @@
 #include <string_view>
 #include <vector>
 
+#include "base/colour.h"
 #include "platform/headless/headless.h"
-#include "render/colour.h"
 #include "render/pictures.h"
 #include "render/renderer.h"
+#include "render/view.h"
 #include "tests/support/game.h"
 
 // Starts every test inside a frame of 1024 by 832 pixels with calls recorded, made-up pictures and
@@ -27,13 +28,6 @@ bool operator==(const colour& a, const colour& b);
 struct point {
     f64 x;
     f64 y;
-};
-
-struct box {
-    f64 x;  // of the lower-left corner
-    f64 y;
-    f64 width;
-    f64 height;
 };
 
 struct drawn_picture {
