@@ -81,6 +81,10 @@ void* arena_realloc(arena_id id, void* block, i64 old_size, i64 new_size) {
     return moved;
 }
 
+i64 arena_room(arena_id id) {
+    return arenas[id].capacity - align_up(arenas[id].offset);
+}
+
 void arena_rewind(arena_id id, i64 mark) {
     assert(mark <= arenas[id].offset);
     arenas[id].offset = mark;

@@ -39,6 +39,8 @@ void* arena_alloc(arena_id id, i64 size);
 // bytes move to a new block and the old one is abandoned. Returns the block's place. An id that
 // names no arena: one line on standard output and a null pointer.
 void* arena_realloc(arena_id id, void* block, i64 old_size, i64 new_size);
+// The largest block, in bytes, that can still be placed behind the arena's other ones.
+i64 arena_room(arena_id id);
 // Gives up everything placed since the arena's offset was `mark`.
 void arena_rewind(arena_id id, i64 mark);
 

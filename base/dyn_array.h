@@ -6,6 +6,7 @@
 // the last block of an arena grows in place. A push may move the elements: no pointer or reference
 // to one lives across it.
 
+#include <algorithm>
 #include <cassert>
 #include <type_traits>
 
@@ -50,6 +51,25 @@ void dyn_array_push(dyn_array<element>& array, std::type_identity_t<element> val
     }
     array.data[array.count] = value;
     array.count += 1;
+}
+
+// Makes room for `count` elements: at first for just as many, later for at least twice as many as
+// before.
+template <typename element>
+void dyn_array_reserve(dyn_array<element>& array, i64 count) {
+    constexpr i64 size = sizeof(element);
+    if (count <= array.capacity) {
+        return;
+    }
+    if (array.data == nullptr) {
+        array.capacity = count;
+        array.data = static_cast<element*>(arena_alloc(array.arena_id, count * size));
+        return;
+    }
+    i64 capacity = std::max(count, 2 * array.capacity);
+    array.data = static_cast<element*>(
+        arena_realloc(array.arena_id, array.data, array.capacity * size, capacity * size));
+    array.capacity = capacity;
 }
 
 // Removes the element at `index` by moving the last one into its place; the order changes.

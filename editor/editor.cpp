@@ -8,8 +8,9 @@
 #include "game/board.h"
 #include "game/map_drawing.h"
 #include "maps/catalogue.h"
+#include "maps/kept.h"
 #include "maps/reader.h"
-#include "maps/writer.h"
+#include "maps/saving.h"
 #include "platform/input.h"
 #include "platform/maths.h"
 #include "render/button.h"
@@ -211,6 +212,7 @@ void editor_frame(const pointer& mouse) {
 }
 
 void editor_leave() {
+    map_work_end();
     text_entry_close();
     goal_editing.goal_dialog_open = false;
     selection = {};

@@ -1,12 +1,13 @@
 #include "maps/catalogue.h"
 
 #include "base/message.h"
-#include "maps/file_text.h"
+#include "maps/kept.h"
 #include "maps/reader.h"
-#include "maps/scan.h"
 #include "platform/file.h"
+#include "platform/folder.h"
 
 catalogue catalogues[machine_kind_count];
+catalogue known_catalogues[machine_kind_count];
 catalogue* current_catalogue;
 i64 selected_entry = -1;
 
@@ -17,22 +18,13 @@ struct family_files {
     str custom_directory;
 };
 
+constexpr str catalogue_folder = "resources";
+
 constexpr family_files families[machine_kind_count] = {
     {"resources/state_maps.txt", "custom_state_machines/"},
     {"resources/pushdown_maps.txt", "custom_pushdown_machines/"},
     {"resources/turing_maps.txt", "custom_turing_machines/"},
 };
-
-bool family_is_known() {
-    return 0 <= machine_kind && machine_kind < machine_kind_count;
-}
-
-void write_line(file_id file, const catalogue_entry& entry) {
-    file_write(file, entry.name.length, entry.name.data);
-    file_write_byte(file, ' ');
-    file_write(file, entry.path.length, entry.path.data);
-    file_write_byte(file, '\n');
-}
 
 bool is_path_byte(char c) {
     return ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z') || ('0' <= c && c <= '9') || c == '/' ||
@@ -46,25 +38,12 @@ str catalogue_path(i64 family) {
 }
 
 void catalogues_load() {
+    folder_sweep(catalogue_folder);
+    folder_sweep(kept_folder);
     for (i64 kind = 0; kind < machine_kind_count; ++kind) {
+        folder_sweep(families[kind].custom_directory);
         catalogue_load(catalogues[kind], families[kind].catalogue);
-    }
-}
-
-void catalogue_load(catalogue& list, str path) {
-    str text;
-    if (!file_read_all(path, text)) {
-        message_write({"failed to open ", path, "\n"});
-        return;
-    }
-    text_cursor cursor = {text.data, text.length, 0};
-    while (cursor.position < cursor.size) {
-        catalogue_entry entry;
-        entry.name = text_scan_until(cursor, ' ');
-        cursor.position += 1;
-        entry.path = text_scan_until(cursor, '\n');
-        cursor.position += 1;
-        dyn_array_push(list, entry);
+        catalogue_copy(catalogues[kind], known_catalogues[kind]);
     }
 }
 
@@ -74,12 +53,10 @@ void catalogue_save() {
     }
     current_catalogue = &catalogues[machine_kind];
     str path = families[machine_kind].catalogue;
-    file_id file = file_open(path, file_mode_write);
-    for (const catalogue_entry& entry : *current_catalogue) {
-        write_line(file, entry);
-    }
-    file_close(file);
-    if (file_failed(file)) {
+    folder_lock(catalogue_folder);
+    bool written = catalogue_write(path, *current_catalogue, known_catalogues[machine_kind]);
+    folder_unlock();
+    if (!written) {
         message_write({"failed to save catalogue: ", path, "\n"});
     }
 }
@@ -99,7 +76,9 @@ void catalogue_delete_selected() {
     if (doomed == nullptr) {
         return;
     }
-    file_delete(doomed->path);
+    if (map_file_keep(doomed->path)) {
+        file_delete(doomed->path);
+    }
     dyn_array_remove_at(*current_catalogue, selected_entry);
     if (current_catalogue->count <= selected_entry) {
         selected_entry = current_catalogue->count - 1;

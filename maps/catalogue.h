@@ -1,42 +1,35 @@
 #pragma once
 
-// The lists of maps that the map list offers, one per family, and where custom maps are kept.
-//
-// A catalogue file holds one entry per line: the name, which has no blank, one blank, and the
-// map's path, which runs to the line's end.
+// The lists of maps that the map list offers, one per family, and where custom maps are saved.
 
-#include "base/dyn_array.h"
 #include "base/str.h"
+#include "maps/catalogue_file.h"
 #include "maps/model.h"
 
-struct catalogue_entry {
-    str name;
-    str path;
-};
-
-using catalogue = dyn_array<catalogue_entry>;
-
-extern catalogue catalogues[machine_kind_count];  // indexed by family
-extern catalogue* current_catalogue;              // one of them; null until one is selected
-extern i64 selected_entry;                        // index into it; -1 for none
+extern catalogue catalogues[machine_kind_count];        // indexed by family
+extern catalogue known_catalogues[machine_kind_count];  // what this game knows to be on file
+extern catalogue* current_catalogue;                    // one of them; null until one is selected
+extern i64 selected_entry;                              // index into it; -1 for none
 
 // The file of a family's catalogue.
 str catalogue_path(i64 family);
 
 // Reads the three catalogues from their files. A file that cannot be read is answered with one
-// line on standard output and leaves its family without maps.
+// line on standard output and leaves its family without maps. Takes away what killed games left
+// where maps are written.
 void catalogues_load();
-void catalogue_load(catalogue& list, str path);
 
-// Makes the current family's catalogue current and writes it to its file. When that fails, the
-// list stays as it is in memory and one line on standard output says so.
+// Makes the current family's catalogue current and writes it to its file, with what other games
+// added there meanwhile. When that fails, the list stays as it is in memory and one line on
+// standard output says so.
 void catalogue_save();
 
 // Makes the current family's catalogue current, selects its first entry and loads that map.
 void catalogue_select();
 
-// Deletes the selected entry with its map file, selects and loads the one that follows it (else
-// the last), and writes the catalogue. Nothing happens without a selected entry.
+// Deletes the selected entry with its map file, which is kept, selects and loads the one that
+// follows it (else the last), and writes the catalogue. A file that cannot be kept is not deleted.
+// Nothing happens without a selected entry.
 void catalogue_delete_selected();
 
 // Adds an entry to the current catalogue and writes it, unless the name is there already. The

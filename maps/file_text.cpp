@@ -1,11 +1,13 @@
 #include "maps/file_text.h"
 
+#include <algorithm>
+
 #include "platform/file.h"
 
 bool file_read_all(str path, str& content) {
     file_id file = file_open(path, file_mode_read);
     i64 size = file_size(file);
-    if (file_failed(file) || size > text_file_limit) {
+    if (file_failed(file) || size > std::min(text_file_limit, arena_room(arena_persistent))) {
         file_close(file);
         return false;
     }

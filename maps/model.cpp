@@ -9,6 +9,10 @@ map_settings settings;
 dyn_array<goal> goals;
 dyn_array<u16> stones;
 
+bool family_is_known() {
+    return 0 <= machine_kind && machine_kind < machine_kind_count;
+}
+
 void map_add_state(f64 x, f64 y, u8 accepting) {
     assert(accepting <= 1);
     dyn_array_push(game_map.states, {x, y, accepting});

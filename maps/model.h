@@ -93,6 +93,9 @@ struct map_record {
     // may have changed the states since: read through `state_nimber`.
     u8* nimbers = nullptr;
     i64 nimber_count = 0;
+    i64 nimber_capacity = 0;
+    char* text = nullptr;  // of the file loaded last: rules point into it
+    i64 text_capacity = 0;
 };
 
 // As read from the map; dealing bounds them where it uses them.
@@ -111,6 +114,9 @@ extern map_record game_map;
 extern map_settings settings;
 extern dyn_array<goal> goals;
 extern dyn_array<u16> stones;  // the state that each stone sits on; the index is its identity
+
+// Whether `machine_kind` names a family.
+bool family_is_known();
 
 void map_add_state(f64 x, f64 y, u8 accepting);
 // The rule's bytes are not copied and must outlive the map.

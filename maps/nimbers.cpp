@@ -1,5 +1,6 @@
 #include "maps/nimbers.h"
 
+#include <algorithm>
 #include <cassert>
 
 #include "base/dyn_array.h"
@@ -76,7 +77,11 @@ i64 excluded_value(const successor_lists& lists, u16 state, dyn_array<u16>& stac
 
 void nimbers_forget() {
     game_map.nimber_count = game_map.states.count;
-    game_map.nimbers = static_cast<u8*>(arena_alloc(arena_persistent, game_map.nimber_count));
+    if (game_map.nimber_count > game_map.nimber_capacity) {
+        game_map.nimber_capacity = std::max(game_map.nimber_count, 2 * game_map.nimber_capacity);
+        i64 bytes = game_map.nimber_capacity;
+        game_map.nimbers = static_cast<u8*>(arena_alloc(arena_persistent, bytes));
+    }
     for (i64 s = 0; s < game_map.nimber_count; ++s) {
         game_map.nimbers[s] = no_nimber;
     }

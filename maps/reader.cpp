@@ -1,9 +1,12 @@
 #include "maps/reader.h"
 
+#include <algorithm>
 #include <cassert>
+#include <cstring>
 
 #include "base/message.h"
 #include "maps/file_text.h"
+#include "maps/kept.h"
 #include "maps/model.h"
 #include "maps/nimbers.h"
 #include "maps/scan.h"
@@ -132,6 +135,21 @@ void read_line(text_cursor& cursor) {
     cursor.position += 1;
 }
 
+// Moves a text that was read into a new block at `mark` into the block of the map before, whose
+// rules are gone, so that loading maps again and again needs no new memory.
+str text_settle(str text, i64 mark) {
+    arena_rewind(arena_persistent, mark);
+    if (text.length > game_map.text_capacity) {
+        i64 room = arena_room(arena_persistent);
+        game_map.text_capacity = std::min(std::max(text.length, 2 * game_map.text_capacity), room);
+        game_map.text = static_cast<char*>(arena_alloc(arena_persistent, game_map.text_capacity));
+    }
+    if (text.length > 0) {
+        std::memmove(game_map.text, text.data, static_cast<std::size_t>(text.length));
+    }
+    return {game_map.text, text.length};
+}
+
 }  // namespace
 
 void map_read(str text) {
@@ -149,10 +167,13 @@ void map_read(str text) {
 }
 
 void map_load(str path) {
+    i64 mark = arenas[arena_persistent].offset;
     str text;
     if (!file_read_all(path, text)) {
         message_write({"failed to load map: ", path, "\n"});
         return;
     }
-    map_read(text);
+    map_work_keep();
+    map_read(text_settle(text, mark));
+    map_work_is_saved(path);
 }

@@ -4,10 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "base/message.h"
 #include "base/numbers.h"
-#include "maps/catalogue.h"
-#include "maps/file_text.h"
 #include "maps/model.h"
 
 namespace {
@@ -38,6 +35,21 @@ void put_byte(text_builder& text, u8 value) {
 
 void put_index(text_builder& text, u16 value) {
     put_int(text, static_cast<i16>(value));
+}
+
+constexpr i64 line_capacity = 1024;  // bytes; a line without its rule takes less
+
+// The text on its way to who takes it, line by line.
+struct map_output {
+    text_builder line;
+    text_taker take;
+    void* to;
+};
+
+void line_pass(map_output& out) {
+    out.take(out.to, text_builder_text(out.line));
+    out.line.length = 0;
+    out.line.cursor = 0;
 }
 
 void settings_write(text_builder& text) {
@@ -79,20 +91,28 @@ void goal_write(text_builder& text, const goal& g) {
     text_builder_put(text, '\n');
 }
 
-void family_settings_write(text_builder& text) {
+void family_settings_write(map_output& out) {
     if (machine_kind == state_machine) {
         return;
     }
-    deck_write(text);
+    deck_write(out.line);
     bool pushdown = machine_kind == pushdown_machine;
-    text_builder_put_str(text, pushdown ? str("hand") : str("tape"));
-    put_int(text, pushdown ? settings.hand_size : settings.tape_length);
-    text_builder_put(text, '\n');
+    text_builder_put_str(out.line, pushdown ? str("hand") : str("tape"));
+    put_int(out.line, pushdown ? settings.hand_size : settings.tape_length);
+    text_builder_put(out.line, '\n');
+    line_pass(out);
     if (!pushdown) {
         for (const goal& g : goals) {
-            goal_write(text, g);
+            goal_write(out.line, g);
+            line_pass(out);
         }
     }
+}
+
+void stone_write(text_builder& text, u16 state) {
+    text_builder_put_str(text, "stone");
+    put_index(text, state);
+    text_builder_put(text, '\n');
 }
 
 void state_write(text_builder& text, const map_state& s) {
@@ -102,89 +122,44 @@ void state_write(text_builder& text, const map_state& s) {
     text_builder_put(text, '\n');
 }
 
-void transition_write(text_builder& text, const transition& arc) {
-    text_builder_put_str(text, "=>");
-    put_index(text, arc.from);
-    put_index(text, arc.to);
-    put_int(text, arc.bend);
-    put_label_offset(text, arc.label_dx);
-    put_label_offset(text, arc.label_dy);
-    text_builder_put_str(text, " \"");
-    text_builder_put_str(text, arc.rule);
-    text_builder_put_str(text, "\"\n");
-}
-
-// False when the file could not be replaced.
-bool map_file_write(str path) {
-    i64 mark = arenas[arena_persistent].offset;
-    text_builder text = {};
-    map_write(text);
-    bool written = file_write_all(path, text_builder_text(text));
-    arena_rewind(arena_persistent, mark);
-    return written;
-}
-
-// The byte at `i`, which moves on; several "/" in a row are one. '\0' at the path's end.
-char path_next(str path, i64& i) {
-    while (i + 1 < path.length && path[i] == '/' && path[i + 1] == '/') {
-        i += 1;
-    }
-    char byte = i < path.length ? path[i] : '\0';
-    i += 1;
-    return byte;
-}
-
-bool path_is_same(str a, str b) {
-    char byte = '\0';
-    i64 in_a = 0;
-    i64 in_b = 0;
-    do {
-        byte = path_next(a, in_a);
-        if (byte != path_next(b, in_b)) {
-            return false;
-        }
-    } while (byte != '\0');
-    return true;
-}
-
-// Different names may become one file.
-void shared_path_report(str name, str path) {
-    if (current_catalogue == nullptr) {
-        return;
-    }
-    for (const catalogue_entry& entry : *current_catalogue) {
-        if (path_is_same(entry.path, path) && !(entry.name == name)) {
-            message_write({"file shared with map ", entry.name, "\n"});
-            return;
-        }
-    }
+// A rule has any length, so it is passed on as it is.
+void transition_write(map_output& out, const transition& arc) {
+    text_builder_put_str(out.line, "=>");
+    put_index(out.line, arc.from);
+    put_index(out.line, arc.to);
+    put_int(out.line, arc.bend);
+    put_label_offset(out.line, arc.label_dx);
+    put_label_offset(out.line, arc.label_dy);
+    text_builder_put_str(out.line, " \"");
+    line_pass(out);
+    out.take(out.to, arc.rule);
+    text_builder_put_str(out.line, "\"\n");
+    line_pass(out);
 }
 
 }  // namespace
 
-void map_write(text_builder& text) {
-    settings_write(text);
-    family_settings_write(text);
+void map_write(text_taker take, void* to) {
+    char line[line_capacity];
+    map_output out = {{line, 0, line_capacity, arena_persistent, 0}, take, to};
+    settings_write(out.line);
+    family_settings_write(out);
     for (u16 state : stones) {
-        text_builder_put_str(text, "stone");
-        put_index(text, state);
-        text_builder_put(text, '\n');
+        stone_write(out.line, state);
+        line_pass(out);
     }
     for (const map_state& s : game_map.states) {
-        state_write(text, s);
+        state_write(out.line, s);
+        line_pass(out);
     }
     for (const transition& arc : game_map.transitions) {
-        transition_write(text, arc);
+        transition_write(out, arc);
     }
+    line_pass(out);
 }
 
-void map_save(str name) {
-    str path = custom_map_path(name);
-    message_write({"saving map ", name, " as ", path, "\n"});
-    shared_path_report(name, path);
-    if (!map_file_write(path)) {
-        message_write({"failed to save map: ", path, "\n"});
-        return;
-    }
-    catalogue_add(name, path);
+void map_write(text_builder& text) {
+    map_write(
+        [](void* to, str piece) { text_builder_put_str(*static_cast<text_builder*>(to), piece); },
+        &text);
 }

@@ -1,15 +1,15 @@
 #pragma once
 
-// Writing the loaded map as a map file and saving it as a custom map.
+// The loaded map as a text: the canonical form, the one in which maps are written. Read and written
+// again it gives the same bytes, as far as the reals are within 10^10.
 
 #include "base/str.h"
 #include "base/text_builder.h"
 
-// Appends the canonical text of the loaded map, the one form in which maps are written. Read and
-// written again it gives the same bytes, as far as the reals are within 10^10.
-void map_write(text_builder& text);
+// Takes the next piece of a text, which lives until it returns.
+using text_taker = void (*)(void* to, str piece);
 
-// Saves the loaded map under the name in the current family's directory and lists it in the
-// family's catalogue. Says on standard output what is saved where, which other entry has the same
-// file, and when it fails; then neither the earlier file nor the catalogue has changed.
-void map_save(str name);
+// Hands the text to `take` piece by piece. Needs no memory of the arenas.
+void map_write(text_taker take, void* to);
+// Appends the text.
+void map_write(text_builder& text);

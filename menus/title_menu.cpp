@@ -3,6 +3,7 @@
 #include "base/arithmetic.h"
 #include "base/time_step.h"
 #include "maps/catalogue.h"
+#include "maps/kept.h"
 #include "maps/model.h"
 #include "menus/menu_panel.h"
 #include "platform/maths.h"
@@ -54,6 +55,7 @@ void editor_open() {
     map_settings fresh;
     fresh.hand_size = settings.hand_size;
     settings = fresh;
+    map_work_begin();
 }
 
 struct title_state {

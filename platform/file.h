@@ -6,12 +6,14 @@
 #include "base/str.h"
 #include "base/types.h"
 
-enum file_mode : u32 { file_mode_write = 1, file_mode_read = 2 };
+enum file_mode : u32 { file_mode_write = 1, file_mode_read = 2, file_mode_dated = 4 };
 
 using file_id = u64;
 
 // Opens a file. Reading takes regular files only. Writing creates missing parent directories and
-// collects into a temporary file beside the target, which stays whole until `file_close`.
+// collects into a temporary file beside the target, which stays whole until `file_close`. A dated
+// file is written too, but replaces none: the local time is added to its name, "a" becomes
+// "a.2026-11-23_18-30-05", and "-2" and so on when that second has one already.
 file_id file_open(str path, u32 mode);
 // Whether opening, reading, writing or, once the file is closed, replacing the target has failed.
 // The answer for a closed file holds until the next `file_open`.
@@ -21,8 +23,13 @@ i64 file_size(file_id file);
 void file_read(file_id file, i64 size, void* destination);
 void file_write(file_id file, i64 size, const void* data);
 void file_write_byte(file_id file, char byte);
-// Ends the use of the handle. A written file replaces its target now, all of it or not at all.
+// Brings what was written to the disk, so that only putting it in its place can still fail.
+void file_sync(file_id file);
+// Ends the use of the handle. A written file replaces its target now, all of it or not at all, and
+// what stands there then survives a loss of power.
 void file_close(file_id file);
+// Ends the use of a file that was opened for writing and leaves its target alone; it has failed.
+void file_discard(file_id file);
 
 // Whether there is a regular file to read.
 bool file_exists(str path);

@@ -8,6 +8,7 @@
 #include "editor/editor.h"
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
+#include "maps/kept.h"
 #include "menus/info_overlays.h"
 #include "menus/map_list.h"
 #include "menus/player_setup.h"
@@ -150,6 +151,7 @@ bool program_frame() {
 }
 
 void program_end() {
+    map_work_end();
     display_close();
     renderer_release();
     arenas_free();

@@ -7,6 +7,7 @@
 #include "editor/text_entry.h"
 #include "game/hand_panel.h"
 #include "maps/catalogue.h"
+#include "maps/kept.h"
 #include "maps/model.h"
 #include "menus/title_menu.h"
 #include "render/camera.h"
@@ -28,8 +29,10 @@ void map_globals_reset() {
     goals = {};
     stones = {};
     std::fill(catalogues, catalogues + machine_kind_count, catalogue{});
+    std::fill(known_catalogues, known_catalogues + machine_kind_count, catalogue{});
     current_catalogue = nullptr;
     selected_entry = -1;
+    map_work = {};
 }
 
 void game_globals_reset() {

@@ -1,7 +1,9 @@
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "maps/catalogue.h"
+#include "maps/kept.h"
 #include "platform/directory.h"
 #include "platform/file.h"
 #include "program/command_line.h"
@@ -68,6 +70,7 @@ int main(int argument_count, char** arguments) {
         return not_to_be_done;
     }
     i64 imported_family = machine_kind;
+    std::atexit(map_work_end);  // also when the GPU or the display ends the program
     program_start();
     if (command.file_count > 0) {
         machine_kind = imported_family;

@@ -8,6 +8,7 @@
 #include "maps/catalogue.h"
 #include "maps/family.h"
 #include "maps/file_text.h"
+#include "maps/kept.h"
 #include "platform/file.h"
 
 namespace {
@@ -23,10 +24,12 @@ bool is_name_byte(char c) {
     return ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z') || ('0' <= c && c <= '9');
 }
 
-// The file's name without folder and extension; what a name on the list or of a file cannot hold
-// becomes "_".
+// A kept file's map, else the file's name, without folder and extension; what a name on the list or
+// of a file cannot hold becomes "_".
 str name_of_file(str path) {
     str file = str_after_last(path, '/');
+    i64 family;
+    kept_path_read(path, file, family);
     i64 stem = file.length - extension.length;
     if (stem > 0 && str(file.data + stem, extension.length) == extension) {
         file.length = stem;
@@ -36,6 +39,12 @@ str name_of_file(str path) {
         text_builder_put(name, is_name_byte(byte) ? byte : '_');
     }
     return text_builder_text(name);
+}
+
+i64 family_of_file(str path, str text) {
+    str name;
+    i64 family;
+    return kept_path_read(path, name, family) ? family : map_family_find(text);
 }
 
 str name_numbered(str name, i64 number) {
@@ -71,7 +80,7 @@ bool map_import(str path, i64 family) {
     if (!text_is_map(text)) {
         return refuse(path, "is not a map");
     }
-    machine_kind = family == no_family ? map_family_find(text) : family;
+    machine_kind = family == no_family ? family_of_file(path, text) : family;
     if (machine_kind == no_family) {
         return refuse(path, "does not tell its family: add --family state, pushdown or turing");
     }

@@ -6,6 +6,7 @@
 #include "maps/scan.h"
 #include "platform/directory.h"
 #include "platform/file.h"
+#include "platform/folder.h"
 
 namespace {
 
@@ -107,9 +108,11 @@ bool player_files_enter(str directory, str data, bool restore) {
         return false;
     }
     if (data.length > 0) {
+        folder_lock(resources);
         for (i64 family = 0; family < machine_kind_count; ++family) {
             catalogue_refresh(catalogue_path(family), data, restore);
         }
+        folder_unlock();
         file_set_fallback(data);
     }
     return true;

@@ -4,12 +4,10 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <string>
 
 #include "platform/common/regular_file.h"
+#include "platform/common/replacement.h"
 
 namespace {
 
@@ -18,9 +16,8 @@ struct file_slot {
     file_id handle;     // never used twice; 0 while the slot was never used
     std::FILE* stream;  // null while closed
     bool failed;
-    i64 size;               // bytes; of a file opened for reading
-    std::string target;     // the file to replace; empty when reading
-    std::string temporary;  // what collects the new content
+    i64 size;             // bytes; of a file opened for reading
+    replacement written;  // of a file opened for writing; its stream is `stream`
 };
 
 file_slot slots[16];
@@ -50,71 +47,6 @@ file_slot* slot_free() {
     return nullptr;
 }
 
-// Where a write to `path` ends: a link is followed, so that it stays a link.
-std::string target_of(str path) {
-    std::string text = path_text(path);
-    std::error_code error;
-    std::filesystem::path real = std::filesystem::canonical(text, error);
-    return error ? text : real.string();
-}
-
-mode_t mode_of_new_file() {
-    mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
-}
-
-// The permissions for the new content of `target`. False when it must not be replaced: what exists
-// there is no regular file, or the player may not write to it.
-bool target_mode(const std::string& target, mode_t& mode) {
-    struct stat status;
-    if (stat(target.c_str(), &status) != 0) {
-        mode = mode_of_new_file();
-        return true;
-    }
-    mode = status.st_mode & 07777;
-    return S_ISREG(status.st_mode) && access(target.c_str(), W_OK) == 0;
-}
-
-// Makes a file of a new name beside `target`; null, and no file, on failure.
-std::FILE* temporary_create(const std::string& target, mode_t mode, std::string& name) {
-    std::filesystem::path folder = std::filesystem::path(target).parent_path();
-    std::error_code error;
-    if (!folder.empty()) {
-        std::filesystem::create_directories(folder, error);
-    }
-    name = (folder / ".quorrel-XXXXXX").string();
-    int descriptor = mkstemp(name.data());
-    if (descriptor < 0) {
-        return nullptr;
-    }
-    std::FILE* stream = fchmod(descriptor, mode) == 0 ? fdopen(descriptor, "wb") : nullptr;
-    if (stream == nullptr) {
-        close(descriptor);
-        unlink(name.c_str());
-    }
-    return stream;
-}
-
-void slot_open_write(file_slot& slot, str path) {
-    slot.target = target_of(path);
-    mode_t mode;
-    if (!slot.target.empty() && target_mode(slot.target, mode)) {
-        slot.stream = temporary_create(slot.target, mode, slot.temporary);
-    }
-}
-
-// Brings the new content to the disk and then in place of the old one.
-bool target_replace(file_slot& slot) {
-    bool written = !slot.failed && std::fflush(slot.stream) == 0 && fsync(fileno(slot.stream)) == 0;
-    written = std::fclose(slot.stream) == 0 && written;
-    if (!written || std::rename(slot.temporary.c_str(), slot.target.c_str()) != 0) {
-        unlink(slot.temporary.c_str());
-        return false;
-    }
-    return true;
-}
-
 }  // namespace
 
 file_id file_open(str path, u32 mode) {
@@ -126,7 +58,8 @@ file_id file_open(str path, u32 mode) {
     if (mode == file_mode_read) {
         slot->stream = regular_file_open(path, slot->size);
     } else {
-        slot_open_write(*slot, path);
+        slot->written = replacement_open(path_text(path), mode == file_mode_dated);
+        slot->stream = slot->written.stream;
     }
     slot->failed = slot->stream == nullptr;
     slot->handle = ++last_handle;
@@ -167,17 +100,33 @@ void file_write_byte(file_id file, char byte) {
     file_write(file, 1, &byte);
 }
 
+void file_sync(file_id file) {
+    file_slot* slot = slot_in_use(file);
+    if (slot != nullptr && slot->written.stream != nullptr) {
+        slot->failed = !replacement_sync(slot->written);
+    }
+}
+
 void file_close(file_id file) {
     file_slot* slot = slot_of(file);
     if (slot == nullptr || slot->stream == nullptr) {
         return;
     }
-    if (slot->target.empty()) {
+    if (slot->written.stream == nullptr) {
         std::fclose(slot->stream);
+    } else if (slot->failed) {
+        replacement_discard(slot->written);
     } else {
-        slot->failed = !target_replace(*slot);
+        slot->failed = !replacement_commit(slot->written);
     }
     slot->stream = nullptr;
+}
+
+void file_discard(file_id file) {
+    if (file_slot* slot = slot_in_use(file)) {
+        slot->failed = true;
+    }
+    file_close(file);
 }
 
 bool file_exists(str path) {

@@ -1,6 +1,7 @@
 #include "platform/system.h"
 
 #include <SDL.h>
+#include <signal.h>
 
 #include <chrono>
 #include <csignal>
@@ -10,7 +11,13 @@
 void system_init(u32, f64) {
     // Messages into a pipe that nobody reads any more must not end the game.
     std::signal(SIGPIPE, SIG_IGN);
+    // A file that must not grow any more fails to be written, as on a full disk.
+    std::signal(SIGXFSZ, SIG_IGN);
     SDL_Init(SDL_INIT_EVENTS);
+    // SDL takes SIGTERM for the window being closed; the end of the session means the same.
+    struct sigaction terminated = {};
+    sigaction(SIGTERM, nullptr, &terminated);
+    sigaction(SIGHUP, &terminated, nullptr);
 }
 
 void system_release() {

@@ -121,6 +121,31 @@ TEST_F(catalogue_test, SavingMakesTheFamilyCurrentAndMayFail) {
     EXPECT_EQ(catalogue_count(), 4);
 }
 
+TEST_F(catalogue_test, WhatAnotherGameChangedStaysChanged) {
+    catalogues_load();
+    catalogue_select();
+    file_put("resources/state_maps.txt", "a maps/a\nc maps/c\ntheirs maps/t\n");
+    catalogue_add("mine", "maps/m");
+    EXPECT_EQ(file_get("resources/state_maps.txt"),
+              "a maps/a\nc maps/c\nmine maps/m\ntheirs maps/t\n");
+    catalogue_add("more", "maps/n");
+    catalogue_delete_selected();
+    EXPECT_EQ(file_get("resources/state_maps.txt"),
+              "c maps/c\nmine maps/m\nmore maps/n\ntheirs maps/t\n");
+}
+
+TEST_F(catalogue_test, AFileThatCannotBeReadIsNotReplaced) {
+    std::string large(static_cast<std::size_t>(catalogue_memory_limit) / 64, ' ');
+    for (const char* name : {"readable before", "never readable"}) {
+        output_of(catalogues_load);
+        catalogue_select();
+        file_put("resources/state_maps.txt", large);
+        EXPECT_EQ(output_of([&] { catalogue_add(str_of(name), "maps/d"); }),
+                  "failed to save catalogue: resources/state_maps.txt\n");
+        EXPECT_EQ(file_get("resources/state_maps.txt"), large);
+    }
+}
+
 TEST_F(catalogue_test, CustomMapsStayInTheirFolder) {
     struct {
         i64 kind;

@@ -118,6 +118,24 @@ TEST_F(reader_test, AFileThatCannotBeReadChangesNothing) {
     }
 }
 
+TEST_F(reader_test, LoadingAgainNeedsNoNewMemory) {
+    machine_kind = state_machine;
+    std::string large(1'000'000, '#');
+    for (const char* line : {"\n. 0 0", "\n. 1 0", "\n=> 0 1 0 0 0 \"a\""}) {
+        large += line;
+    }
+    file_put("large", large);
+    file_put("small", turing_example);
+    map_load("large");
+    i64 offset = arenas[arena_persistent].offset;
+    for (i64 i = 0; i < 300; ++i) {
+        map_load("small");
+        map_load("large");
+    }
+    EXPECT_LT(arenas[arena_persistent].offset - offset, 1000);
+    EXPECT_EQ(string_of(game_map.transitions[0].rule), "a");
+}
+
 TEST_F(reader_test, NimbersAreComputedForStateMachinesOnly) {
     machine_kind = state_machine;
     map_read(". 0 0\n. 1 0\n=> 0 1 0\n");

@@ -1,4 +1,5 @@
 #include "maps/writer.h"
+#include "maps/saving.h"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -11,6 +12,7 @@
 #include <set>
 
 #include "maps/catalogue.h"
+#include "maps/file_text.h"
 #include "maps/reader.h"
 #include "tests/support/game.h"
 
@@ -191,19 +193,27 @@ TEST_F(save_test, NoNameLeadsOutOfTheDirectory) {
     }
 }
 
-TEST_F(save_test, NamesOfOneFileAreToldApart) {
+TEST_F(save_test, AMapThatIsReplacedByAnotherOneIsKept) {
     struct {
-        const char *name, *told;
+        const char *name, *kept;
     } const rows[] = {
-        {"old", ""}, {"a!", ""},      {"a-", "a!"},     {"a_", "a!"}, {"/a_", "a!"},
-        {"b/c", ""}, {"b//c", "b/c"}, {"//b/c", "b/c"}, {"ol", ""},   {"older", ""},
+        {"new", ""}, {"new", ""}, {"old", "old"}, {"old", "old"}, {"/old", "old"},
     };
     for (const auto& row : rows) {
-        std::string output = save(row.name);
-        std::string told =
-            *row.told == '\0' ? "" : std::string("file shared with map ") + row.told + "\n";
-        EXPECT_EQ(output.substr(output.find('\n') + 1), told);
+        save(row.name);
+        EXPECT_EQ(kept_text(), *row.kept == '\0' ? "" : "old.pushdown: old\n") << row.name;
     }
+    settings.hand_size = 3;
+    save("old");
+    EXPECT_EQ(kept_text(), std::string("old.pushdown: old\nold.pushdown: ") + pushdown_map + "\n");
+}
+
+TEST_F(save_test, AMapTooLargeToBeReadAgainIsNotWritten) {
+    std::string rule(text_file_limit, 'A');
+    game_map.transitions[0].rule = str_of(rule);
+    EXPECT_NE(save("old").find("failed to save map"), std::string::npos);
+    EXPECT_EQ(file_get("custom_pushdown_machines/old"), "old");
+    EXPECT_EQ(kept_text(), "");
 }
 
 // For its life, no file can grow beyond `bytes`, as on a full disk.

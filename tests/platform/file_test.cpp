@@ -1,13 +1,18 @@
 #include "platform/file.h"
 
+#include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "platform/folder.h"
 #include "tests/support/game.h"
 
 namespace {
@@ -166,6 +171,82 @@ TEST_F(file_test, stale_and_too_many_handles_are_harmless) {
     EXPECT_EQ(byte, '?');
     EXPECT_EQ(file_size(fresh), 7);
     file_close(fresh);
+}
+
+TEST_F(file_test, a_discarded_file_leaves_no_trace) {
+    file_put("safe/target", "old");
+    file_id file = file_open("safe/target", file_mode_write);
+    file_write(file, 3, "new");
+    file_discard(file);
+    EXPECT_TRUE(file_failed(file));
+    EXPECT_EQ(file_get("safe/target"), "old");
+    EXPECT_EQ(names_in("safe"), std::vector<std::string>{"target"});
+}
+
+TEST_F(file_test, dated_files_replace_none) {
+    for (int i = 0; i < 3; ++i) {
+        file_id file = file_open("many/a", file_mode_dated);
+        file_write(file, 1, "x");
+        file_close(file);
+        EXPECT_FALSE(file_failed(file));
+    }
+    std::vector<std::string> names = names_in("many");
+    ASSERT_EQ(names.size(), 3U);
+    for (const std::string& name : names) {
+        EXPECT_THAT(name, testing::MatchesRegex("a\\.2[0-9]+-[0-9-]+_[0-9-]+"));
+    }
+}
+
+// Runs `act` in another process, which then ends without tidying up; `while_it_lives` runs before.
+template <typename action, typename other_action>
+void in_another_process(action act, other_action while_it_lives) {
+    int to_parent[2], to_child[2];
+    ASSERT_EQ(pipe(to_parent) + pipe(to_child), 0);
+    pid_t child = fork();
+    char byte = 'x';
+    if (child == 0) {
+        act();
+        _exit(write(to_parent[1], &byte, 1) + read(to_child[0], &byte, 1) == 2 ? 0 : 1);
+    }
+    EXPECT_EQ(read(to_parent[0], &byte, 1), 1);
+    while_it_lives();
+    EXPECT_EQ(write(to_child[1], &byte, 1), 1);
+    waitpid(child, nullptr, 0);
+    for (int end : {to_parent[0], to_parent[1], to_child[0], to_child[1]}) {
+        close(end);
+    }
+}
+
+TEST_F(file_test, a_sweep_takes_what_the_killed_left_and_nothing_else) {
+    file_put("folder/.quorrel-file", "not ours");
+    auto write_half = [] { file_write(file_open("folder/deep/target", file_mode_write), 1, "x"); };
+    auto sweep = [] { folder_sweep("folder"); };
+    auto leftovers = [] { return names_in("folder/deep").size(); };
+    in_another_process(write_half, [&] {
+        sweep();
+        EXPECT_EQ(leftovers(), 1U);  // its writer lives
+    });
+    EXPECT_EQ(leftovers(), 1U);
+    sweep();
+    EXPECT_EQ(leftovers(), 0U);
+    EXPECT_TRUE(fs::exists("folder/.quorrel-file"));
+    folder_sweep("missing");
+}
+
+TEST_F(file_test, a_folder_is_locked_by_one_program_at_a_time) {
+    fs::create_directory("folder");
+    in_another_process([] { folder_lock("folder"); },
+                       [] {
+                           auto start = std::chrono::steady_clock::now();
+                           folder_lock("folder");
+                           folder_unlock();
+                           EXPECT_GT(std::chrono::steady_clock::now() - start,
+                                     std::chrono::seconds(1));
+                       });
+    folder_lock("folder");
+    folder_unlock();
+    folder_lock("missing");
+    folder_unlock();
 }
 
 TEST_F(file_test, deleting) {

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <sstream>
+#include <tuple>
 
 #include "game/turn_update.h"
 #include "maps/nimbers.h"
@@ -63,6 +64,21 @@ void file_put(const std::string& path, std::string_view content) {
 std::string file_get(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string kept_text() {
+    std::vector<std::tuple<std::filesystem::file_time_type, std::size_t, std::string>> files;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator("kept", none)) {
+        std::string path = entry.path().string();
+        files.emplace_back(entry.last_write_time(), path.size(), path);
+    }
+    std::sort(files.begin(), files.end());
+    std::string text;
+    for (const auto& [time, length, path] : files) {
+        text += std::filesystem::path(path).stem().string() + ": " + file_get(path) + "\n";
+    }
+    return text;
 }
 
 std::string text_broken(std::string text, std::mt19937_64& random) {

@@ -42,6 +42,10 @@ std::string string_of(str text);
 void file_put(const std::string& path, std::string_view content);
 std::string file_get(const std::string& path);
 
+// What stands in "kept/", oldest first: each file's name without the date, ": ", its text, a
+// newline.
+std::string kept_text();
+
 // The text with a few of its parts cut, doubled or replaced.
 std::string text_broken(std::string text, std::mt19937_64& random);
 

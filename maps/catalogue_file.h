@@ -1,0 +1,32 @@
+#pragma once
+
+// Reading and writing the file of a catalogue, a list of maps.
+//
+// It holds one entry per line: the name, which has no blank, one blank, and the map's path, which
+// runs to the line's end. Several games may work on the same file.
+
+#include "base/dyn_array.h"
+#include "base/str.h"
+
+struct catalogue_entry {
+    str name;
+    str path;
+};
+
+using catalogue = dyn_array<catalogue_entry>;
+
+// What a catalogue may take of the persistent arena: its text, its entries and their copy.
+inline constexpr i64 catalogue_memory_limit = i64{32} * 1024 * 1024;  // bytes
+
+// Appends the entries of the file; they point into its text in the persistent arena. A file that
+// cannot be read whole or takes too much memory is answered with one line on standard output and
+// changes nothing.
+void catalogue_load(catalogue& list, str path);
+
+// Replaces the file by the list. What other games have added to the file or taken out of it since
+// it held the entries of `known` stays so; then `known` becomes the list. False, with nothing
+// changed, when the file cannot be written, or is there and cannot be read.
+bool catalogue_write(str path, const catalogue& list, catalogue& known);
+
+// Makes the entries of `copy` those of `list`.
+void catalogue_copy(const catalogue& list, catalogue& copy);
