@@ -17,6 +17,7 @@
 namespace {
 
 constexpr i64 step_budget = 0x100001;
+constexpr i64 transition_limit = 1'000'000;  // the search of more could outgrow the frame arena
 
 // The existing successors of every state, in the order of the transitions: those of state s are
 // targets[first[s]] up to targets[first[s + 1]].
@@ -116,17 +117,22 @@ bool search(const successor_lists& lists, dyn_array<u16>& stack) {
     return true;
 }
 
-}  // namespace
-
-void nimbers_compute() {
-    nimbers_forget();
+// Settles all states; false when the search gives up.
+bool states_settle() {
     successor_lists lists = successors_collect(named_state_count());
     dyn_array<u16> stack = {};
     stack.arena_id = arena_frame;
     for (i64 s = 0; s < named_state_count(); ++s) {
         dyn_array_push(stack, static_cast<u16>(s));
     }
-    if (!search(lists, stack)) {
+    return search(lists, stack);
+}
+
+}  // namespace
+
+void nimbers_compute() {
+    nimbers_forget();
+    if (game_map.transitions.count > transition_limit || !states_settle()) {
         message_write({"failed to calculate nimbers!\n"});
     }
 }

@@ -135,13 +135,89 @@ void read_line(text_cursor& cursor) {
     cursor.position += 1;
 }
 
+// While lists grow, what they leave behind included, the records of a text take at most that many
+// times its bytes.
+constexpr i64 growing_records_per_byte = 26;
+constexpr i64 room_for_play = i64{16} * 1024 * 1024;  // bytes that a map must leave
+
+// The lists of a map.
+struct map_lists {
+    dyn_array<map_state> states;
+    dyn_array<transition> transitions;
+    dyn_array<u16> stones;
+    dyn_array<goal> goals;
+};
+
+// Puts other lists into the loaded map and returns its own.
+map_lists lists_exchange(const map_lists& lists) {
+    map_lists before = {game_map.states, game_map.transitions, stones, goals};
+    game_map.states = lists.states;
+    game_map.transitions = lists.transitions;
+    stones = lists.stones;
+    goals = lists.goals;
+    return before;
+}
+
+// Reads a text for the counts of its records alone; the loaded map stays as it is.
+map_lists records_count(str text) {
+    const i64 mark = arenas[arena_persistent].offset;
+    const map_settings settings_before = settings;
+    const map_record map_before = game_map;
+    const map_lists lists_before = lists_exchange({});
+    map_lists counted = {};
+    text_cursor cursor = {text.data, text.length, 0};
+    while (cursor.position < cursor.size) {
+        read_line(cursor);
+        counted.states.count += game_map.states.count;
+        counted.transitions.count += game_map.transitions.count;
+        counted.stones.count += stones.count;
+        counted.goals.count += goals.count;
+        map_clear();
+    }
+    lists_exchange(lists_before);
+    game_map = map_before;
+    settings = settings_before;
+    arena_rewind(arena_persistent, mark);
+    return counted;
+}
+
+// Bytes of the block that the text will lie in.
+i64 text_capacity_for(str text) {
+    return text.length <= game_map.text_capacity
+               ? text.length
+               : std::max(text.length, 2 * game_map.text_capacity);
+}
+
+// Bytes of the block that a list needs to hold `count` elements.
+template <typename element>
+i64 list_growth(const dyn_array<element>& list, i64 count) {
+    i64 size = sizeof(element);
+    return count <= list.capacity ? 0 : std::max(count, 2 * list.capacity) * size;
+}
+
+// Whether the arena has room for the map of a text that lies in it already. The records of a large
+// one are counted for that.
+bool map_fits(str text, map_lists& counted) {
+    const i64 room = arena_room(arena_persistent) - room_for_play;
+    if (text.length <= room / growing_records_per_byte) {
+        return true;
+    }
+    counted = records_count(text);
+    const dyn_array<u8> nimbers = {game_map.nimbers, 0, game_map.nimber_capacity, arena_persistent};
+    const i64 needed =
+        list_growth(game_map.states, counted.states.count) +
+        list_growth(game_map.transitions, counted.transitions.count) +
+        list_growth(stones, counted.stones.count) + list_growth(goals, counted.goals.count) +
+        list_growth(nimbers, counted.states.count) + text_capacity_for(text) - text.length;
+    return needed <= std::max(room, i64{0});
+}
+
 // Moves a text that was read into a new block at `mark` into the block of the map before, whose
 // rules are gone, so that loading maps again and again needs no new memory.
 str text_settle(str text, i64 mark) {
     arena_rewind(arena_persistent, mark);
     if (text.length > game_map.text_capacity) {
-        i64 room = arena_room(arena_persistent);
-        game_map.text_capacity = std::min(std::max(text.length, 2 * game_map.text_capacity), room);
+        game_map.text_capacity = text_capacity_for(text);
         game_map.text = static_cast<char*>(arena_alloc(arena_persistent, game_map.text_capacity));
     }
     if (text.length > 0) {
@@ -169,11 +245,18 @@ void map_read(str text) {
 void map_load(str path) {
     i64 mark = arenas[arena_persistent].offset;
     str text;
-    if (!file_read_all(path, text)) {
+    map_lists counted = {};
+    if (!file_read_all(path, text) || !map_fits(text, counted)) {
+        arena_rewind(arena_persistent, mark);
         message_write({"failed to load map: ", path, "\n"});
         return;
     }
     map_work_keep();
-    map_read(text_settle(text, mark));
+    text = text_settle(text, mark);
+    dyn_array_reserve(game_map.states, counted.states.count);
+    dyn_array_reserve(game_map.transitions, counted.transitions.count);
+    dyn_array_reserve(stones, counted.stones.count);
+    dyn_array_reserve(goals, counted.goals.count);
+    map_read(text);
     map_work_is_saved(path);
 }

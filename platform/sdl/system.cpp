@@ -1,7 +1,6 @@
 #include "platform/system.h"
 
 #include <SDL.h>
-#include <signal.h>
 
 #include <chrono>
 #include <csignal>
@@ -15,9 +14,7 @@ void system_init(u32, f64) {
     std::signal(SIGXFSZ, SIG_IGN);
     SDL_Init(SDL_INIT_EVENTS);
     // SDL takes SIGTERM for the window being closed; the end of the session means the same.
-    struct sigaction terminated = {};
-    sigaction(SIGTERM, nullptr, &terminated);
-    sigaction(SIGHUP, &terminated, nullptr);
+    std::signal(SIGHUP, [](int) { std::raise(SIGTERM); });
 }
 
 void system_release() {

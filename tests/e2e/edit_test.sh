@@ -6,15 +6,6 @@
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 source tests/e2e/screens.sh
 
-# Waits until everything sent so far was taken: the help comes and goes, seen at a place where it
-# darkens the board or the panel of a menu.
-settle() {
-    keys F1
-    pixel_wait 890 300 "0 0 16" 16
-    keys F1
-    pixel_wait_not 890 300 "0 0 16" 16
-}
-
 # Clicks at an offset from the window's centre, y upwards.
 click_at() {
     click $((512 + $1)) $((416 - $2)) "${3:-1}"

@@ -28,6 +28,15 @@ push() {
     click ${buttons[$1]}
 }
 
+# Waits until everything sent so far was taken: the help comes and goes, seen at a place where it
+# darkens the board or the panel of a menu.
+settle() {
+    keys F1
+    pixel_wait 890 300 "0 0 16" 16
+    keys F1
+    pixel_wait_not 890 300 "0 0 16" 16
+}
+
 # Moves the mouse off everything that it would light up.
 mouse_aside() {
     mouse_move 512 150

@@ -136,6 +136,27 @@ TEST_F(reader_test, LoadingAgainNeedsNoNewMemory) {
     EXPECT_EQ(string_of(game_map.transitions[0].rule), "a");
 }
 
+TEST_F(reader_test, AMapThatMemoryCannotHoldChangesNothing) {
+    file_put("map", turing_example);
+    map_load("map");
+    std::string before = lists_text() + settings_text();
+    std::string states = "win 1\n";
+    for (i64 i = 0; i < 100'000; ++i) {
+        states += ". 0 0\n";
+    }
+    file_put("states", states);
+    arena& memory = arenas[arena_persistent];
+    const i64 left_for_play = i64{16} * 1024 * 1024;
+    memory.capacity = memory.offset + left_for_play + 3'000'000;  // 24 bytes each, and the text
+    EXPECT_EQ(output_of([] { map_load("states"); }), "failed to load map: states\n");
+    EXPECT_EQ(lists_text() + settings_text(), before);
+    memory.capacity += 300'000;
+    for (i64 loads = 0; loads < 10; ++loads) {
+        EXPECT_EQ(output_of([] { map_load("states"); }), "");
+        EXPECT_EQ(game_map.states.count, 100'000);
+    }
+}
+
 TEST_F(reader_test, NimbersAreComputedForStateMachinesOnly) {
     machine_kind = state_machine;
     map_read(". 0 0\n. 1 0\n=> 0 1 0\n");

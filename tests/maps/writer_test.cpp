@@ -208,6 +208,12 @@ TEST_F(save_test, AMapThatIsReplacedByAnotherOneIsKept) {
     EXPECT_EQ(kept_text(), std::string("old.pushdown: old\nold.pushdown: ") + pushdown_map + "\n");
 }
 
+TEST_F(save_test, AFileThatCannotBeKeptIsNotReplaced) {
+    file_put("kept", "in the way");
+    EXPECT_NE(save("old").find("failed to save map"), std::string::npos);
+    EXPECT_EQ(file_get("custom_pushdown_machines/old"), "old");
+}
+
 TEST_F(save_test, AMapTooLargeToBeReadAgainIsNotWritten) {
     std::string rule(text_file_limit, 'A');
     game_map.transitions[0].rule = str_of(rule);

@@ -1,0 +1,145 @@
+#!/usr/bin/env bash
+# The slips that could cost a player's work, on the real program: after each one the work is in its
+# file or in kept/.
+
+source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
+source tests/e2e/screens.sh
+
+player="$work/player"
+folder="$player/custom_pushdown_machines"
+list="$player/resources/pushdown_maps.txt"
+
+# From the title menu: the editor with a map of one state, whose line makes it known again.
+edit_new() {
+    push editor
+    pixel_wait 512 8 "$band"
+    column=$((${column:-0} + 32))
+    keys r # ctrl+s moved the camera
+    mouse_move $((320 + column)) 288
+    keys 1
+    settle
+    state=". $((column - 192)) 128"
+}
+
+# Saves under a name given by keys.
+save() {
+    keys ctrl+s "$@" Return
+    settle
+}
+
+kept_has() {
+    grep -qx "$1" "$player/kept/"* 2>/dev/null
+}
+
+expect_kept() {
+    wait_until kept_has "$1"
+    say "kept: $1"
+}
+
+# Whether the list has that many lines.
+list_has() {
+    [ "$(wc -l <"$list")" -eq "$1" ]
+}
+
+display_start
+player_make
+mkdir "$player/maps"
+printf '# the base\nmap 0 0 128\n. 0 0\n' >"$player/maps/base"
+{
+    echo 'base maps/base'
+    seq -f 'number_%08g maps/base' 230000
+} >"$list"
+game_start 1024x832
+wait_until title_is_shown
+
+say "Escape, also while something is typed"
+edit_new
+keys Escape
+wait_until title_is_shown
+expect_kept "$state"
+edit_new
+keys ctrl+s a
+keys Escape
+wait_until title_is_shown
+expect_kept "$state"
+
+say "opening another map"
+edit_new
+keys ctrl+o
+settle
+expect_kept "$state"
+
+say "deleting a map"
+click 816 752
+wait_until test ! -e "$player/maps/base"
+expect_kept "# the base"
+wait_until list_has 230000
+for _ in 1 2; do
+    keys Escape
+    settle
+done
+
+say "saving under a name of the same file; an unchanged map is not kept again"
+edit_new
+save a minus
+earlier=$state
+keys Escape
+wait_until title_is_shown
+edit_new
+save a underscore
+expect_kept "$earlier"
+grep -qx "$state" "$folder/a_" || fail "a_ was not saved"
+keys Escape
+wait_until title_is_shown
+wait_until list_has 230002
+! kept_has "$state" || fail "a saved map was kept"
+
+say "a full disk and folders that vanish"
+edit_new
+prlimit --pid "$game" --fsize=0:
+save b
+prlimit --pid "$game" --fsize=unlimited:
+[ ! -e "$folder/b" ] || fail "a file stayed on the full disk"
+rm -r "$folder" "$player/kept"
+kill -XFSZ "$game"
+save b
+grep -qx "$state" "$folder/b" || fail "b was not saved"
+keys Escape
+wait_until title_is_shown
+
+for ending in TERM HUP window; do
+    say "the end by $ending"
+    edit_new
+    if [ "$ending" = window ]; then
+        keys alt+shift+c
+    else
+        kill "-$ending" "$game"
+    fi
+    game_ends_with 0
+    expect_kept "$state"
+    game_start 1024x832
+    wait_until title_is_shown
+done
+
+say "two games at once"
+edit_new
+first=$game
+first_display=$DISPLAY
+first_window=$window
+first_virtual_display=$virtual_display
+virtual_display_start "$screen_size"
+pids+=("$first_virtual_display")
+trap clean_up EXIT
+output="$work/second"
+game_start 1024x832
+wait_until title_is_shown
+edit_new
+save c
+DISPLAY=$first_display window=$first_window save d
+for name in b c d; do
+    grep -qx "$name custom_pushdown_machines/$name" "$list" || fail "$name is not on the list"
+done
+wait_until list_has 230005
+kill "$first" "$game"
+game_ends_with 0
+game=$first game_ends_with 0
