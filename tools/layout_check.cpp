@@ -8,6 +8,7 @@
 #include "platform/headless/headless.h"
 #include "render/renderer.h"
 #include "render/view.h"
+#include "tools/map_check.h"
 #include "tools/shapes.h"
 
 namespace {
@@ -25,7 +26,7 @@ constexpr f64 tolerance = 0.5;
 struct drawn_arc {
     const transition& arc;
     std::string name;
-    std::vector<shape> lines;  // shaft and head of an arrow, or the ring of a loop
+    std::vector<shape> lines;  // shaft and head of an arrow, or the ring of a loop; not a caption's
     shape label;               // empty without one
     point ring_centre;         // of a loop
 };
@@ -67,7 +68,8 @@ std::string arc_name(std::size_t index, const transition& arc) {
            std::to_string(arc.to) + ")";
 }
 
-drawn_arc arc_draw(std::size_t index, const transition& arc) {
+drawn_arc arc_draw(std::size_t index) {
+    const transition& arc = game_map.transitions[static_cast<i64>(index)];
     std::vector<gpu_draw> draws =
         draws_of([&] { transition_draw(on_board, arc, transition_tint); });
     drawn_arc drawn = {arc, arc_name(index, arc), {}, {}, {}};
@@ -80,6 +82,9 @@ drawn_arc arc_draw(std::size_t index, const transition& arc) {
         drawn.lines.push_back(placed(draws[0], unit_quad));
         drawn.lines.push_back(placed(draws[1], arrow_tip));
         used = 2;
+    }
+    if (is_caption(static_cast<i64>(index))) {
+        drawn.lines.clear();
     }
     std::vector<shape> glyphs;
     for (; used < draws.size(); ++used) {
@@ -105,9 +110,8 @@ drawn_board board_draw() {
         board.states.push_back(state_shape(s));
     }
     for (i64 t = 0; t < game_map.transitions.count; ++t) {
-        const transition& arc = game_map.transitions[t];
-        if (transition_exists(arc)) {
-            board.arcs.push_back(arc_draw(static_cast<std::size_t>(t), arc));
+        if (transition_exists(game_map.transitions[t])) {
+            board.arcs.push_back(arc_draw(static_cast<std::size_t>(t)));
         }
     }
     return board;
@@ -175,7 +179,7 @@ void lines_check(const drawn_board& board, std::size_t index, remarks& found) {
             found.push_back(drawn.name + " overlaps " + board.arcs[other].name);
         }
     }
-    if (is_loop(drawn) && !rectangle_holds(board.view, drawn.lines[0])) {
+    if (is_loop(drawn) && !drawn.lines.empty() && !rectangle_holds(board.view, drawn.lines[0])) {
         found.push_back(drawn.name + " leaves the window or lies under a band");
     }
 }

@@ -30,7 +30,7 @@ constexpr line_form forms[] = {
     {"win ",   "i",    "",    0, of_all,                  of_all},
     {"deck ",  "iiii", "",    0, of_pushdown | of_turing, of_pushdown | of_turing},
     {"hand ",  "i",    "",    0, of_pushdown,             of_pushdown},
-    {"tape ",  "i",    "",    0, of_turing,               of_turing},
+    {"tape ",  "i",    "",    0, of_pushdown | of_turing, of_turing},
     {"goal ",  "iii",  "iii", 2, of_turing,               0},
     {"stone ", "i",    "",    0, of_all,                  0},
     {"* ",     "rr",   "",    0, of_all,                  0},

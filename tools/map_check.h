@@ -2,10 +2,16 @@
 
 // What is wrong or doubtful in the loaded map, asked of the game's own rules.
 
+#include "base/types.h"
 #include "tools/remarks.h"
 
-// Names missing states, states that no stone can reach, a transition that stands behind another one
-// between the same states, a win mode that nobody can meet, and by family:
+// Whether the transition only carries words onto the board: its text has a "%", so that it is no
+// rule, and it lies exactly behind an earlier one. Turing machines have none, for a computer seat
+// may take every transition there.
+bool is_caption(i64 index);
+
+// Names missing states, states that no stone can reach, a transition but a caption that stands
+// behind another one between the same states, a win mode that nobody can meet, and by family:
 //   state machines: unknown nimbers, sinks that do not accept, ways in which the last mover may
 //     not win;
 //   pushdown machines: rules that do not parse or never match a card of the deck, a start at which

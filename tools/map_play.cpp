@@ -2,22 +2,29 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <set>
 
 #include "base/arena.h"
 #include "game/turn_update.h"
 #include "maps/model.h"
+#include "rules/cards.h"
 #include "rules/deal.h"
 #include "rules/random.h"
+#include "rules/rule.h"
 #include "rules/selection.h"
+#include "rules/turns.h"
 
 namespace {
 
-void seats_make(const std::vector<strength_value>& strengths) {
+// A human draws in one of so many turns although a card fits.
+constexpr u64 draw_instead = 5;
+
+void seats_make(const std::vector<i64>& kinds) {
     players.count = 0;
-    for (strength_value strength : strengths) {
+    for (i64 kind : kinds) {
         player seat;
-        seat.is_computer = 1;
-        seat.strength = strength;
+        seat.is_computer = kind != human_seat;
+        seat.strength = seat.is_computer ? static_cast<u64>(kind) : strength_easy;
         dyn_array_push(players, seat);
     }
     player_count = players.count;
@@ -34,6 +41,55 @@ void stones_put_back(const stone_places& places) {
     }
 }
 
+// Adds the selections that move a stone along the transition, one for each card that may be played.
+void selections_add(u16 index, std::vector<selection_record>& selections) {
+    const transition& arc = game_map.transitions[index];
+    if (machine_kind != pushdown_machine) {
+        selections.push_back({arc.from, arc.to, index, no_card});
+        return;
+    }
+    const dyn_array<card>& hand = current_seat().hand;
+    for (i64 i = 0; i < hand.count; ++i) {
+        if (rule_matches(arc.rule, hand[i])) {
+            selections.push_back({arc.from, arc.to, index, i});
+        }
+    }
+}
+
+// Every move that a human can select now: only the first transition between two states can be.
+std::vector<selection_record> selections_find() {
+    std::vector<selection_record> selections;
+    std::set<std::pair<u16, u16>> seen;
+    for (i64 t = 0; t < game_map.transitions.count; ++t) {
+        const transition& arc = game_map.transitions[t];
+        if (transition_exists(arc) && seen.insert({arc.from, arc.to}).second &&
+            stone_find(arc.from) != no_index) {
+            selections_add(static_cast<u16>(t), selections);
+        }
+    }
+    return selections;
+}
+
+bool human_is_asked() {
+    return turn.winner == no_winner && !current_seat().is_computer && turn.move_timer <= 0;
+}
+
+// Selects a move for the next update, draws a card or ends the turn; false when none can be done.
+bool human_act() {
+    std::vector<selection_record> selections = selections_find();
+    bool may_draw = machine_kind == pushdown_machine && !turn.card_drawn && deck.cards.count > 0;
+    if (!selections.empty() && !(may_draw && random_below(draw_instead) == 0)) {
+        selection = selections[random_below(selections.size())];
+    } else if (may_draw) {
+        hand_draw();
+    } else if (turn.card_drawn && deck.cards.count > 0) {
+        turn_end();
+    } else {
+        return false;
+    }
+    return true;
+}
+
 enum update_result { turn_goes_on, turn_ended, game_stuck };
 
 // Runs one update and counts what it did. A seat that does nothing when it may act cannot move, and
@@ -48,13 +104,17 @@ update_result update_count(play_record& record) {
     if (was_moving) {
         return turn.move_timer <= 0 ? turn_ended : turn_goes_on;
     }
+    bool asked = human_is_asked();
+    if (asked && !human_act()) {
+        return game_stuck;
+    }
     bool moving = turn.move_timer > 0;
     bool passed_at_once = had_drawn && !turn.card_drawn;
     bool moved = flight.moving_stone != no_index;
     record.moves += moved ? 1 : 0;
     record.passes += passed_at_once || (moving && !moved) ? 1 : 0;
     record.draws += !had_drawn && turn.card_drawn ? 1 : 0;
-    if (!was_thinking && !moving && turn.card_drawn == had_drawn) {
+    if (!asked && !was_thinking && !moving && turn.card_drawn == had_drawn) {
         return game_stuck;
     }
     return passed_at_once ? turn_ended : turn_goes_on;
@@ -69,10 +129,13 @@ void game_play(play_record& record) {
         turns += result == turn_ended ? 1 : 0;
     }
     record.turns.push_back(turns);
-    if (turn.winner == no_winner) {
+    if (turn.winner != no_winner) {
+        record.wins[turn.winner] += 1;
+        record.at_once += turns == 1 ? 1 : 0;
+    } else if (current_seat().is_computer || result != game_stuck) {
         record.unfinished += 1;
     } else {
-        record.wins[turn.winner] += 1;
+        record.stuck += 1;
     }
 }
 
@@ -85,11 +148,10 @@ void progress_show(i64 done, i64 games) {
 
 }  // namespace
 
-play_record map_play(const std::vector<strength_value>& strengths, i64 games, u64 seed,
-                     bool progress) {
-    play_record record = {std::vector<i64>(strengths.size()), {}, 0, 0, 0, 0};
+play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, bool progress) {
+    play_record record = {std::vector<i64>(seats.size()), {}, 0, 0, 0, 0, 0, 0};
     const stone_places places(stones.begin(), stones.end());
-    seats_make(strengths);
+    seats_make(seats);
     random_seed(seed);
     for (i64 game = 0; game < games; ++game) {
         if (progress) {

@@ -1,6 +1,7 @@
 #pragma once
 
-// Whole games between computer seats on the loaded map, without a window.
+// Whole games on the loaded map, without a window, between computer seats and humans who play by
+// chance.
 
 #include <vector>
 
@@ -11,6 +12,10 @@
 // state machine can be moved any more.
 inline constexpr i64 turn_limit = 2'000;
 
+// A seat is a computer of a strength or a human, who makes any of the moves that the board offers a
+// human, draws a card instead now and then, and ends the turn when nothing else is left.
+inline constexpr i64 human_seat = strength_count;
+
 struct play_record {
     std::vector<i64> wins;   // by seat
     std::vector<i64> turns;  // of every game, in their order
@@ -18,12 +23,13 @@ struct play_record {
     i64 passes;  // turns without a move
     i64 draws;
     i64 unfinished;  // games given up
+    i64 stuck;    // games that ended before a human who could neither move, draw nor end the turn
+    i64 at_once;  // games won by their first turn
 };
 
-// Plays `games` games with one computer seat per strength, dealt from `seed`. With `progress` it
-// shows on the terminal how far it is.
-play_record map_play(const std::vector<strength_value>& strengths, i64 games, u64 seed,
-                     bool progress);
+// Plays `games` games with one seat for each of `seats`, a strength or `human_seat`, dealt from
+// `seed`. With `progress` it shows on the terminal how far it is.
+play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, bool progress);
 
 // The middle value, the lower one of two; 0 of none.
 i64 median(std::vector<i64> values);

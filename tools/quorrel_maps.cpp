@@ -30,28 +30,29 @@ namespace {
 
 constexpr const char* usage =
     "usage: quorrel_maps check FAMILY [--cyclic] FILE...\n"
-    "       quorrel_maps play FAMILY FILE --seats STRENGTH,... [--games N] [--seed S]\n"
+    "       quorrel_maps play FAMILY FILE --seats SEAT,... [--games N] [--seed S]\n"
     "\n"
-    "FAMILY is state, pushdown or turing; STRENGTH is easy, normal or hard, one for each of 1 to\n"
-    "6 seats.\n"
+    "FAMILY is state, pushdown or turing; SEAT is easy, normal, hard or human, one for each of 1
+    "
+    "to 6 seats. A human plays by chance what the board offers humans.
+    "
     "\n"
     "check names, one line each, what is wrong or doubtful in the maps; it is silent about good\n"
     "ones. --cyclic says that state machines are meant to have cycles.\n"
     "play plays N games (100) dealt from seed S (1); a game is given up after 2000 turns and when\n"
     "no stone of a state machine can move.\n"
     "\n"
-    "The exit status is 0 when all is well, 1 when a map is doubtful or a game was given up, and "
-    "2\n"
-    "when the arguments or a file cannot be read.\n";
+    "The exit status is 0 when all is well, 1 when a map is doubtful, a game was given up or a\n"
+    "human was stuck, and 2 when the arguments or a file cannot be read.\n";
 
 enum exit_status { all_well = 0, doubtful = 1, not_understood = 2 };
 
 using words = std::vector<std::string_view>;
 
 constexpr std::string_view family_names[] = {"state", "pushdown", "turing"};
-constexpr std::string_view strength_names[] = {"easy", "normal", "hard"};
+constexpr std::string_view seat_names[] = {"easy", "normal", "hard", "human"};
 static_assert(std::size(family_names) == machine_kind_count);
-static_assert(std::size(strength_names) == strength_count);
+static_assert(std::size(seat_names) == human_seat + 1);
 
 // The place of `name` among `names`, -1 when it is none of them.
 template <std::size_t count>
@@ -155,19 +156,19 @@ int check_command(machine_kind_value family, const words& arguments) {
 }
 
 struct play_options {
-    std::vector<strength_value> seats;
+    std::vector<i64> seats;
     i64 games = 100;
     u64 seed = 1;
 };
 
-bool seats_read(std::string_view list, std::vector<strength_value>& seats) {
+bool seats_read(std::string_view list, std::vector<i64>& seats) {
     while (true) {
         std::size_t comma = list.find(',');
-        i64 strength = name_find(strength_names, list.substr(0, comma));
-        if (strength < 0 || static_cast<i64>(seats.size()) == player_limit) {
+        i64 seat = name_find(seat_names, list.substr(0, comma));
+        if (seat < 0 || static_cast<i64>(seats.size()) == player_limit) {
             return false;
         }
-        seats.push_back(static_cast<strength_value>(strength));
+        seats.push_back(seat);
         if (comma == std::string_view::npos) {
             return true;
         }
@@ -191,10 +192,10 @@ f64 percent(i64 part, i64 whole) {
 }
 
 void record_print(const play_record& record, const play_options& options) {
+    i64 finished = std::max<i64>(1, options.games - record.unfinished - record.stuck);
     for (std::size_t seat = 0; seat < options.seats.size(); ++seat) {
-        std::printf(
-            "seat %zu %s: %.1f%% of wins\n", seat + 1, strength_names[options.seats[seat]].data(),
-            percent(record.wins[seat], std::max<i64>(1, options.games - record.unfinished)));
+        std::printf("seat %zu %s: %.1f%% of wins\n", seat + 1,
+                    seat_names[options.seats[seat]].data(), percent(record.wins[seat], finished));
     }
     std::printf(
         "turns: median %lld, longest %lld\n", static_cast<long long>(median(record.turns)),
@@ -203,6 +204,8 @@ void record_print(const play_record& record, const play_options& options) {
                 static_cast<long long>(record.moves), static_cast<long long>(record.passes),
                 static_cast<long long>(record.draws), static_cast<long long>(record.unfinished),
                 static_cast<long long>(options.games));
+    std::printf("won by the first turn %lld, stuck humans %lld\n",
+                static_cast<long long>(record.at_once), static_cast<long long>(record.stuck));
 }
 
 int play_command(machine_kind_value family, const words& arguments) {
@@ -226,7 +229,7 @@ int play_command(machine_kind_value family, const words& arguments) {
     play_record record =
         map_play(options.seats, options.games, options.seed, isatty(STDERR_FILENO) != 0);
     record_print(record, options);
-    return record.unfinished == 0 ? all_well : doubtful;
+    return record.unfinished + record.stuck == 0 ? all_well : doubtful;
 }
 
 int command_run(const words& arguments) {

@@ -76,6 +76,13 @@ TEST_F(checks_test, WhatTheRulesMakeDoubtfulIsNamed) {
          {"win mode: no state accepts, so nobody can win", "unknown nimbers: the map has a cycle"}},
         {pushdown_machine, "stone 0\n. 0 0\n=> 0 0 0 0 0 \"~(A,B)|!(TC)&1\"\n", {}},
         {pushdown_machine,
+         "stone 0\n. 0 0\n=> 0 0 9 0 0 \"A\"\n=> 0 0 9 0 0 \"hi %a\"\n=> 0 0 8 0 0 \"hi %a\"\n"
+         "=> 0 0 9 0 0 \"hi\"\n",
+         {"transition 2 (0 to 0) stands behind another one: humans cannot use it",
+          "transition 3 (0 to 0) stands behind another one: humans cannot use it",
+          "transition 2 (0 to 0) has a rule that does not parse",
+          "transition 3 (0 to 0) has a rule that does not parse"}},
+        {pushdown_machine,
          "stone 0\n. 0 0\n. 1 0\n. 2 0\n=> 0 1 0 0 0 \"~(A,B)\"\n=> 1 0 0 0 0 \"C\"\n"
          "=> 0 2 0 0 0 \"A&\"\n",
          {"no stone can reach state 2",

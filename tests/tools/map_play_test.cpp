@@ -46,6 +46,23 @@ TEST_F(map_play_test, DrawsAndPassesOfPushdownSeatsAreCounted) {
     EXPECT_EQ(stuck.passes, turn_limit);
 }
 
+TEST_F(map_play_test, AHumanIsStuckWhereTheBoardOffersNothing) {
+    map_make(pushdown_machine, ".", {{0, 0, "B"}, {0, 0, "A"}}, {0});
+    settings = {1, 1, 1, 3, 1, 0, win_immediate};  // the first transition hides the second one
+    play_record record = map_play({human_seat, human_seat}, 4, 1, false);
+    EXPECT_EQ(record.stuck, 4);
+    EXPECT_EQ(record.unfinished + record.moves + record.at_once, 0);
+    EXPECT_EQ(record.draws, 4);  // with the last card the deck is empty: the turn cannot end
+
+    map_make(pushdown_machine, ".", {{0, 0, "A"}}, {0});
+    settings.deck_copies = 9;
+    record = map_play({human_seat}, 40, 1, false);
+    EXPECT_EQ(record.stuck + record.unfinished, 0);
+    EXPECT_GT(record.draws, 0);
+    EXPECT_THAT(record.wins, ElementsAre(40));
+    EXPECT_THAT(record.at_once, testing::AllOf(testing::Gt(20), testing::Lt(40)));
+}
+
 TEST_F(map_play_test, ASeedPlaysTheSameGames) {
     map_make(pushdown_machine, "..", {{0, 1, "A|1"}, {1, 0, "!A"}, {0, 0, "b"}}, {0});
     auto play = [](u64 seed) {
