@@ -32,10 +32,8 @@ constexpr const char* usage =
     "usage: quorrel_maps check FAMILY [--cyclic] FILE...\n"
     "       quorrel_maps play FAMILY FILE --seats SEAT,... [--games N] [--seed S]\n"
     "\n"
-    "FAMILY is state, pushdown or turing; SEAT is easy, normal, hard or human, one for each of 1
-    "
-    "to 6 seats. A human plays by chance what the board offers humans.
-    "
+    "FAMILY is state, pushdown or turing; SEAT is easy, normal, hard or human, one for each of 1\n"
+    "to 6 seats. A human plays by chance what the board offers humans.\n"
     "\n"
     "check names, one line each, what is wrong or doubtful in the maps; it is silent about good\n"
     "ones. --cyclic says that state machines are meant to have cycles.\n"
