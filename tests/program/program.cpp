@@ -118,26 +118,10 @@ void program_test::begin_game(std::string_view kinds) {
     screens.title_menu_open = false;
 }
 
-bool frame() {
-    headless_forget_calls();
-    return program_frame();
-}
-
 void frames(i64 count) {
     for (i64 i = 0; i < count; ++i) {
         frame();
     }
-}
-
-void point_at(f64 x, f64 y) {
-    headless_mouse_move(centre().x + x, centre().y - y);
-}
-
-void click(f64 x, f64 y, u32 button) {
-    point_at(x, y);
-    headless_mouse_press(button);
-    headless_mouse_release(button);
-    frame();
 }
 
 bool key(u32 code) {

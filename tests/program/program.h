@@ -31,12 +31,7 @@ class program_test : public game_test {
     bool running = false;
 };
 
-// Runs one frame, whose calls are then the recorded ones; false when the program has to end.
-bool frame();
 void frames(i64 count);
-void point_at(f64 x, f64 y);
-// One click in one frame.
-void click(f64 x, f64 y, u32 button = mouse_left);
 // One frame in which the key goes down and up.
 bool key(u32 code);
 // The button with that label, which must be drawn on the next frame.

@@ -9,12 +9,12 @@
 #include <string_view>
 #include <vector>
 
-#include "base/colour.h"
 #include "platform/headless/headless.h"
+#include "render/colour.h"
 #include "render/pictures.h"
 #include "render/renderer.h"
-#include "render/view.h"
 #include "tests/support/game.h"
+#include "tests/support/screen.h"
 
 // Starts every test inside a frame of 1024 by 832 pixels with calls recorded, made-up pictures and
 // a monospaced font: cells of 13 by 32 pixels at size 256, one for each byte.
@@ -25,9 +25,11 @@ class draw_test : public game_test {
 
 bool operator==(const colour& a, const colour& b);
 
-struct point {
-    f64 x;
+struct box {
+    f64 x;  // of the lower-left corner
     f64 y;
+    f64 width;
+    f64 height;
 };
 
 struct drawn_picture {

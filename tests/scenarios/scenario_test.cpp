@@ -1,0 +1,331 @@
+// Replays tests/scenarios/*.scenario: acts of a player, each line followed by what it changed.
+//
+// A line that begins with '>' holds acts, one that begins with '|' belongs to the file that the act
+// before it writes, '#' is a comment. The indented lines were recorded: what was said, what changed
+// in the game and the map, and what is drawn now (+) or no longer (-). After '>>' nothing is. With
+// QUORREL_RECORD set they are written anew, for a person to read the difference.
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <map>
+#include <sstream>
+
+#include "maps/catalogue.h"
+#include "maps/writer.h"
+#include "render/camera.h"
+#include "render/goal_text.h"
+#include "rules/cards.h"
+#include "rules/screens.h"
+#include "rules/selection.h"
+#include "tests/support/screen.h"
+
+namespace {
+
+using lines = std::vector<std::string>;
+
+constexpr const char* scenarios_folder = QUORREL_SOURCE_DIR "/tests/scenarios/";
+
+// One act with the comments before it, the lines of its file and the recorded lines after it.
+struct step {
+    std::string comments, written, acts, file, recorded;
+};
+
+lines lines_of(const std::string& text) {
+    std::istringstream in(text);
+    lines all;
+    for (std::string line; std::getline(in, line);) {
+        all.push_back(line);
+    }
+    return all;
+}
+
+std::vector<step> steps_read(const std::string& text) {
+    std::vector<step> steps;
+    std::string comments;
+    for (const std::string& line : lines_of(text)) {
+        if (line.starts_with('#') || line.empty()) {
+            comments += line + "\n";
+        } else if (line.starts_with('>')) {
+            steps.push_back(
+                {comments, line + "\n", line.substr(line.find_first_not_of("> ")), "", ""});
+            comments = "";
+        } else if (line.starts_with('|')) {
+            steps.back().written += line + "\n";
+            steps.back().file += line.substr(std::min<std::size_t>(2, line.size())) + "\n";
+        } else {
+            steps.back().recorded += line + "\n";
+        }
+    }
+    return steps;
+}
+
+std::string number_text(f64 value) {
+    return (std::ostringstream() << std::round(value * 100) / 100).str();
+}
+
+std::string goal_text_of(const goal& g) {
+    char bytes[goal_text_capacity];
+    text_buffer text = {bytes, goal_text_capacity, 0, 0};
+    goal_text_put(text, g);
+    return string_of(text_buffer_text(text));
+}
+
+std::string index_text(i64 index, i64 none) {
+    return index == none ? " -" : " " + std::to_string(index);
+}
+
+std::string seats_text() {
+    const char* const strengths[] = {"easy", "normal", "hard"};
+    std::string text;
+    for (const player& seat : players) {
+        text += (seat.is_computer ? strengths[seat.strength] : std::string("human")) + " ";
+        text += "ABCDEF"[seat.colour_index] + std::string(" ");
+    }
+    return text;
+}
+
+std::string turn_text() {
+    return "seat" + index_text(turn.current_player, -1) + (turn.turn_revealed ? " revealed" : "") +
+           (turn.card_drawn ? " drawn" : "") + (turn.move_timer > 0 ? " moving" : "") +
+           (turn.think_timer > 0 ? " thinking" : "") + " winner" +
+           index_text(turn.winner, no_winner);
+}
+
+// What an act may change beside the picture, by name.
+std::map<std::string, std::string> facts_now() {
+    std::map<std::string, std::string> facts;
+    facts["screen"] = screens.title_menu_open     ? "title"
+                      : screens.player_setup_open ? "seats"
+                      : screens.map_list_open     ? "maps"
+                      : screens.editor_open       ? "editor"
+                                                  : "game";
+    facts["running"] = app.running ? "yes" : "no";
+    facts["seats"] = seats_text();
+    facts["deck"] = pile_text(deck.cards);
+    facts["discarded"] = pile_text(discard_pile.cards);
+    facts["tape"] = pile_text(tape) + " head" + index_text(tape_head, -1);
+    for (i64 i = 0; i < players.count; ++i) {
+        facts["hand" + index_text(i, -1)] = pile_text(players[i].hand);
+        facts["goal" + index_text(i, -1)] = goal_text_of(players[i].own_goal);
+    }
+    facts["turn"] = turn_text();
+    facts["selected"] = index_text(selection.selected_state, no_index) +
+                        index_text(selection.target_state, no_index) + " arc" +
+                        index_text(selection.selected_transition, no_index) + " card" +
+                        index_text(selection.selected_card, no_card);
+    facts["camera"] =
+        number_text(camera.x) + " " + number_text(camera.y) + " zoom " + number_text(camera.zoom);
+    facts["map list"] = std::to_string(selected_entry) + " of " + std::to_string(catalogue_count());
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(".")) {
+        std::string path = entry.path().string().substr(2);
+        if (entry.is_regular_file() && !path.ends_with(".png") && !path.ends_with("info.txt")) {
+            std::string content = file_get(path);
+            std::replace(content.begin(), content.end(), '\n', ';');
+            facts["file " + path] = content;
+        }
+    }
+    return facts;
+}
+
+lines map_lines() {
+    i64 mark = arenas[arena_persistent].offset;
+    text_builder map = {};
+    map_write(map);
+    lines written = lines_of(string_of(text_builder_text(map)));
+    arena_rewind(arena_persistent, mark);
+    return written;
+}
+
+// The lines that only one of the two has, each as often as there, behind a prefix.
+std::string lines_added(const lines& before, lines after, const std::string& prefix) {
+    for (const std::string& line : before) {
+        auto found = std::find(after.begin(), after.end(), line);
+        if (found != after.end()) {
+            after.erase(found);
+        }
+    }
+    std::string text;
+    for (const std::string& line : after) {
+        text += prefix + line + "\n";
+    }
+    return text;
+}
+
+// All of it in one line.
+std::string lines_removed(const lines& before, const lines& after, const std::string& prefix) {
+    std::string text = lines_added(after, before, "; ");
+    std::erase(text, '\n');
+    return text.empty() ? "" : prefix + text.substr(2) + "\n";
+}
+
+struct situation {
+    std::map<std::string, std::string> facts = facts_now();
+    lines map = map_lines();
+    lines picture = drawn_lines();
+};
+
+// The lines of `text` with those that begin with a button or a text drawn in rows, as on screen.
+std::string rows_joined(const std::string& text) {
+    std::string joined;
+    std::size_t width = 0;
+    for (const std::string& line : lines_of(text)) {
+        bool control = line.starts_with("  + [") || line.starts_with("  + \"");
+        bool fits = control && width > 0 && width + line.size() < 100;
+        joined += fits ? "; " + line.substr(4) : (joined == "" ? "" : "\n") + line;
+        width = !control ? 0 : fits ? width + line.size() - 2 : line.size();
+    }
+    return joined == "" ? "" : joined + "\n";
+}
+
+std::string changes_text(const situation& before, const situation& now, const std::string& said) {
+    std::string text = lines_added({}, lines_of(said), "  said: ");
+    for (const auto& [name, value] : now.facts) {
+        auto earlier = before.facts.find(name);
+        if (earlier == before.facts.end() || earlier->second != value) {
+            text += "  " + name + ": " + value + "\n";
+        }
+    }
+    for (const auto& [name, value] : before.facts) {
+        text += now.facts.contains(name) ? "" : "  no " + name + "\n";
+    }
+    return text + lines_removed(before.map, now.map, "  map - ") +
+           lines_added(before.map, now.map, "  map + ") +
+           lines_removed(before.picture, now.picture, "  - ") +
+           rows_joined(lines_added(before.picture, now.picture, "  + "));
+}
+
+u32 key_of(const std::string& name) {
+    const std::map<std::string, u32> codes = {
+        {"space", key_space}, {"enter", key_enter},   {"backspace", key_backspace},
+        {"ctrl", key_ctrl},   {"escape", key_escape}, {"shift", key_shift},
+        {"alt", key_alt},     {"delete", key_delete}, {"comma", key_comma},
+        {"f1", key_f1},       {"f3", key_f3},         {"f11", key_f11},
+        {"minus", key_minus}, {"slash", key_slash}};
+    auto found = codes.find(name);
+    return found != codes.end() ? found->second
+           : name[0] <= '9'     ? key_0 + static_cast<u32>(name[0] - '0')
+                                : key_a + static_cast<u32>(name[0] - 'a');
+}
+
+class scenario_test : public screen_test, public testing::WithParamInterface<std::string> {
+  protected:
+    // Runs the acts of one line; returns what they changed.
+    std::string play(const step& s) {
+        situation before;
+        std::string said = output_of([&] {
+            std::istringstream acts(s.acts);
+            for (std::string one; std::getline(acts >> std::ws, one, ';');) {
+                std::istringstream words(one);
+                std::string verb;
+                words >> verb;
+                act(verb, words, s.file);
+            }
+        });
+        return s.written.starts_with(">>") ? "" : changes_text(before, {}, said);
+    }
+
+  private:
+    void act(const std::string& verb, std::istringstream& words, const std::string& file) {
+        std::string word;
+        if (verb == "file") {
+            words >> word;
+            file_put(word, file);
+        } else if (verb == "start") {  // at this time
+            headless_set_time(static_cast<u64>(read(words)));
+            begin();
+            frame();
+        } else if (verb == "frames") {
+            for (f64 left = read(words); left > 0; --left) {
+                frame();
+            }
+        } else if (verb == "wait") {  // for that seat to have its turn
+            f64 seat = read(words);
+            for (i64 i = 0; i < 600 && (turn.current_player != seat || turn.move_timer > 0); ++i) {
+                frame();
+            }
+        } else if (verb == "key") {  // one frame each
+            while (words >> word) {
+                headless_key_press(key_of(word));
+                frame();
+            }
+        } else if (verb == "hold" || verb == "release") {
+            words >> word;
+            verb == "hold" ? headless_key_hold(key_of(word)) : headless_key_release(key_of(word));
+        } else if (verb == "wheel") {
+            headless_wheel(read(words));
+            frame();
+        } else if (verb == "close") {
+            headless_close_window();
+            frame();
+        } else {
+            mouse_act(verb, words);
+        }
+    }
+
+    // The left button "click"s, goes "down" or "up"; the "right" one clicks; or it just "point"s.
+    void mouse_act(const std::string& verb, std::istringstream& words) {
+        point place = place_read(words);
+        point_at(place.x, place.y);
+        u32 button = verb == "right" ? mouse_right : mouse_left;
+        if (verb == "click" || verb == "right" || verb == "down") {
+            headless_mouse_press(button);
+        }
+        if (verb == "click" || verb == "right" || verb == "up") {
+            headless_mouse_release(button);
+        }
+        EXPECT_TRUE(verb == "click" || verb == "right" || verb == "down" || verb == "up" ||
+                    verb == "point")
+            << verb;
+        frame();
+        if (verb == "click") {
+            frame();  // a button's screen is drawn one frame later
+        }
+    }
+
+    static f64 read(std::istringstream& words) {
+        f64 value = 0;
+        words >> value;
+        return value;
+    }
+
+    // Two numbers, or the label of a button.
+    static point place_read(std::istringstream& words) {
+        std::string label;
+        std::getline(words >> std::ws, label);
+        std::string button = drawn("[" + label + "]");
+        std::istringstream numbers(button == "" ? label : button.substr(label.size() + 2));
+        return {read(numbers), read(numbers)};
+    }
+};
+
+// Every file of the folder, by its name.
+std::vector<std::string> scenarios() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(scenarios_folder)) {
+        if (entry.path().extension() == ".scenario") {
+            names.push_back(entry.path().stem());
+        }
+    }
+    return names;
+}
+
+TEST_P(scenario_test, Changes) {
+    std::string path = std::string(scenarios_folder) + GetParam() + ".scenario";
+    std::string anew;
+    for (const step& s : steps_read(file_get(path))) {
+        std::string changed = play(s);
+        if (std::getenv("QUORREL_RECORD") == nullptr) {
+            EXPECT_EQ(changed, s.recorded) << s.acts;
+        }
+        anew += s.comments + s.written + changed;
+    }
+    if (std::getenv("QUORREL_RECORD") != nullptr) {
+        file_put(path, anew);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(all, scenario_test, testing::ValuesIn(scenarios()),
+                         [](const auto& named) { return named.param; });
+
+}  // namespace
