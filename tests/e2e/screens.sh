@@ -72,50 +72,6 @@ winner_is_shown() {
     notice_is_shown 616 "$1"
 }
 
-# Waits until the status lines show whose turn it is, by colour.
-turn_wait() {
-    pixel_wait 112 96 "${seat_shade[$1]}" 60
-}
-
-# Waits until the set-up shows a seat's colour: 0 is the first seat.
-seat_wait() {
-    pixel_wait 416 $((192 + 96 * $1)) "${seat_shade[$2]}" 60
-}
-
-# Switches a seat between human and computer.
-seat_switch() {
-    click 256 $((192 + 96 * $1))
-}
-
-# Clicks the set-up into a human, red, and a normal computer, blue, which never draws by chance.
-seats_choose() {
-    push seats_fewer
-    seat_switch 1
-    push second_seat_stronger
-    mouse_aside
-}
-
-seat_is_human() {
-    pixel_is 550 $((166 + 96 * $1)) "$panel"
-}
-
-seat_is_computer() {
-    ! seat_is_human "$1"
-}
-
-# Reads a map and puts it first in a family's list, as "duel".
-duel_add() {
-    local directory="custom_$1_machines"
-    mkdir -p "$work/player/$directory"
-    cat >"$work/player/$directory/duel"
-    sed -i "1i duel $directory/duel" "$work/player/resources/$1_maps.txt"
-}
-
-# The file of the first map that ships with a family.
-shipped_map() {
-    sed -n '1s/.* //p' "resources/$1_maps.txt"
-}
-
 # Prints where the board shows the states of a map file, and the colours seen there at its start.
 states_seen() {
     awk -v accepting="$accepting" -v plain="$plain" -v stone="$stone" '
@@ -137,26 +93,4 @@ board_wait() {
     while read -r x y colour; do
         pixel_wait "$x" "$y" "$colour" "$shading"
     done < <(states_seen "$1")
-}
-
-# From the set-up to a game on the first shipped map and back out of the program.
-shipped_map_visit() {
-    say "a map that ships is opened and drawn"
-    push seats_ok
-    push map_after
-    push map_play
-    mouse_aside
-    board_wait "$(shipped_map "$1")"
-    say "Escape walks back to the title menu and out"
-    keys Escape
-    wait_until seats_are_shown
-    push seats_ok
-    wait_until map_list_is_shown
-    keys Escape
-    wait_until seats_are_shown
-    keys Escape
-    wait_until title_is_shown
-    keys Escape
-    game_ends_with 0
-    [ ! -s "$output" ] || fail "the program had something to say"
 }

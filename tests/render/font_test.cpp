@@ -3,7 +3,7 @@
 #include <random>
 #include <sstream>
 
-#include "tests/support/draws.h"
+#include "tests/support/screen.h"
 
 namespace {
 

@@ -1,12 +1,13 @@
 #include "render/renderer.h"
-#include "render/pictures.h"
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 #include <sstream>
 
+#include "render/pictures.h"
 #include "render/sprites.h"
-#include "tests/support/draws.h"
+#include "tests/support/screen.h"
 
 namespace {
 
@@ -22,29 +23,68 @@ class renderer_test : public game_test {
     }
 };
 
-// Whether these calls were made in this order, others between them or not.
-bool are_made_in_order(std::initializer_list<gpu_op> ops) {
-    const gpu_op* next = ops.begin();
-    for (const gpu_call& call : headless_calls()) {
-        next += next != ops.end() && call.op == *next ? 1 : 0;
-    }
-    return next == ops.end();
+std::vector<gpu_call> calls_of(gpu_op op) {
+    std::vector<gpu_call> calls;
+    std::ranges::copy_if(headless_calls(), std::back_inserter(calls),
+                         [op](const gpu_call& call) { return call.op == op; });
+    return calls;
 }
 
-TEST_F(renderer_test, each_picture_gets_its_slot) {
+// The first numbers of every call of that kind, with blanks between them.
+std::string numbers_of(gpu_op op) {
+    std::string text;
+    for (const gpu_call& call : calls_of(op)) {
+        for (i64 number : call.numbers) {
+            text += std::to_string(number) + " ";
+        }
+        text += "; ";
+    }
+    return text;
+}
+
+TEST_F(renderer_test, EachPictureGetsItsSlot) {
     std::istringstream said(output_of(renderer_init));
     std::map<u32, std::string> lines;  // handles count up from 1 in the order of loading
     while (std::getline(said, lines[static_cast<u32>(lines.size()) + 1])) {}
-    const std::pair<texture_slot, const char*> rows[] = {
-        {texture_circle, "circle"},       {texture_stack, "stack"},
-        {texture_player, "player"},       {texture_similarity, "similarity"},
-        {texture_gradient3, "gradient3"}, {texture_turing_machine, "turing_machine"}};
-    for (auto [slot, name] : rows) {
-        EXPECT_NE(lines[texture_set.textures[slot]].find(name), std::string::npos) << name;
+    const char* const names[] = {"circle",        "triangle",   "square",        "pentagon",
+                                 "hexagon",       "star",       "white",         "eye",
+                                 "stack",         "similarity", "gradient1",     "gradient2",
+                                 "gradient3",     "player",     "next_turn2",    "self_arrow",
+                                 "state_machine", "pushdown_m", "turing_machine"};
+    for (i64 slot = 0; slot < texture_slot_count; ++slot) {
+        EXPECT_NE(lines[texture_set.textures[slot]].find(names[slot]), std::string::npos)
+            << names[slot];
     }
+    // Clamped on both axes; with smaller copies, but for the target.
+    EXPECT_EQ(numbers_of(gpu_op::texture_parameter_wrap).substr(0, 16), "1 0 2 ; 1 1 2 ; ");
+    EXPECT_EQ(numbers_of(gpu_op::texture_parameter_filter).substr(0, 16), "1 3 5 ; 1 4 1 ; ");
+    EXPECT_TRUE(numbers_of(gpu_op::texture_parameter_filter).ends_with("1 3 0 ; 1 4 0 ; "));
+    EXPECT_EQ(calls_of(gpu_op::texture_generate_mipmap).size(), 19U);
 }
 
-TEST_F(renderer_test, a_shader_that_fails_ends_the_set_up) {
+// Corners with the picture's own corners, two triangles against the clock's hands.
+TEST_F(renderer_test, TheQuad) {
+    init();
+    std::vector<gpu_call> data = calls_of(gpu_op::buffer_data);
+    f32 corners[16];
+    ASSERT_EQ(data[0].bytes.size(), sizeof corners);
+    std::memcpy(corners, data[0].bytes.data(), sizeof corners);
+    for (int i = 0; i < 16; i += 4) {
+        EXPECT_EQ(corners[i], corners[i + 2]);
+        EXPECT_EQ(corners[i + 1], corners[i + 3]);
+    }
+    auto corner = [&](int place) { return corners + 4 * data[1].bytes[static_cast<u8>(place)]; };
+    ASSERT_EQ(data[1].bytes.size(), 6U);
+    for (int t : {0, 3}) {
+        const f32 *a = corner(t), *b = corner(t + 1), *c = corner(t + 2);
+        EXPECT_EQ((b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]), 1) << t;
+    }
+    EXPECT_EQ(numbers_of(gpu_op::attribute_format), "0 2 6 0 16 0 ; 1 2 6 0 16 8 ; ");
+    EXPECT_EQ(numbers_of(gpu_op::attribute_enable), "0 1 ; 1 1 ; ");
+    EXPECT_EQ(numbers_of(gpu_op::buffer_bind), "0 1 ; 1 2 ; ");
+}
+
+TEST_F(renderer_test, AShaderThatFailsEndsTheSetUp) {
     const struct {
         u32 nth;
         std::string message;
@@ -62,7 +102,11 @@ TEST_F(renderer_test, a_shader_that_fails_ends_the_set_up) {
     }
 }
 
-TEST_F(renderer_test, frame_buffer_errors) {
+TEST_F(renderer_test, ARebuiltTargetReplacesTheOldOne) {
+    init();
+    i64 textures = headless_live_objects(gpu_op::texture_create);
+    headless_forget_calls();
+    render_target.width = 1920;
     for (auto [status, said] : {std::pair{0U, ""},
                                 {1U, "frame buffer error: undefined\n"},
                                 {8U, "frame buffer error: unsupported\n"},
@@ -70,51 +114,44 @@ TEST_F(renderer_test, frame_buffer_errors) {
         headless_set_frame_buffer_status(status);
         EXPECT_EQ(output_of(render_target_rebuild), said);
     }
-}
-
-TEST_F(renderer_test, a_rebuilt_target_replaces_the_old_one) {
-    init();
-    i64 textures = headless_live_objects(gpu_op::texture_create);
-    headless_forget_calls();
-    render_target.width = 1920;
-    render_target_rebuild();
     EXPECT_EQ(headless_live_objects(gpu_op::texture_create), textures);
     EXPECT_EQ(headless_live_objects(gpu_op::frame_buffer_create), 1);
-    EXPECT_TRUE(are_made_in_order({gpu_op::texture_image_2d, gpu_op::frame_buffer_bind,
-                                   gpu_op::frame_buffer_texture, gpu_op::frame_buffer_get_status,
-                                   gpu_op::frame_buffer_unbind}));
-    for (const gpu_call& call : headless_calls()) {
-        if (call.op == gpu_op::texture_image_2d) {
-            EXPECT_EQ((std::vector(&call.numbers[3], &call.numbers[5])),
-                      (std::vector<i64>{1920, 832}));
-        }
-    }
+    EXPECT_EQ(calls_of(gpu_op::texture_image_2d)[0].numbers[3], 1920);
+    std::string texture = std::to_string(render_target.texture);
+    EXPECT_TRUE(numbers_of(gpu_op::frame_buffer_texture).ends_with("0 3 0 " + texture + " 0 ; "));
 }
 
-TEST_F(renderer_test, a_frame_begins_in_the_target_and_ends_in_the_window) {
+TEST_F(renderer_test, AFrameBeginsInTheTargetAndEndsInTheWindow) {
     init();
     headless_forget_calls();
     render_frame_begin();
     box_fill({0, 0, 1, 1}, colour_white);
     render_frame_end();
-    EXPECT_TRUE(are_made_in_order(
-        {gpu_op::vertex_array_bind, gpu_op::frame_buffer_bind, gpu_op::pipeline_blend_enable,
-         gpu_op::pipeline_viewport, gpu_op::pipeline_clear_color, gpu_op::pipeline_clear,
-         gpu_op::draw_elements, gpu_op::pipeline_blend_enable, gpu_op::frame_buffer_unbind,
-         gpu_op::pipeline_clear_color, gpu_op::pipeline_clear, gpu_op::draw_elements}));
     gpu_draw inside = headless_draws().at(0);
+    gpu_draw last = headless_draws().at(1);
     EXPECT_EQ(inside.frame_buffer, render_target.frame_buffer);
     EXPECT_EQ(inside.program, simple_shader.program);
-    gpu_draw last = headless_draws().at(1);
     EXPECT_EQ(last.frame_buffer, 0U);
     EXPECT_EQ(last.program, gamma_shader.program);
     EXPECT_EQ(last.texture, render_target.texture);
-    EXPECT_EQ(std::min(inside.gamma, last.gamma), 2.2f);
-    EXPECT_EQ(window_point_of(last, 0, 0).y, 0);
-    EXPECT_EQ(window_point_of(last, 1, 1).x, 1024);
+    EXPECT_EQ(inside.gamma, 2.2f);
+    EXPECT_EQ(last.gamma, 2.2f);
+    EXPECT_EQ(place_of(last, 0, 0).y, -416);
+    EXPECT_EQ(place_of(last, 1, 1).x, 512);
+    EXPECT_EQ(place_of(last, 1, 1).y, 416);
+    EXPECT_EQ(numbers_of(gpu_op::pipeline_blend_enable), "1 ; 0 ; ");
+    EXPECT_EQ(numbers_of(gpu_op::pipeline_viewport), "0 0 1024 832 ; 0 0 1024 832 ; ");
+    EXPECT_EQ(numbers_of(gpu_op::draw_elements), "4 0 0 6 0 1 ; 4 0 0 6 0 1 ; ");
+    for (const gpu_call& call :
+         calls_of(gpu_op::shader_uniform_matrix4fa)) {  // one, not transposed
+        EXPECT_EQ(call.numbers[1] * 10 + call.numbers[2], 10);
+    }
+    std::vector<gpu_call> colours = calls_of(gpu_op::pipeline_clear_color);
+    EXPECT_EQ(colours.at(0).reals, (std::vector<f32>{0, 0, 0.2f, 1}));
+    EXPECT_EQ(colours.at(1).reals, (std::vector<f32>{1, 0, 1, 1}));
 }
 
-TEST_F(renderer_test, release_leaves_nothing) {
+TEST_F(renderer_test, ReleaseLeavesNothing) {
     file_put("resources/white.png", "");
     file_put("resources/font_info.txt", "i white.png");
     init();

@@ -123,69 +123,26 @@ TEST_F(turns_test, TheTurnPassesAndIsRevealed) {
     }
 }
 
-TEST_F(turns_test, AWinnerKeepsTheTurnUntilSpaceRestarts) {
-    board_make(pushdown_machine, "H0");
-    settings.win_mode = win_immediate;
-    map_add_transition(0, 0, 0, 0, 0, "*");
-    for (i64 left : {2, 1, 0}) {
-        EXPECT_EQ(turn.winner, no_winner);
-        EXPECT_EQ(players[0].hand.count, left + 1);
-        turn.current_player = 0;
-        selection = {0, 0, 6, 0};
+TEST_F(turns_test, AWinnerStopsTheComputersAndSpaceRestarts) {
+    board_make(state_machine, "H0");
+    for (i8 seat : {i8{1}, i8{0}}) {
+        turn.winner = 0;
+        turn.current_player = seat;
+        const std::string before = game_text();
         turn_update();
-        move_finish();
+        EXPECT_EQ(game_text(), before);
     }
-    EXPECT_EQ(turn.winner, 0);
-    EXPECT_EQ(turn.current_player, 0);
-    turn.current_player = 1;  // a computer seat does not act any more
-    const std::string before = game_text();
-    turn_update();
-    EXPECT_EQ(game_text(), before);
     update_with(key_space);
     EXPECT_EQ(turn.winner, no_winner);
-    EXPECT_EQ(players[0].hand.count, 8);
+    turn.turn_revealed = false;
+    turn.current_player = 1;
+    turn.think_timer = 1;
+    update_with(key_space);  // a computer's turn is not taken up
+    EXPECT_FALSE(turn.turn_revealed);
 }
 
-TEST_F(turns_test, KeysOfTheGame) {
-    // clang-format off
-    struct {
-        u32 key;
-        bool shift;
-        f64 move_timer;
-        i8 seat;
-        bool nimbers, revealed;  // after that key
-    } const rows[] = {
-        {key_n, false, 0, 0, false, false}, {key_n, true, 0, 0, true, false},
-        {key_n, true, 0.5, 0, true, false}, {key_space, true, 0.5, 0, true, false},
-        {key_n, true, 0, 0, false, false}, {key_space, false, 0, 2, false, false},
-        {key_space, false, 0, 0, false, true},
-    };
-    // clang-format on
-    board_make(state_machine, "HH0");
-    for (const auto& row : rows) {
-        SCOPED_TRACE(&row - rows);
-        row.shift ? headless_key_hold(key_shift) : headless_key_release(key_shift);
-        turn.move_timer = row.move_timer;
-        turn.think_timer = 0.4;
-        turn.current_player = row.seat;
-        update_with(row.key);
-        EXPECT_EQ(turn.show_nimbers, row.nimbers);
-        EXPECT_EQ(turn.turn_revealed, row.revealed);
-    }
-}
-
-TEST_F(turns_test, AComputerSeatThinksBeforeItActs) {
+TEST_F(turns_test, AComputerSeatWaitsForTheMoveThatIsShown) {
     board_make(state_machine, "0");
-    turn.think_timer = 0.4;
-    int updates = 0;
-    while (turn.move_timer <= 0 && updates < 100) {
-        turn_update();
-        updates += 1;
-    }
-    EXPECT_EQ(updates, 26);  // 25 steps of 1/60 s bring 0.4 s below 0
-
-    board_make(state_machine, "0");  // not while a move that it did not choose is shown
-    turn = {};
     selection = {0, 1, 0, no_card};
     random_state before = random_generator;
     turn_update();

@@ -107,7 +107,7 @@ std::map<std::string, std::string> facts_now() {
     facts["tape"] = pile_text(tape) + " head" + index_text(tape_head, -1);
     for (i64 i = 0; i < players.count; ++i) {
         facts["hand" + index_text(i, -1)] = pile_text(players[i].hand);
-        facts["goal" + index_text(i, -1)] = goal_text_of(players[i].own_goal);
+        facts["goal" + index_text(i, -1)] = goal_text_of(players[i].goal);
     }
     facts["turn"] = turn_text();
     facts["selected"] = index_text(selection.selected_state, no_index) +

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -167,6 +168,24 @@ std::string game_text() {
          << turn.think_timer << " drawn " << turn.card_drawn << " revealed " << turn.turn_revealed
          << " winner " << int{turn.winner} << "\n";
     return text.str();
+}
+
+void golden_check(const std::string& name,
+                  const std::function<std::string(const std::string&)>& answer) {
+    const std::string path = QUORREL_SOURCE_DIR "/tests/" + name + ".golden";
+    std::istringstream lines(file_get(path));
+    std::string anew;
+    i64 count = 0;
+    for (std::string line; std::getline(lines, line); ++count) {
+        std::size_t end = line.find(" => ");
+        std::string now = line.substr(0, end) + " => " + answer(line.substr(0, end));
+        EXPECT_TRUE(now == line || std::getenv("QUORREL_RECORD") != nullptr) << line << "\n" << now;
+        anew += now + "\n";
+    }
+    EXPECT_GT(count, 0) << path;
+    if (std::getenv("QUORREL_RECORD") != nullptr) {
+        file_put(path, anew);
+    }
 }
 
 i64 move_finish() {

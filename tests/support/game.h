@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -76,6 +77,11 @@ std::string pile_text(const dyn_array<card>& pile);
 
 // The whole game: stones, piles, tape with its head, hands, seat to move, timers, winner.
 std::string game_text();
+
+// Asks for the answer to each case of tests/NAME.golden, a file of lines "case => answer", and
+// expects the one that was recorded. With QUORREL_RECORD set the answers are written anew.
+void golden_check(const std::string& name,
+                  const std::function<std::string(const std::string&)>& answer);
 
 // Runs updates until no move is shown; returns how many it took.
 i64 move_finish();

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "maps/reader.h"
-#include "tests/support/draws.h"
+#include "tests/support/screen.h"
 #include "tools/layout_check.h"
 #include "tools/line_check.h"
 #include "tools/map_check.h"
@@ -11,8 +11,13 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-class checks_test : public draw_test {
+class checks_test : public screen_test {
   protected:
+    checks_test() {
+        begin();
+        frame();  // builds the camera's matrices
+    }
+
     void load(machine_kind_value family, const std::string& text) {
         file_put("map", text);
         settings = {};

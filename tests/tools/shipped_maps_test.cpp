@@ -6,14 +6,21 @@
 #include "game/turn_update.h"
 #include "maps/reader.h"
 #include "rules/deal.h"
-#include "tests/support/draws.h"
+#include "tests/support/screen.h"
 #include "tools/layout_check.h"
 #include "tools/line_check.h"
 #include "tools/map_check.h"
 
 namespace {
 
-using shipped_maps_test = draw_test;
+class shipped_maps_test : public screen_test {
+  protected:
+    shipped_maps_test() {
+        begin();
+        frame();  // builds the camera's matrices
+    }
+};
+
 using testing::IsEmpty;
 
 struct shipped_map {

@@ -1,0 +1,93 @@
+#!/usr/bin/env bash
+# A pushdown game against a computer from the title menu to the winner, then a map that ships, with
+# mouse and keyboard alone.
+
+source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
+source tests/e2e/screens.sh
+
+display_start
+player_make
+# All cards are alike and fit everywhere but on the way to the last state.
+mkdir -p "$work/player/maps"
+cat >"$work/player/maps/duel" <<'MAP'
+map 0 0 128
+win 0
+deck 20 1 1 1
+hand 2
+stone 0
+. -3 0
+. 1 0
+* 3 0
+=> 0 1 1 0 36 "A"
+=> 1 0 1 0 -36 "a"
+=> 0 2 12 0 120 "B"
+MAP
+sed -i '1i duel maps/duel' "$work/player/resources/pushdown_maps.txt"
+left="128 416" right="640 416" last="896 416"
+middle_card="512 752"                       # of an odd number
+first_card="440 752" second_card="584 752"  # of two
+beside_second="656 752"                     # which only its highlight covers
+discard_pile="640 80"
+
+say "the menus: one human, one computer that never draws by chance, the map's preview"
+game_start 1024x832
+wait_until title_is_shown
+push play_game
+wait_until seats_are_shown
+push seats_fewer
+seat_switch 1
+push second_seat_stronger
+push seats_ok
+wait_until map_list_is_shown
+pixel_wait 812 416 "$accepting" "$shading"
+
+say "a card that does not fit moves nothing"
+push map_play
+mouse_aside
+board_wait "$work/player/maps/duel"
+turn_wait red
+pixel_wait_not ${buttons[deck]} "$band"
+pixel_wait $discard_pile "$band"
+click $second_card
+click $left
+click $last
+mouse_aside
+pixel_wait $beside_second "$highlight"
+pixel_wait 896 380 "0 0 202" "$shading" # blue halo
+pixel_is $left "$stone" "$shading" || fail "the stone has left"
+
+say "a card is drawn, the turn is ended, the computer empties its hand"
+push deck
+pixel_wait_not ${buttons[end_turn]} "$band"
+pixel_wait_not 360 752 "$band" # the first of three cards
+push end_turn
+pixel_wait $right "$stone" "$shading"
+turn_wait red
+pixel_wait_not $discard_pile "$band"
+click $middle_card
+click $right
+click $left
+mouse_aside
+wait_until winner_is_shown blue
+
+say "space plays again"
+keys space
+wait_until board_is_shown
+pixel_wait $left "$stone" "$shading"
+pixel_wait $discard_pile "$band"
+
+say "a map that ships is opened and drawn; Escape walks back to the title menu and out"
+keys Escape
+wait_until seats_are_shown
+push seats_ok
+push map_after
+push map_play
+mouse_aside
+board_wait "$(sed -n '1s/.* //p' resources/pushdown_maps.txt)"
+keys Escape
+wait_until seats_are_shown
+keys Escape
+wait_until title_is_shown
+keys Escape
+game_ends_with 0
+[ ! -s "$output" ] || fail "the program had something to say"
