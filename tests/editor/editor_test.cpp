@@ -2,6 +2,7 @@
 // confirmed and cancelled in any order, selections that do not fit the map.
 
 #include <limits>
+#include <map>
 #include <sstream>
 
 #include "editor/goal_editing.h"
@@ -126,30 +127,6 @@ TEST_F(editor_test, TheWinModeAndTheGoalsGoRound) {
     EXPECT_EQ(goals[0].target * 10 + goals[1].target, 12);
 }
 
-TEST_F(editor_test, CardsOfGoalsStepAllTheirFields) {
-    open(turing_machine);
-    goal_editing.goal_dialog_open = true;
-    goal& g = goal_editing.new_goal;
-    g.measure = 7;
-    for (i64 i = 0; i < 14; ++i) {
-        click(i < 7 ? -256 : 256, 80);
-        u8 field = static_cast<u8>(i < 7 ? (12 - i - 1) % 6 : (i - 7) % 6);
-        EXPECT_EQ(g.card_a, (card{field, field, static_cast<u8>(field + 1)})) << i;
-    }
-    const char* const shown[] = {"", "", "", "", "A", "a", "1", "AA", "aa", "10"};
-    g.card_b = {0, 0, 0};
-    for (g.measure = 0; g.measure < 10; g.measure += 1) {
-        point_at(0, 0);
-        frame();
-        std::string letters;
-        for (const char* place : {"\" 0 80", "\" 0 48"}) {
-            std::string line = drawn(place);
-            letters += line == "" ? "" : line.substr(1, 1);
-        }
-        EXPECT_EQ(letters, shown[g.measure]);
-    }
-}
-
 TEST_F(editor_test, KeysTypeTheirCharacters) {
     const std::string small = "abcdefghijklmnopqrstuvwxyz";
     const std::string capital = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
@@ -191,23 +168,19 @@ TEST_F(editor_test, KeysTypeTheirCharacters) {
     EXPECT_EQ(map_states_text(), ".0,0 .96,0 ");
 }
 
-// One frame per letter: "r" opens the rule, "m" the name, "x" and "y" type, "+" is the button OK,
-// "e" Enter, "-" Cancel, "E" Enter with Cancel, "b" backspace, "l" Escape, "n" nothing.
+// One frame per letter: "r" opens the rule, "s" with ctrl the name, "x" and "y" type, "+" is the
+// button OK, "-" Cancel, "e" Enter, "E" both, "b" backspace, "l" Escape, "n" nothing.
 void acts_apply(std::string_view acts) {
+    const std::map<char, u32> keys = {{'s', key_s},     {'x', key_z - 2}, {'y', key_z - 1},
+                                      {'e', key_enter}, {'E', key_enter}, {'b', key_backspace},
+                                      {'l', key_escape}};
+    const std::map<char, point> buttons = {
+        {'r', {96, 368}}, {'+', {0, -144}}, {'-', {-224, -144}}, {'E', {-224, -144}}};
     for (char act : acts) {
-        u32 key = act == 'x'                 ? key_z - 2
-                  : act == 'y'               ? key_z - 1
-                  : act == 'm'               ? u32{key_s}
-                  : act == 'e' || act == 'E' ? u32{key_enter}
-                  : act == 'b'               ? u32{key_backspace}
-                  : act == 'l'               ? u32{key_escape}
-                                             : 0;
-        headless_key_press(key);
-        act == 'm' ? headless_key_hold(key_ctrl) : headless_key_release(key_ctrl);
-        act == 'r'                 ? click(96, 368)
-        : act == '+'               ? click(0, -144)
-        : act == '-' || act == 'E' ? click(-224, -144)
-                                   : click(0, 400);
+        headless_key_press(keys.contains(act) ? keys.at(act) : 0);
+        act == 's' ? headless_key_hold(key_ctrl) : headless_key_release(key_ctrl);
+        point place = buttons.contains(act) ? buttons.at(act) : point{0, 400};
+        click(place.x, place.y);
         headless_key_release(key_ctrl);
     }
 }
@@ -216,12 +189,13 @@ TEST_F(editor_test, AConfirmedTextServesItsOwnPurpose) {
     struct {
         const char *acts, *rule, *saved;
     } const rows[] = {
-        {"rxy+n", "xy", ""},     {"rxyen", "xy", ""},    {"rxy+", "old", ""},
-        {"r+n", "old", ""},      {"rx-n", "old", ""},    {"mxy+n", "old", "xy"},
-        {"mxyen", "old", "xy"},  {"mxy+", "old", ""},    {"mx-n", "old", ""},
-        {"rx-my+n", "old", "y"}, {"mx-ry+n", "y", ""},   {"rxmy+n", "old", "y"},
-        {"mxry+n", "y", ""},     {"rxEnmn", "old", ""},  {"mxEnrn", "old", ""},
-        {"mxel", "old", ""},     {"rx+nmy+n", "x", "y"}, {"rbxbbyen", "y", ""},
+        // clang-format off
+        {"rxy+n", "xy", ""}, {"rxyen", "xy", ""}, {"rxy+", "old", ""}, {"r+n", "old", ""},
+        {"rx-n", "old", ""}, {"sxy+n", "old", "xy"}, {"sxyen", "old", "xy"}, {"sxy+", "old", ""},
+        {"sx-n", "old", ""}, {"rx-sy+n", "old", "y"}, {"sx-ry+n", "y", ""}, {"rxsy+n", "old", "y"},
+        {"sxry+n", "y", ""}, {"rxEnsn", "old", ""}, {"sxEnrn", "old", ""}, {"sxel", "old", ""},
+        {"rx+nsy+n", "x", "y"}, {"rbxbbyen", "y", ""},
+        // clang-format on
     };
     for (const auto& row : rows) {
         open(pushdown_machine);
@@ -255,63 +229,6 @@ TEST_F(editor_test, ANewStateLandsUnderTheCursorOfAnyMap) {
         EXPECT_NEAR(centre.y, scale == 0 ? -200 : 32, 1e-9);
         key(key_l);
         EXPECT_NEAR(state_centre(0).x - centre.x, scale == 0 ? 0 : 32, 1e-9);
-    }
-}
-
-TEST_F(editor_test, KeysActOnWhatIsSelectedAlone) {
-    constexpr u16 no = no_index;
-    struct {
-        u16 selected, target;
-        std::vector<u32> keys;
-        const char* after;
-    } const rows[] = {
-        {no, no, {key_2, key_3, key_u, key_l, key_delete}, ".0,0 .96,0 "},
-        {3, no, {key_2, key_3, key_u, key_l, key_delete}, ".0,0 .96,0 "},
-        {1, 0, {key_3, key_u, key_l, key_delete}, ".0,0 .96,0 "},
-        {0, 9, {key_u}, "*0,0 .96,0 "},
-        {0, 1, {key_3, key_j}, ".0,0 .96,0 "},
-        {1, no, {key_u, key_i, key_j}, ".0,0 *64,32 "},
-    };
-    for (bool dialog : {false, true}) {  // which is not modal
-        for (const auto& row : rows) {
-            pair_make();
-            goal_editing.goal_dialog_open = dialog;
-            selection = {row.selected, row.target};
-            frame();
-            for (u32 code : row.keys) {
-                key(code);
-            }
-            EXPECT_EQ(map_states_text(), row.after);
-            EXPECT_EQ(stones.count, 0);
-        }
-    }
-    game_map.transitions.count = 0;
-    for (i64 i = 0; i <= no_index; ++i) {
-        map_add_transition(7, 7, 0, 0, 0, {});
-    }
-    selection = {0, 0};
-    key(key_delete);  // the pair has none, also where an index could name the last
-    EXPECT_EQ(game_map.transitions.count, i64{no_index} + 1);
-}
-
-TEST_F(editor_test, TheListLoadsItsFirstMapAndKeepsTheSelection) {
-    file_put("maps/first", "map 0 0 1\n* 5 5\n* 9 9\n=> 0 1 3\n");
-    current_catalogue = &catalogues[pushdown_machine];
-    for (i64 listed : {0, 2}) {
-        for (; current_catalogue->count < listed;) {
-            dyn_array_push(*current_catalogue, {"first", "maps/first"});
-        }
-        pair_make();
-        selected_entry = 1;
-        headless_key_hold(key_ctrl);
-        key(key_o);  // does not bend the transition
-        headless_key_release(key_ctrl);
-        EXPECT_TRUE(screens.map_list_open);
-        EXPECT_EQ(selected_entry, 0);
-        EXPECT_EQ(map_states_text(), listed == 0 ? ".0,0 .96,0 " : "*5,5 *9,9 ");
-        EXPECT_EQ(game_map.transitions[0].bend, listed == 0 ? 0 : 3);
-        EXPECT_EQ(selection.selected_state + 10 * selection.target_state, 10);
-        screens.map_list_open = false;
     }
 }
 

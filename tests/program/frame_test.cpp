@@ -73,16 +73,6 @@ TEST_F(frame_test, StartingAgainStartsAnew) {
     EXPECT_EQ(camera.zoom, 1);
 }
 
-TEST_F(frame_test, AFrameEndsWithErrorCheckAndPresent) {
-    begin();
-    arena_alloc(arena_frame, 1 << 20);
-    EXPECT_TRUE(frame());
-    EXPECT_LT(arenas[arena_frame].offset, 1 << 20);
-    EXPECT_EQ(headless_calls().front().op, gpu_op::vertex_array_bind);
-    EXPECT_EQ((headless_calls().end() - 2)->op, gpu_op::pipeline_get_error);
-    EXPECT_EQ(headless_calls().back().op, gpu_op::pipeline_present);
-}
-
 TEST_F(frame_test, EscapeGoesBackFromEveryScreen) {
     // The flags of title, set-up, list and editor.
     const struct {
@@ -127,17 +117,6 @@ TEST_F(frame_test, FullscreenRebuildsTheTarget) {
         EXPECT_EQ(numbers_of(gpu_op::texture_image_2d),
                   (std::vector<i64>{1, 0, 13, width, height, 8, 0}));
         EXPECT_EQ(numbers_of(gpu_op::pipeline_viewport), (std::vector<i64>{0, 0, width, height}));
-    }
-}
-
-TEST_F(frame_test, MemoryReport) {
-    begin();
-    headless_key_press(key_f3);
-    for (auto [offset, text] : {std::pair{i64{1023}, "memory used: 0 / 262144 kiB (0.0004%)"},
-                                {3'145'728, "memory used: 3072 / 262144 kiB (1.1719%)"}}) {
-        arenas[arena_persistent].offset = offset;
-        frame();
-        EXPECT_NE(drawn("memory").find(text), std::string::npos);
     }
 }
 

@@ -44,13 +44,12 @@ std::string corner_text(const gpu_draw& draw, f64 u, f64 v) {
 }
 
 TEST_F(drawing_test, SpritesFillTheirRectangles) {
-    u32 eye = texture_set.textures[texture_eye];
-    sprite_draw(eye, 0, 0, 10, 20, some_tint, true);
-    sprite_draw_rotated(eye, 300, 200, 100, 90, 0, 50, -1.5, colour_white, true);
-    sprite_draw_rotated(eye, 300, 200, 100, 90, 90, 50, -1.5, colour_white, true);
+    sprite_draw(texture_eye, {0, 0, 10, 20}, some_tint);
+    sprite_draw_rotated(texture_eye, 300, 200, 100, 90, 0, 50, -1.5, colour_white, screen_space);
+    sprite_draw_rotated(texture_eye, 300, 200, 100, 90, 90, 50, -1.5, colour_white, screen_space);
     camera = {100, 50, 2, 256};
     camera_matrices_build(1024, 832);
-    sprite_draw(eye, 150, 75, 10, 20, some_tint, false);
+    sprite_draw(texture_eye, {150, 75, 10, 20}, some_tint, world_space);
     EXPECT_EQ(drawn(),
               "eye -512 -416 10 20 (0.1 0.2 0.3 0.4)\neye -262 -214.5 100 90\n"
               "eye -213.5 -266 -90 100\neye 100 50 20 40 (0.1 0.2 0.3 0.4)\n");
@@ -60,9 +59,9 @@ TEST_F(drawing_test, SpritesFillTheirRectangles) {
 }
 
 TEST_F(drawing_test, ArrowsEndBeforeTheirPoint) {
-    arrow_draw(100, 100, 200, 100, 4, 16, some_tint, true);
-    arrow_draw(100, 100, 100, 200, 4, 16, colour_white, true);
-    arrow_draw(100, 100, 120, 100, 4, 0, colour_white, true);  // a shaft of negative length
+    arrow_draw(100, 100, 200, 100, 4, 16, some_tint, screen_space);
+    arrow_draw(100, 100, 100, 200, 4, 16, colour_white, screen_space);
+    arrow_draw(100, 100, 120, 100, 4, 0, colour_white, screen_space);  // a shaft of negative length
     EXPECT_EQ(drawn(),
               "arrow -412 -300 to -332 -300 (0.1 0.2 0.3 0.4)\narrow -428 -316 to -428 -236\n"
               "arrow -412 -316 to -412 -316\n");
@@ -118,24 +117,24 @@ TEST_F(drawing_test, AButtonReportsTheLeftClickOnce) {
 TEST_F(drawing_test, CharactersFollowThePen) {
     const struct {
         const char* text;
-        bool icons, centred;
+        text_layout layout;
         const char* places;  // the lower-left corners
     } rows[] = {
-        {"x \ty", false, false, "500,400 539,400 "},
-        {" x\ny", false, false, "513,400 500,368 "},
-        {"xy", false, true, "487,384 500,384 "},
+        {"x \ty", text_left, "500,400 539,400 "},
+        {" x\ny", text_left, "513,400 500,368 "},
+        {"xy", text_centred, "487,384 500,384 "},
         // Only the first line is shifted, by half of all lines' width.
-        {"xx\ny", false, true, "480.5,368 493.5,368 500,336 "},
-        {"x%", false, true, "493.5,384 506.5,384 "},  // drawn, but not counted in the width
-        {"A", true, false, "484,384 "},               // icons are centred in any case
-        {"xA", true, true, "477.5,384 490.5,384 "},
-        {"%AA", true, true, "477.5,384 490.5,384 "},
-        {"%%A", true, true, "493.5,384 "},
-        {"% A", true, true, "490.5,384 "},
+        {"xx\ny", text_centred, "480.5,368 493.5,368 500,336 "},
+        {"x%", text_centred, "493.5,384 506.5,384 "},  // drawn, but not counted in the width
+        {"A", text_icons, "484,384 "},
+        {"xA", text_icons, "477.5,384 490.5,384 "},
+        {"%AA", text_icons, "477.5,384 490.5,384 "},
+        {"%%A", text_icons, "493.5,384 "},
+        {"% A", text_icons, "490.5,384 "},
     };
     for (const auto& row : rows) {
         headless_forget_calls();
-        text_draw(str_of(row.text), 500, 400, 256, colour_white, true, row.icons, row.centred);
+        text_draw(str_of(row.text), 500, 400, 256, colour_white, screen_space, row.layout);
         std::string places;
         for (const gpu_draw& draw : headless_draws()) {
             places += corner_text(draw, 0, 0);
@@ -145,7 +144,7 @@ TEST_F(drawing_test, CharactersFollowThePen) {
 }
 
 TEST_F(drawing_test, IconsShowPicturesAndOnlyDotsHaveTheirOwnColour) {
-    text_draw("ABCDEFabcdefT~G%A", 0, 0, 256, some_tint, true, true, true);
+    text_draw("ABCDEFabcdefT~G%A", 0, 0, 256, some_tint, screen_space, text_icons);
     EXPECT_EQ(drawn().substr(0, 20), "\"ABCDEFabcdefT~G%A\" ");
     std::vector<gpu_draw> draws = headless_draws();
     for (std::size_t i = 0; i < 16; ++i) {

@@ -22,12 +22,19 @@ TEST_F(deal_test, AGameIsDealtFromTheShuffledDeckInOrder) {
         in >> kind >> seats >> settings.deck_copies >> settings.deck_colours >>
             settings.deck_shapes >> settings.deck_numbers >> settings.hand_size >>
             settings.tape_length;
-        map_make(kind, ".", {}, {0});
+        map_make(kind, ".", {});
         seats_make(seats);
         pile_set(discard_pile.cards, "Aa1");
+        screens = {true, true, true, true, true};
+        turn = {1, 2, 0, true, true, 0.3, 0.2, true};
         random_seed(5);
         game_start();
         EXPECT_EQ(discard_pile.cards.count, 0);
+        EXPECT_EQ(stones.count, 2);
+        EXPECT_FALSE(screens.title_menu_open || screens.player_setup_open || screens.map_list_open);
+        EXPECT_TRUE(screens.editor_open && turn.card_drawn && turn.show_nimbers);
+        EXPECT_TRUE(turn.current_player == 0 && turn.winner == no_winner && turn.move_timer == 0);
+        EXPECT_EQ(turn.turn_revealed, seats[0] == 'H');
         std::string dealt = "tape " + pile_text(tape);
         for (const player& seat : players) {
             dealt += ", hand " + pile_text(seat.hand);
@@ -53,30 +60,6 @@ TEST_F(deal_test, EveryTuringSeatIsDealtAGoal) {
     for (const player& seat : players) {
         EXPECT_EQ(seat.goal.target, 10 + static_cast<i64>(random_below(3)));
     }
-}
-
-TEST_F(deal_test, AStartClosesTheMenusAndKeepsTheRest) {
-    map_make(state_machine, "..", {});
-    seats_make("0H");
-    screens = {true, true, true, true, true};
-    turn = {1, 2, 0, true, true, 0.3, 0.2, true};
-    selection = {1, 0, 3, 4};
-    tape_head = 9;
-    pile_set(discard_pile.cards, "Aa1 Bb2");
-    game_start();
-    EXPECT_FALSE(screens.title_menu_open || screens.player_setup_open || screens.map_list_open);
-    EXPECT_TRUE(screens.editor_open && screens.text_entry_open);
-    EXPECT_EQ(turn.current_player, 0);
-    EXPECT_EQ(turn.winner, no_winner);
-    EXPECT_FALSE(turn.turn_revealed);
-    EXPECT_EQ(turn.move_timer, 0);
-    EXPECT_EQ(turn.think_timer, 0.2);
-    EXPECT_TRUE(turn.card_drawn && turn.show_nimbers);
-    EXPECT_TRUE(selection.selected_state == 1 && selection.selected_card == 4 && tape_head == 9);
-    EXPECT_EQ(std::vector(stones.begin(), stones.end()), std::vector<u16>({0, 0}));
-    seats_make("H0");
-    game_start();
-    EXPECT_TRUE(turn.turn_revealed);
 }
 
 TEST_F(deal_test, AStartLoadsTheSelectedMapAgain) {

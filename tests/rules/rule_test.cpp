@@ -37,42 +37,12 @@ TEST_F(rule_test, EachRuleHoldsForSoManyCards) {
     });
 }
 
-TEST_F(rule_test, RulesHoldOrNot) {
-    struct {
-        const char *pile, *tested;
-        std::vector<const char*> holding, failing;
-    } const rows[] = {
-        {"Ca3",
-         "Cb3",
-         {"C", "~(A,B,C,D)", "b", "T(a)", "T(A,C)", "~(C,a)", "T(!(A))", "!(C&a)", "A|C&b"},
-         {"~(1,2,3,4) & ~(a,b,c,d)", "!(C)", "~a", "~(C&a)", "A|C&d", "C^b"}},
-        {"", "Aa1", {"*", "T*", "!(TA)", "!B", "\ta\n^ b", "A|(C&d)"}, {"TA", "~A", "!(A)", "a^A"}},
-    };
-    for (const auto& row : rows) {
-        for (const auto* rules : {&row.holding, &row.failing}) {
-            for (const char* rule : *rules) {
-                pile_set(discard_pile.cards, row.pile);
-                EXPECT_EQ(rule_matches(str_of(rule), card_of(row.tested)), rules == &row.holding)
-                    << rule;
-            }
-        }
-    }
-}
-
-TEST_F(rule_test, BrokenRulesHoldForNoCard) {
-    // clang-format off
-    for (std::string_view rule : {
-             "", " ", "(C,D)", "C D", "!TA", "T!A", "7", "G", "g", "0", "T", "~", "!", "A&", "&A",
-             "A&&B", "A|", "(", ")", "()", "(A", "A)", "(A,)", "!(,A)", "!(A", "!(A,", "((A,B))",
-             "T((A,B))", "*|(A,B)", "*|", "\r*", "*\v", "\x80", "!(A,B,C,D,E,F,a,b,c)"}) {
-        // clang-format on
-        EXPECT_EQ(cards_allowed("", rule) + cards_allowed("Aa1", rule), 0) << rule;
-    }
-    EXPECT_EQ(cards_allowed("", std::string_view("A\0", 2)), 0);
-}
-
 TEST_F(rule_test, TheFirst1024BytesThatCountAreJudged) {
     const std::string whole = "!(A)" + repeated("|*", 510);
+    EXPECT_EQ(cards_allowed("", "\ta\n^ b"), 72);
+    for (const char* byte : {"\r*", "*\v", "\x80"}) {
+        EXPECT_EQ(cards_allowed("", byte), 0);
+    }
     for (const char* rest : {"", "&", "))))", "&&A"}) {
         EXPECT_EQ(cards_allowed("", whole + rest), 216);
         EXPECT_EQ(cards_allowed("", repeated(" \n\t", 5000) + whole + rest), 216);

@@ -177,7 +177,7 @@ void golden_check(const std::string& name,
     std::string anew;
     i64 count = 0;
     for (std::string line; std::getline(lines, line); ++count) {
-        std::size_t end = line.find(" => ");
+        std::size_t end = line.rfind(" => ");
         std::string now = line.substr(0, end) + " => " + answer(line.substr(0, end));
         EXPECT_TRUE(now == line || std::getenv("QUORREL_RECORD") != nullptr) << line << "\n" << now;
         anew += now + "\n";

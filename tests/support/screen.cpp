@@ -4,8 +4,8 @@
 #include <cmath>
 #include <sstream>
 
+#include "base/colour.h"
 #include "program/frame.h"
-#include "render/colour.h"
 #include "render/font.h"
 #include "render/pictures.h"
 #include "render/renderer.h"
@@ -61,8 +61,9 @@ std::string number(f64 value) {
 }
 
 // Between the unit quad's corners.
-struct box {
-    explicit box(const gpu_draw& draw) : low(place_of(draw, 0, 0)), high(place_of(draw, 1, 1)) {}
+struct corners {
+    explicit corners(const gpu_draw& draw)
+        : low(place_of(draw, 0, 0)), high(place_of(draw, 1, 1)) {}
     f64 width() const { return high.x - low.x; }
     f64 height() const { return high.y - low.y; }
     point low, high;
@@ -83,7 +84,7 @@ std::size_t slot_of(const gpu_draw& draw) {
 }
 
 std::string picture_line(const gpu_draw& draw) {
-    box place(draw);
+    corners place(draw);
     return picture_names[slot_of(draw)] + (" " + number(place.low.x)) + number(place.low.y) +
            number(place.width()) + number(place.height()) + tint_text(draw);
 }
@@ -110,7 +111,7 @@ i64 colour_index_of(const std::array<f32, 4>& tint) {
 
 std::string card_line(const draw_group& group) {
     const gpu_draw& pip = group.draws.back();
-    box place(group.draws.front());
+    corners place(group.draws.front());
     return std::string("card ") + static_cast<char>('A' + colour_index_of(pip.colour)) +
            static_cast<char>('a' + slot_of(pip)) + std::to_string(group.draws.size() - 1) + " " +
            number(place.low.x) + number(place.low.y) + number(place.width());
@@ -141,14 +142,14 @@ struct drawn_text {
 drawn_text text_read(const draw_group& group) {
     bool icons = group.texture_binds > 1;
     const gpu_draw& first = group.draws.front();
-    point start = box(first).low;
+    point start = corners(first).low;
     f64 cell = font.glyphs[u8{'0'}].advance;
-    f64 size = box(first).width() / (first.texture == font.texture ? cell : 0.125);
+    f64 size = corners(first).width() / (first.texture == font.texture ? cell : 0.125);
     f64 line_height = size * font.line_height;
     drawn_text read = {"", {start.x, start.y + line_height / 2}, size};
     point pen = start;
     for (const gpu_draw& draw : group.draws) {
-        box place(draw);
+        corners place(draw);
         for (; pen.y - place.low.y > line_height / 2; pen = {start.x, pen.y - line_height}) {
             read.text += "\\n";
         }
@@ -194,7 +195,7 @@ bool is_label(const gpu_draw& face, const draw_group& group) {
 std::string button_line(const gpu_draw& face, const draw_group& label) {
     point middle = place_of(face, 0.5, 0.5);
     return "[" + text_read(label).text + "] " + number(middle.x) + number(middle.y) +
-           number(box(face).width()) + number(box(face).height());
+           number(corners(face).width()) + number(corners(face).height());
 }
 
 }  // namespace

@@ -1,0 +1,157 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "game/turn_update.h"
+#include "maps/reader.h"
+#include "rules/deal.h"
+#include "tests/support/screen.h"
+#include "tools/layout_check.h"
+#include "tools/line_check.h"
+#include "tools/map_check.h"
+#include "tools/map_play.h"
+
+namespace {
+
+class tools_test : public screen_test {
+  protected:
+    tools_test() {
+        begin();
+        frame();  // builds the camera's matrices
+    }
+};
+
+const std::vector<std::string> families = {"state", "pushdown", "turing"};
+
+std::string joined(const remarks& found) {
+    std::string text;
+    for (const std::string& remark : found) {
+        text += (text == "" ? "" : "; ") + remark;
+    }
+    return text;
+}
+
+// A case is a check, a family and a map with ';' for line feeds. "cyclic" is the map's check where
+// a cycle is meant.
+TEST_F(tools_test, WhatIsDoubtfulIsNamed) {
+    golden_check("tools/checks", [](const std::string& given) {
+        std::istringstream in(given);
+        std::string check, family, text;
+        in >> check >> family;
+        std::getline(in >> std::ws, text);
+        std::replace(text.begin(), text.end(), ';', '\n');
+        machine_kind = std::find(families.begin(), families.end(), family) - families.begin();
+        settings = {};
+        std::string found;
+        output_of([&] {
+            map_read(str_of(text));
+            found =
+                joined(check == "lines"    ? lines_check(str_of(text),
+                                                         static_cast<machine_kind_value>(machine_kind))
+                       : check == "layout" ? layout_check()
+                                           : map_check(check == "cyclic"));
+        });
+        return found;
+    });
+}
+
+u8 nimber_sum() {
+    u8 sum = 0;
+    for (u16 state : stones) {
+        sum ^= state_nimber(state);
+    }
+    return sum;
+}
+
+// Plays to the end; the hard seat that was first to move from a sum other than 0, none for none.
+u8 seat_bound_to_win() {
+    u8 bound = no_winner;
+    for (i64 updates = 0; turn.winner == no_winner && updates < 100'000; ++updates) {
+        if (bound == no_winner && turn.move_timer <= 0 &&
+            current_seat().strength == strength_hard && nimber_sum() != 0) {
+            bound = static_cast<u8>(turn.current_player);
+        }
+        arena_rewind(arena_frame, 0);
+        turn_update();
+    }
+    return bound;
+}
+
+TEST_F(tools_test, ShippedMapsAreSilentAndAHardSeatThatCanWinDoes) {
+    i64 maps = 0;
+    for (machine_kind = 0; machine_kind < machine_kind_count; ++machine_kind) {
+        std::filesystem::path family =
+            maps_folder() / families[static_cast<std::size_t>(machine_kind)];
+        for (const auto& map : std::filesystem::recursive_directory_iterator(family)) {
+            if (!map.is_regular_file()) {
+                continue;
+            }
+            SCOPED_TRACE(map.path());
+            const std::string text = file_get(map.path());
+            const bool cyclic = map.path().parent_path().filename() == "cyclic";
+            maps += 1;
+            settings = {};
+            output_of([&] { map_read(str_of(text)); });
+            EXPECT_EQ(
+                joined(lines_check(str_of(text), static_cast<machine_kind_value>(machine_kind))),
+                "");
+            EXPECT_EQ(joined(map_check(cyclic)), "");
+            EXPECT_EQ(joined(layout_check()), "");
+            for (const char* seats : {"20", "02", "21", "22"}) {
+                if (machine_kind == state_machine && !cyclic) {
+                    map_read(str_of(text));
+                    seats_make(seats);
+                    game_start();
+                    u8 bound = seat_bound_to_win();
+                    EXPECT_TRUE(bound == no_winner || bound == turn.winner) << seats;
+                }
+            }
+        }
+    }
+    EXPECT_GE(maps, 3 * 14);
+}
+
+// Wins of the first seat, turns of the first game, moves, passes, draws and unfinished games.
+std::string played(const play_record& record) {
+    return (std::ostringstream() << record.wins[0] << ' ' << record.turns[0] << ' ' << record.moves
+                                 << ' ' << record.passes << ' ' << record.draws << ' '
+                                 << record.unfinished)
+        .str();
+}
+
+TEST_F(tools_test, GamesAreCounted) {
+    map_make(state_machine, "...*", {{0, 1}, {1, 2}, {2, 3}}, {0});
+    settings.win_mode = win_all_accepting;
+    EXPECT_EQ(played(map_play({strength_hard, strength_easy}, 5, 1, false)), "5 3 15 0 0 0");
+    map_make(pushdown_machine, ".", {{0, 0, "A"}}, {0});
+    settings = {1, 1, 1, 2, 0, 0, win_immediate};  // two cards, none dealt
+    EXPECT_EQ(played(map_play({strength_hard}, 1, 1, false)), "1 1 1 0 1 0");
+    map_make(pushdown_machine, ".", {{0, 0, "B"}}, {0});
+    const std::string limit = std::to_string(turn_limit);
+    EXPECT_EQ(played(map_play({strength_hard}, 1, 1, false)),
+              "0 " + limit + " 0 " + limit + " " + limit + " 1");
+    map_make(turing_machine, ".", {{0, 0, ""}}, {0});
+    EXPECT_EQ(played(map_play({strength_hard}, 1, 1, false)),
+              "0 " + limit + " 0 " + limit + " 0 1");
+    EXPECT_EQ(median({}) + median({7}) + median({9, 1}) + median({9, 1, 5}), 0 + 7 + 1 + 5);
+}
+
+TEST_F(tools_test, AHumanIsStuckWhereTheBoardOffersNothing) {
+    map_make(pushdown_machine, ".", {{0, 0, "B"}, {0, 0, "A"}}, {0});
+    settings = {1, 1, 1, 3, 1, 0, win_immediate};  // the first transition hides the second one
+    play_record record = map_play({human_seat, human_seat}, 4, 1, false);
+    EXPECT_EQ(record.stuck, 4);
+    EXPECT_EQ(record.unfinished + record.moves + record.at_once, 0);
+    EXPECT_EQ(record.draws, 4);  // with the last card the deck is empty: the turn cannot end
+
+    map_make(pushdown_machine, ".", {{0, 0, "A"}}, {0});
+    settings.deck_copies = 9;
+    record = map_play({human_seat}, 40, 1, false);
+    EXPECT_EQ(record.stuck + record.unfinished, 0);
+    EXPECT_GT(record.draws, 0);
+    EXPECT_THAT(record.wins, testing::ElementsAre(40));
+    EXPECT_THAT(record.at_once, testing::AllOf(testing::Gt(20), testing::Lt(40)));
+}
+
+}  // namespace
