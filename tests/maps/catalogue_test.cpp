@@ -4,7 +4,17 @@
 
 namespace {
 
-using catalogue_test = game_test;
+// A state catalogue of three maps, each with as many states as its place.
+class catalogue_test : public game_test {
+  protected:
+    catalogue_test() {
+        machine_kind = state_machine;
+        file_put("resources/state_maps.txt", "a maps/a\nb maps/b\nc maps/c\n");
+        file_put("maps/a", ". 0 0\n");
+        file_put("maps/b", ". 0 0\n. 1 0\n");
+        file_put("maps/c", ". 0 0\n. 1 0\n. 2 0\n");
+    }
+};
 
 std::string entries_text(const catalogue& list) {
     std::string text;
@@ -29,14 +39,8 @@ TEST_F(catalogue_test, LinesBecomeEntries) {
     }
 }
 
-// Three maps, each with as many states as its place.
 TEST_F(catalogue_test, EntriesAreSelectedDeletedAndAdded) {
-    machine_kind = state_machine;
     catalogue_add("early", "nowhere");  // no catalogue is current yet
-    file_put("resources/state_maps.txt", "a maps/a\nb maps/b\nc maps/c\n");
-    file_put("maps/a", ". 0 0\n");
-    file_put("maps/b", ". 0 0\n. 1 0\n");
-    file_put("maps/c", ". 0 0\n. 1 0\n. 2 0\n");
     EXPECT_EQ(output_of(catalogues_load),
               "failed to open resources/pushdown_maps.txt\n"
               "failed to open resources/turing_maps.txt\n");

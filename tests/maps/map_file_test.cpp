@@ -12,6 +12,7 @@
 #include "maps/catalogue.h"
 #include "maps/file_text.h"
 #include "maps/reader.h"
+#include "maps/saving.h"
 #include "maps/writer.h"
 #include "tests/support/game.h"
 
@@ -27,6 +28,46 @@ std::string map_text() {
 
 constexpr const char* pushdown_map =
     "map 0 0 1\nwin 0\ndeck 1 4 4 4\nhand 8\nstone 0\n* 0.5 -1\n. 2 0\n=> 0 1 0 0 0 \"A\"\n";
+
+TEST_F(map_file_test, LoadingAgainNeedsNoNewMemory) {
+    machine_kind = state_machine;
+    std::string large(1'000'000, '#');
+    for (const char* line : {"\n. 0 0", "\n. 1 0", "\n=> 0 1 0 0 0 \"a\""}) {
+        large += line;
+    }
+    file_put("large", large);
+    file_put("small", pushdown_map);
+    map_load("large");
+    i64 offset = arenas[arena_persistent].offset;
+    for (i64 i = 0; i < 300; ++i) {
+        map_load("small");
+        map_load("large");
+    }
+    EXPECT_LT(arenas[arena_persistent].offset - offset, 1000);
+    EXPECT_EQ(string_of(game_map.transitions[0].rule), "a");
+}
+
+TEST_F(map_file_test, AMapThatMemoryCannotHoldChangesNothing) {
+    machine_kind = state_machine;
+    file_put("map", pushdown_map);
+    map_load("map");
+    std::string before = map_text();
+    std::string states = "win 1\n";
+    for (i64 i = 0; i < 100'000; ++i) {
+        states += ". 0 0\n";
+    }
+    file_put("states", states);
+    arena& memory = arenas[arena_persistent];
+    const i64 left_for_play = i64{16} * 1024 * 1024;
+    memory.capacity = memory.offset + left_for_play + 3'000'000;  // 24 bytes each, and the text
+    EXPECT_EQ(output_of([] { map_load("states"); }), "failed to load map: states\n");
+    EXPECT_EQ(map_text(), before);
+    memory.capacity += 300'000;
+    for (i64 loads = 0; loads < 10; ++loads) {
+        EXPECT_EQ(output_of([] { map_load("states"); }), "");
+        EXPECT_EQ(game_map.states.count, 100'000);
+    }
+}
 
 // A case is a family and a map with ';' for line feeds: the map as it is written, which is read to
 // the same again.
@@ -183,21 +224,41 @@ TEST_F(save_test, ASavedMapIsAnnouncedWrittenAndListedOnce) {
     EXPECT_FALSE(std::filesystem::exists(catalogue_file));  // listed already: not written again
 }
 
-TEST_F(save_test, NoNameLeadsOutOfTheDirectoryAndThoseOfOneFileAreTold) {
+TEST_F(save_test, NoNameLeadsOutOfTheDirectory) {
+    for (auto [name, path] : {std::pair{"../x", "__/x"}, {"/etc/x", "/etc/x"}, {"a!", "a_"}}) {
+        std::string saved = std::string("custom_pushdown_machines/") + path;
+        EXPECT_EQ(save(name), std::string("saving map ") + name + " as " + saved + "\n");
+        EXPECT_EQ(file_get(saved), pushdown_map);
+    }
+}
+
+TEST_F(save_test, AMapThatIsReplacedByAnotherOneIsKept) {
     struct {
-        const char *name, *path, *told;
+        const char *name, *kept;
     } const rows[] = {
-        {"../x", "__/x", ""}, {"/etc/x", "/etc/x", ""}, {"old", "old", ""},
-        {"a!", "a_", ""},     {"a-", "a_", "a!"},       {"/a_", "/a_", "a!"},
-        {"b/c", "b/c", ""},   {"b//c", "b//c", "b/c"},  {"older", "older", ""},
+        {"new", ""}, {"new", ""}, {"old", "old"}, {"old", "old"}, {"/old", "old"},
     };
     for (const auto& row : rows) {
-        std::string path = std::string("custom_pushdown_machines/") + row.path;
-        std::string told = std::string("file shared with map ") + row.told + "\n";
-        EXPECT_EQ(save(row.name), std::string("saving map ") + row.name + " as " + path + "\n" +
-                                      (*row.told == '\0' ? "" : told));
-        EXPECT_EQ(file_get(path), pushdown_map);
+        save(row.name);
+        EXPECT_EQ(kept_text(), *row.kept == '\0' ? "" : "old.pushdown: old\n") << row.name;
     }
+    settings.hand_size = 3;
+    save("old");
+    EXPECT_EQ(kept_text(), std::string("old.pushdown: old\nold.pushdown: ") + pushdown_map + "\n");
+}
+
+TEST_F(save_test, AFileThatCannotBeKeptIsNotReplaced) {
+    file_put("kept", "in the way");
+    EXPECT_NE(save("old").find("failed to save map"), std::string::npos);
+    EXPECT_EQ(file_get("custom_pushdown_machines/old"), "old");
+}
+
+TEST_F(save_test, AMapTooLargeToBeReadAgainIsNotWritten) {
+    std::string rule(text_file_limit, 'A');
+    game_map.transitions[0].rule = str_of(rule);
+    EXPECT_NE(save("old").find("failed to save map"), std::string::npos);
+    EXPECT_EQ(file_get("custom_pushdown_machines/old"), "old");
+    EXPECT_EQ(kept_text(), "");
 }
 
 void file_size_limit(rlim_t bytes) {

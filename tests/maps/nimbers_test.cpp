@@ -71,19 +71,17 @@ TEST_F(nimbers_test, AStateThatWouldNeed128StaysUnknown) {
     EXPECT_EQ(state_nimber(128), no_nimber);
 }
 
-// State 1 waits once and is settled once; each of its transitions is one more step, the first of
-// them settles state 0, which is then met once more.
-TEST_F(nimbers_test, TheSearchHas1048576Steps) {
-    for (auto [arcs, said] : {std::pair{1'048'576 - 3, ""}, {1'048'576 - 2, failure}}) {
-        map_make(state_machine, "..", std::vector<arc>());
-        for (i64 i = 0; i < arcs; ++i) {
-            map_add_transition(1, 0, 0, 0, 0, {});
-        }
-        EXPECT_EQ(output_of(nimbers_compute), said);
-        arena_rewind(arena_frame, 0);
-        game_map = {};
-        arena_rewind(arena_persistent, 0);
+TEST_F(nimbers_test, AMapMayHaveAMillionTransitions) {
+    map_make(state_machine, "..", {});
+    for (i64 i = 0; i < 1'000'000; ++i) {
+        map_add_transition(1, 0, 0, 0, 0, {});
     }
+    EXPECT_EQ(output_of(nimbers_compute), "");
+    EXPECT_EQ(state_nimber(1), 1);
+    arena_rewind(arena_frame, 0);
+    map_add_transition(1, 0, 0, 0, 0, {});
+    EXPECT_EQ(output_of(nimbers_compute), failure);
+    EXPECT_EQ(state_nimber(1), no_nimber);
 }
 
 TEST_F(nimbers_test, MoreStatesThanAnIndexCanName) {

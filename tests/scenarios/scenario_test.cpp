@@ -119,10 +119,11 @@ std::map<std::string, std::string> facts_now() {
     facts["map list"] = std::to_string(selected_entry) + " of " + std::to_string(catalogue_count());
     for (const auto& entry : std::filesystem::recursive_directory_iterator(".")) {
         std::string path = entry.path().string().substr(2);
-        if (entry.is_regular_file() && !path.ends_with(".png") && !path.ends_with("info.txt")) {
+        if (entry.is_regular_file() && !path.ends_with(".png") && !path.ends_with("info.txt") &&
+            !path.ends_with("lock")) {
             std::string content = file_get(path);
             std::replace(content.begin(), content.end(), '\n', ';');
-            facts["file " + path] = content;
+            facts["file " + path.substr(0, path.find(".20"))] = content;  // without its date
         }
     }
     return facts;

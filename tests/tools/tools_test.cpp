@@ -132,6 +132,7 @@ TEST_F(tools_test, GamesAreCounted) {
     EXPECT_EQ(played(map_play({strength_hard}, 1, 1, false)),
               "0 " + limit + " 0 " + limit + " " + limit + " 1");
     map_make(turing_machine, ".", {{0, 0, ""}}, {0});
+    settings.tape_length = 1;  // nobody wins
     EXPECT_EQ(played(map_play({strength_hard}, 1, 1, false)),
               "0 " + limit + " 0 " + limit + " 0 1");
     EXPECT_EQ(median({}) + median({7}) + median({9, 1}) + median({9, 1, 5}), 0 + 7 + 1 + 5);
