@@ -109,6 +109,7 @@ bool player_files_enter(str directory, str data, bool restore) {
     }
     if (data.length > 0) {
         folder_lock(resources);
+        folder_sweep(shipped_record);
         for (i64 family = 0; family < machine_kind_count; ++family) {
             catalogue_refresh(catalogue_path(family), data, restore);
         }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The slips that could cost a player's work, on the real program: after each one the work is in its
-# file or in kept/.
+# file or in kept/. QUORREL_FAULTS=all ends the program by signals on every screen too.
 
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 source tests/e2e/screens.sh
@@ -111,7 +111,7 @@ for ending in TERM HUP window; do
     say "the end by $ending"
     edit_new
     if [ "$ending" = window ]; then
-        keys alt+shift+c
+        keys alt+F4
     else
         kill "-$ending" "$game"
     fi
@@ -143,3 +143,20 @@ wait_until list_has 230005
 kill "$first" "$game"
 game_ends_with 0
 game=$first game_ends_with 0
+
+[ "${QUORREL_FAULTS:-}" = all ] || exit 0
+for screen in "" play_game "play_game seats_ok" "play_game seats_ok map_play" editor; do
+    for ending in TERM HUP; do
+        say "the end by $ending after: ${screen:-the start}"
+        game_start 1024x832
+        wait_until title_is_shown
+        for button in $screen; do
+            push "$button"
+            settle
+        done
+        kill -XFSZ "$game"
+        settle
+        kill "-$ending" "$game"
+        game_ends_with 0
+    done
+done
