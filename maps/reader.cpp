@@ -203,12 +203,13 @@ bool map_fits(str text, map_lists& counted) {
         return true;
     }
     counted = records_count(text);
+    const i64 nimber_count = machine_kind == state_machine ? counted.states.count : 0;
     const dyn_array<u8> nimbers = {game_map.nimbers, 0, game_map.nimber_capacity, arena_persistent};
-    const i64 needed =
-        list_growth(game_map.states, counted.states.count) +
-        list_growth(game_map.transitions, counted.transitions.count) +
-        list_growth(stones, counted.stones.count) + list_growth(goals, counted.goals.count) +
-        list_growth(nimbers, counted.states.count) + text_capacity_for(text) - text.length;
+    const i64 needed = list_growth(game_map.states, counted.states.count) +
+                       list_growth(game_map.transitions, counted.transitions.count) +
+                       list_growth(stones, counted.stones.count) +
+                       list_growth(goals, counted.goals.count) +
+                       list_growth(nimbers, nimber_count) + text_capacity_for(text) - text.length;
     return needed <= std::max(room, i64{0});
 }
 
