@@ -1,7 +1,7 @@
 #include "maps/kept.h"
 
 #include <algorithm>
-#include <bit>
+#include <cstring>
 
 #include "base/message.h"
 #include "base/text_builder.h"
@@ -25,7 +25,9 @@ void print_add(u64& print, u64 value) {
 }
 
 void print_add(u64& print, f64 value) {
-    print_add(print, std::bit_cast<u64>(value));
+    u64 bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    print_add(print, bits);
 }
 
 void print_add(u64& print, u16 value) {
@@ -51,8 +53,8 @@ void print_add(u64& print, const map_state& s) {
 
 void print_add(u64& print, const transition& arc) {
     print_add(print, u64{arc.from} << 32 | u64{arc.to} << 16 | static_cast<u16>(arc.bend));
-    print_add(print,
-              u64{std::bit_cast<u32>(arc.label_dx)} << 32 | std::bit_cast<u32>(arc.label_dy));
+    print_add(print, f64{arc.label_dx});
+    print_add(print, f64{arc.label_dy});
     for (char byte : arc.rule) {
         print_add(print, u64{static_cast<u8>(byte)});
     }

@@ -150,6 +150,14 @@ bool program_frame() {
     return app.running;
 }
 
+void program_restore_gpu() {
+    renderer_release();
+    i64 mark = arenas[arena_persistent].offset;
+    renderer_init();
+    arena_rewind(arena_persistent, mark);
+    pipeline_prepare();
+}
+
 void program_end() {
     map_work_end();
     display_close();

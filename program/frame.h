@@ -15,4 +15,7 @@ bool program_frame();
 // Changes between the window and the whole screen, as F11 does.
 void fullscreen_toggle();
 
+// Makes every GPU object anew between two frames, after the GPU has lost them all.
+void program_restore_gpu();
+
 void program_end();

@@ -95,6 +95,7 @@ bool map_import(str path, i64 family) {
         return refuse(place, "cannot be written");
     }
     catalogue_add(name, place);
+    selected_entry = catalogue_find(name) - current_catalogue->data;
     message_write({"map ", name, " is ", place, "\n"});
     return true;
 }

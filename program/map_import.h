@@ -7,7 +7,8 @@
 
 // Copies the map at `path` into the custom maps of its family, which becomes the current one, and
 // lists it there under the file's name, with a number behind it when the name is taken. A map that
-// is there already is not added again. The family is `family`, or with `no_family` the one that the
-// file tells. Says what it did in one line on standard output; false, with the reason in one line
-// on standard error, when it cannot be done. The catalogues must be loaded.
+// is there already is not added again. Its entry is the selected one then. The family is `family`,
+// or with `no_family` the one that the file tells. Says what it did in one line on standard output;
+// false, with the reason in one line on standard error, when it cannot be done. The catalogues must
+// be loaded.
 bool map_import(str path, i64 family);

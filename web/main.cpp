@@ -1,23 +1,142 @@
-// The game in a page: the browser calls for the frames.
+// The game in a page: the browser calls for its frames, the page for maps that come and go.
 
+#include <emscripten.h>
 #include <emscripten/html5.h>
 
+#include <sys/stat.h>
+
+#include <cstring>
+
+#include "base/arena.h"
+#include "editor/editor.h"
+#include "maps/catalogue.h"
+#include "maps/family.h"
+#include "maps/file_text.h"
+#include "maps/kept.h"
+#include "maps/model.h"
+#include "maps/reader.h"
+#include "maps/writer.h"
+#include "platform/file.h"
+#include "platform/gl/frame.h"
+#include "platform/web/canvas.h"
+#include "platform/web/pacing.h"
 #include "program/frame.h"
+#include "program/map_import.h"
+#include "program/player_files.h"
+#include "render/renderer.h"
+#include "rules/screens.h"
 
 namespace {
 
-EM_BOOL frame(double, void*) {
-    if (program_frame()) {
-        return EM_TRUE;
+bool context_lost;
+
+// Plays the steps that are due; only the last one's picture is shown.
+EM_BOOL frame(f64 now, void*) {
+    for (i32 steps = context_lost ? 0 : steps_due(now); steps > 0; --steps) {
+        frame_hold(steps > 1);
+        if (!program_frame()) {
+            program_end();
+            EM_ASM(page_ended());
+            return EM_FALSE;
+        }
     }
-    program_end();
-    return EM_FALSE;
+    return EM_TRUE;
+}
+
+EM_BOOL context_event(int type, const void*, void*) {
+    context_lost = type == EMSCRIPTEN_EVENT_WEBGLCONTEXTLOST;
+    if (!context_lost) {
+        canvas_context_restored();
+        program_restore_gpu();
+    }
+    return EM_TRUE;
+}
+
+void map_list_show() {
+    screens = {};
+    screens.title_menu_open = false;
+    screens.map_list_open = true;
+    map_load(catalogue_selected()->path);
+}
+
+str text_of(const char* text) {
+    return {text, static_cast<i64>(std::strlen(text))};
+}
+
+// Ends with a zero byte; lives until the next frame.
+const char* c_text(str text) {
+    return str_concat(text, str("", 1), arena_frame).data;
 }
 
 }  // namespace
 
+// What web/page.js calls, between frames.
+extern "C" {
+
+// The family that a map's file tells, below 0 when it tells none.
+EMSCRIPTEN_KEEPALIVE i32 page_file_family(const char* path) {
+    i64 mark = arenas[arena_persistent].offset;
+    str text;
+    i64 family = file_read_all(text_of(path), text) ? map_family_find(text) : no_family;
+    arena_rewind(arena_persistent, mark);
+    return static_cast<i32>(family);
+}
+
+// Takes in a map's file and shows the map in the list. Else says why not and changes nothing.
+EMSCRIPTEN_KEEPALIVE bool page_map_take(const char* path, i32 family) {
+    i64 mark = arenas[arena_persistent].offset;
+    i64 family_before = machine_kind;
+    bool taken = map_import(text_of(path), family);
+    if (taken) {
+        editor_leave();
+        map_list_show();
+    } else {
+        machine_kind = family_before;
+        arena_rewind(arena_persistent, mark);
+    }
+    return taken;
+}
+
+// The family of the loaded map, below 0 while the title's own is loaded.
+EMSCRIPTEN_KEEPALIVE i32 page_map_family() {
+    bool chosen = current_catalogue != nullptr && !screens.title_menu_open;
+    return static_cast<i32>(chosen ? machine_kind : no_family);
+}
+
+EMSCRIPTEN_KEEPALIVE const char* page_map_name() {
+    const catalogue_entry* entry = catalogue_selected();
+    return c_text(entry != nullptr ? entry->name : "map");
+}
+
+EMSCRIPTEN_KEEPALIVE void page_map_write(const char* path) {
+    file_id file = file_open(text_of(path), file_mode_write);
+    map_write([](void* to,
+                 str piece) { file_write(*static_cast<file_id*>(to), piece.length, piece.data); },
+              &file);
+    file_close(file);
+}
+
+// The player is about to leave the page.
+EMSCRIPTEN_KEEPALIVE void page_leave() {
+    map_work_keep();
+}
+
+EMSCRIPTEN_KEEPALIVE void page_fullscreen_changed(bool fullscreen) {
+    if (render_target.fullscreen != fullscreen) {
+        fullscreen_toggle();
+    }
+}
+}
+
 int main() {
+    umask(S_IWGRP | S_IWOTH);  // Emscripten's own would leave no permission to new files
+    arenas_create();
+    player_files_enter("/player", "/shipped", false);
+    arenas_free();
     program_start();
+    emscripten_set_webglcontextlost_callback(canvas_selector, nullptr, EM_FALSE, context_event);
+    emscripten_set_webglcontextrestored_callback(canvas_selector, nullptr, EM_FALSE, context_event);
+    EM_ASM(page_started());
     emscripten_request_animation_frame_loop(frame, nullptr);
     return 0;
 }

@@ -186,5 +186,6 @@ void draw_elements(u32 kind, u32 index_type, u32 first, u32 count, [[maybe_unuse
 
 u32 pipeline_get_error() {
     frame_finish();
-    return glGetError();
+    GLenum error = frame_is_drawn() ? glGetError() : GL_NO_ERROR;
+    return error == context_is_lost ? GL_NO_ERROR : error;
 }

@@ -6,6 +6,7 @@
 //   shader_version   what every section of a shader begins with
 //   target_formats   of a texture to draw into, best first; it holds linear light, whose dark
 //                    tones show bands in 8 bits
+//   context_is_lost  the error that a browser makes good by itself; none on desktops
 
 #ifdef __EMSCRIPTEN__
 #include <GLES3/gl3.h>
@@ -27,6 +28,8 @@ inline constexpr target_format target_formats[] = {
     {GL_RGBA8, GL_UNSIGNED_BYTE},
 };
 
+inline constexpr GLenum context_is_lost = 0x9242;
+
 // Statuses that OpenGL ES does not know and never answers.
 inline constexpr GLenum GL_FRAMEBUFFER_INCOMPLETE_DRAW_BUFFER = 0x8CDB;
 inline constexpr GLenum GL_FRAMEBUFFER_INCOMPLETE_READ_BUFFER = 0x8CDC;
@@ -36,5 +39,6 @@ inline constexpr GLenum GL_FRAMEBUFFER_INCOMPLETE_LAYER_TARGETS = 0x8DA8;
 
 inline constexpr char shader_version[] = "#version 330 core\n";
 inline constexpr target_format target_formats[] = {{GL_RGBA16, GL_UNSIGNED_SHORT}};
+inline constexpr GLenum context_is_lost = GL_NO_ERROR;
 
 #endif

@@ -131,3 +131,7 @@ void state_forget_frame_buffer(u32 frame_buffer) {
 void state_forget_program(u32 program) {
     grown(now.uniforms, program).clear();
 }
+
+void state_forget_all() {
+    now = {};
+}

@@ -28,3 +28,5 @@ void state_forget_vertex_array(u32 array);
 void state_forget_frame_buffer(u32 frame_buffer);
 // A program that is destroyed or linked anew has no uniform set.
 void state_forget_program(u32 program);
+// The context was made anew, and everything is as OpenGL starts.
+void state_forget_all();

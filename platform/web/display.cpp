@@ -3,15 +3,24 @@
 #include <emscripten.h>
 #include <emscripten/html5.h>
 
+#include <cmath>
 #include <cstdlib>
 
 #include "base/message.h"
 #include "platform/common/view.h"
+#include "platform/gl/frame.h"
+#include "platform/gl/state.h"
 #include "platform/web/canvas.h"
+
+// clang-format off
+EM_JS(void, page_fullscreen_set, (bool wanted), { page_fullscreen(wanted !== 0); });
+// clang-format on
 
 namespace {
 
 EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context;
+view_size windowed_size;  // of the game's picture outside fullscreen
+view_size logical_size;   // of the game's picture now
 
 EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context_create() {
     EmscriptenWebGLContextAttributes attributes;
@@ -23,37 +32,70 @@ EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context_create() {
     return emscripten_webgl_create_context(canvas_selector, &attributes);
 }
 
+void extensions_enable() {
+    // Without it 16-bit floats cannot be drawn into, and the next best format is taken.
+    emscripten_webgl_enable_extension(context, "EXT_color_buffer_float");
+}
+
+i32 pixels_of(f64 page_units) {
+    return static_cast<i32>(std::lround(page_units * canvas_density()));
+}
+
+view_size screen_size() {
+    int width = 0;
+    int height = 0;
+    emscripten_get_screen_size(&width, &height);
+    return {pixels_of(width), pixels_of(height)};
+}
+
 }  // namespace
 
 void display_open(i32 width, i32 height, str, u32, u32) {
-    emscripten_set_canvas_element_size(canvas_selector, width, height);
-    view_set({width, height}, {width, height});
+    windowed_size = logical_size = {width, height};
     context = context_create();
     if (context <= 0 || emscripten_webgl_make_context_current(context) < 0) {
         message_write({"failed to open the display: no WebGL 2\n"});
         std::exit(EXIT_FAILURE);
     }
-    // A target of 16-bit floats can be drawn into only after this.
-    emscripten_webgl_enable_extension(context, "EXT_color_buffer_float");
+    extensions_enable();
+    canvas_fit();
     input_listen();
 }
 
-// A page is never asked whether it may close.
+void canvas_context_restored() {
+    extensions_enable();
+    state_forget_all();
+}
+
+f64 canvas_density() {
+    return emscripten_get_device_pixel_ratio();
+}
+
+void canvas_fit() {
+    f64 width = 0;
+    f64 height = 0;
+    emscripten_get_element_css_size(canvas_selector, &width, &height);
+    view_size size = {pixels_of(width), pixels_of(height)};
+    if (view_set(logical_size, size)) {
+        emscripten_set_canvas_element_size(canvas_selector, view.window.width, view.window.height);
+        frame_ask();
+    }
+}
+
+// A page is closed without being asked.
 bool display_is_closed() {
     return false;
 }
 
 void display_set_fullscreen(bool fullscreen) {
-    // clang-format off
-    EM_ASM({ fullscreen_set($0 !== 0); }, fullscreen);
-    // clang-format on
+    logical_size = fullscreen ? view_fullscreen(screen_size()) : windowed_size;
+    page_fullscreen_set(fullscreen);
+    canvas_fit();
 }
 
 void display_get_info(i32& width, i32& height) {
-    width = 1024;
-    height = 832;
+    width = logical_size.width;
+    height = logical_size.height;
 }
 
-void display_close() {
-    emscripten_webgl_destroy_context(context);
-}
+void display_close() {}

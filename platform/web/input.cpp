@@ -2,14 +2,20 @@
 
 #include <emscripten/html5.h>
 
-#include <algorithm>
-#include <iterator>
+#include <deque>
 #include <string_view>
 
 #include "platform/common/input_state.h"
+#include "platform/common/view.h"
 #include "platform/web/canvas.h"
 
 namespace {
+
+constexpr unsigned short mouse_left_of_page = 0;
+constexpr unsigned short mouse_right_of_page = 2;
+
+// What one step of a wheel is, by the unit that an event is told in: pixels, lines, pages.
+constexpr f64 wheel_units[] = {100, 3, 1};
 
 struct key_place {
     std::string_view place;
@@ -67,46 +73,121 @@ u32 key_of(const EmscriptenKeyboardEvent& event) {
     return 0;
 }
 
+enum class event_kind { key, button, motion, wheel, release };
+
+struct input_event {
+    event_kind kind;
+    u32 code;  // of the key or button
+    bool down;
+    f64 x, y;  // of the pointer in the game's picture
+    f64 wheel;
+};
+
+f64 x_before;  // of the pointer at the event before
+f64 y_before;
+
+std::deque<input_event> events;  // since the last poll, oldest first
+
+// Whether an edge came of it.
+bool event_apply(const input_event& event) {
+    bool is_edge = event.kind == event_kind::key || event.kind == event_kind::button;
+    switch (event.kind) {
+        case event_kind::key:
+            input_feed_key(event.code, event.down);
+            break;
+        case event_kind::button:
+        case event_kind::motion:
+            input_feed_pointer(event.x, event.y);
+            input_feed_motion(event.x - x_before, event.y - y_before);
+            x_before = event.x;
+            y_before = event.y;
+            if (is_edge) {
+                input_feed_button(event.code, event.down);
+            }
+            break;
+        case event_kind::wheel:
+            input_feed_wheel(event.wheel);
+            break;
+        case event_kind::release:
+            input_feed_release_all();
+            break;
+    }
+    return is_edge;
+}
+
+bool is_letter(u32 key) {
+    return key >= key_a && key <= key_z;
+}
+
+// With ctrl the game knows s and o; the others are the browser's, as is all with meta or alt.
+bool is_for_browser(const EmscriptenKeyboardEvent& event, u32 key) {
+    return event.metaKey || event.altKey ||
+           (event.ctrlKey && is_letter(key) && key != key_s && key != key_o);
+}
+
+// A letter tells by its case, together with shift, whether caps lock is on.
+void caps_lock_find(const EmscriptenKeyboardEvent& event, u32 key) {
+    if (is_letter(key)) {
+        bool upper = event.key[0] < 'a';
+        input_feed_caps_lock(upper != (event.shiftKey != EM_FALSE));
+    }
+}
+
 EM_BOOL key_event(int type, const EmscriptenKeyboardEvent* event, void*) {
     u32 key = key_of(*event);
-    if (key != 0) {
-        input_feed_key(key, type == EMSCRIPTEN_EVENT_KEYDOWN);
+    bool down = type == EMSCRIPTEN_EVENT_KEYDOWN;
+    if (key == 0 || (down && is_for_browser(*event, key))) {
+        return EM_FALSE;
     }
-    return key != 0;
-}
-
-EM_BOOL mouse_event(int type, const EmscriptenMouseEvent* event, void*) {
-    input_feed_pointer(event->targetX, event->targetY);
-    input_feed_motion(event->movementX, event->movementY);
-    if (type != EMSCRIPTEN_EVENT_MOUSEMOVE) {
-        input_feed_button(event->button == 0 ? mouse_left : mouse_right,
-                          type == EMSCRIPTEN_EVENT_MOUSEDOWN);
+    caps_lock_find(*event, key);
+    if (!event->repeat) {
+        events.push_back({event_kind::key, key, down, 0, 0, 0});
     }
-    return EM_FALSE;
-}
-
-EM_BOOL wheel_event(int, const EmscriptenWheelEvent* event, void*) {
-    input_feed_wheel(event->deltaY < 0 ? 1 : -1);
     return EM_TRUE;
 }
 
-EM_BOOL focus_event(int, const EmscriptenFocusEvent*, void*) {
-    input_feed_release_all();
+EM_BOOL mouse_event(int type, const EmscriptenMouseEvent* event, void*) {
+    f64 x = event->targetX * canvas_density();
+    f64 y = event->targetY * canvas_density();
+    view_point(x, y);
+    if (type == EMSCRIPTEN_EVENT_MOUSEMOVE) {
+        events.push_back({event_kind::motion, 0, false, x, y, 0});
+    } else if (event->button == mouse_left_of_page || event->button == mouse_right_of_page) {
+        u32 button = event->button == mouse_left_of_page ? mouse_left : mouse_right;
+        events.push_back({event_kind::button, button, type == EMSCRIPTEN_EVENT_MOUSEDOWN, x, y, 0});
+    }
+    return EM_FALSE;  // the browser moves the focus
+}
+
+EM_BOOL wheel_event(int, const EmscriptenWheelEvent* event, void*) {
+    f64 steps = -event->deltaY / wheel_units[event->deltaMode];
+    events.push_back({event_kind::wheel, 0, false, 0, 0, steps});
+    return EM_TRUE;
+}
+
+EM_BOOL blur_event(int, const EmscriptenFocusEvent*, void*) {
+    events.push_back({event_kind::release, 0, false, 0, 0, 0});
     return EM_FALSE;
 }
 
 }  // namespace
 
 void input_listen() {
-    emscripten_set_keydown_callback(canvas_selector, nullptr, EM_FALSE, key_event);
-    emscripten_set_keyup_callback(canvas_selector, nullptr, EM_FALSE, key_event);
-    emscripten_set_mousedown_callback(canvas_selector, nullptr, EM_FALSE, mouse_event);
-    emscripten_set_mouseup_callback(canvas_selector, nullptr, EM_FALSE, mouse_event);
-    emscripten_set_mousemove_callback(canvas_selector, nullptr, EM_FALSE, mouse_event);
-    emscripten_set_wheel_callback(canvas_selector, nullptr, EM_FALSE, wheel_event);
-    emscripten_set_blur_callback(canvas_selector, nullptr, EM_FALSE, focus_event);
+    const char* canvas = canvas_selector;
+    emscripten_set_keydown_callback(canvas, nullptr, EM_FALSE, key_event);
+    emscripten_set_keyup_callback(canvas, nullptr, EM_FALSE, key_event);
+    emscripten_set_mousedown_callback(canvas, nullptr, EM_FALSE, mouse_event);
+    emscripten_set_mouseup_callback(canvas, nullptr, EM_FALSE, mouse_event);
+    emscripten_set_mousemove_callback(canvas, nullptr, EM_FALSE, mouse_event);
+    emscripten_set_wheel_callback(canvas, nullptr, EM_FALSE, wheel_event);
+    emscripten_set_blur_callback(canvas, nullptr, EM_FALSE, blur_event);
 }
 
+// A sample ends with its first edge; what came after it waits for the next poll.
 void input_poll() {
+    canvas_fit();
+    for (bool edge = false; !edge && !events.empty(); events.pop_front()) {
+        edge = event_apply(events.front());
+    }
     input_sample();
 }

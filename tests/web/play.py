@@ -1,0 +1,236 @@
+"""Plays the page in a directory: play.py DIRECTORY. Ends with status 1 at the first fault."""
+
+import base64
+import functools
+import http.server
+import pathlib
+import sys
+import tempfile
+import threading
+import time
+import zlib
+
+from selenium.webdriver.common.keys import Keys
+
+from browser import Browser
+
+BACKGROUND = (0, 0, 123)
+PANEL = (0, 0, 59)
+BAND = (0, 0, 65)
+BOX = (0, 0, 43)
+STONE = (73, 100, 151)
+ACCEPTING = (168, 217, 255)
+RED = (255, 0, 0)
+
+PLAY_GAME, EDITOR, FAMILY_BEFORE = (512, 752), (816, 752), (352, 112)
+SEATS_FEWER, SEATS_OK = (352, 96), (512, 768)
+MAP_AFTER, MAP_PLAY = (672, 112), (512, 752)
+ASIDE = (512, 150)
+
+TITLE = {(120, 8): BACKGROUND, (120, 20): PANEL, (765, 20): PANEL, (357, 617): ACCEPTING}
+SEATS = {(120, 8): PANEL}
+MAP_LIST = {(120, 8): BACKGROUND, (120, 20): PANEL, (765, 752): PANEL}
+BOARD = {(1000, 8): BAND, (120, 300): BACKGROUND}
+WON = {(1000, 8): BAND, (120, 300): BOX}
+
+CHAIN = "map 0 0 128\n{}stone 0\n. -3 0\n. -1 0\n. 1 0\n* 3 0\n" + "".join(
+    f'=> {i} {i + 1} 0 0 24 "{{}}"\n' for i in range(3))
+CHAIN_PLACES = [(128, 416), (384, 416), (640, 416), (896, 416)]
+CARD = (512, 752)
+
+# A map of each family that one seat wins, and the clicks of each move, from the stone on.
+GAMES = {
+    "state": (CHAIN.replace("{}", "win 1\n", 1).replace("{}", ""),
+              list(zip(CHAIN_PLACES, CHAIN_PLACES[1:]))),
+    "pushdown": ('map 0 0 128\nwin 1\ndeck 1 4 4 4\nhand 1\nstone 0\n. -3 0\n* 3 0\n=> 0 1 0 0 36 "*"\n',
+                 [(CHAIN_PLACES[0], CHAIN_PLACES[3], CARD)]),
+    "turing": (CHAIN.replace("{}", "win 0\ndeck 3 1 1 1\ntape 3\ngoal 0 2 18\n", 1)
+               .replace("{}", "6R"), list(zip(CHAIN_PLACES, CHAIN_PLACES[1:]))),
+}
+
+# What the editor is made to write below.
+MADE = "map 0 0 1\nwin 0\nstone 0\n. -128 0\n* 128 0\n=> 0 1 0 0 0 \"\"\n"
+MADE_PATH = "custom_state_machines/a_b"
+MADE_PLACES = [(384, 416), (640, 416)]
+MADE_PREVIEW = dict(zip(MADE_PLACES, (STONE, ACCEPTING)))
+
+NO_DATABASE = "Object.defineProperty(window, 'indexedDB', {value: undefined});"
+
+
+class Server:
+    """Serves a directory on the loopback address, below a path of its own."""
+
+    class Handler(http.server.SimpleHTTPRequestHandler):
+        def log_message(self, *_):
+            pass
+
+        def translate_path(self, path):
+            return super().translate_path(path.removeprefix("/some/where"))
+
+    def __init__(self, directory):
+        handler = functools.partial(self.Handler, directory=directory)
+        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), handler)
+        self.address = f"http://127.0.0.1:{self.server.server_port}/some/where/"
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+
+    def stop(self):
+        self.server.shutdown()
+        self.server.server_close()
+
+
+def say(what):
+    print("==", what, flush=True)
+
+
+def expect(what, truth):
+    if not truth:
+        raise SystemExit("error: " + what)
+
+
+def link_letters(family, name, text):
+    deflate = zlib.compressobj(wbits=-15)
+    packed = deflate.compress(f"{family}\n{name}\n{text}".encode()) + deflate.flush()
+    return base64.urlsafe_b64encode(packed).decode().rstrip("=")
+
+
+def open_title(browser, address):
+    browser.open(address)
+    browser.wait_shows("the title menu", TITLE)
+
+
+def play_each_family(browser):
+    say("a game of each family, from a link to the winner")
+    browser.click(PLAY_GAME)
+    browser.wait_shows("the seats", SEATS)
+    browser.click(SEATS_FEWER, SEATS_FEWER, SEATS_OK, ASIDE)
+    for family, (text, moves) in GAMES.items():
+        browser.script(f"location.hash = '#map={link_letters(family, 'duel', text)}'")
+        browser.wait_text("notice", "The map is in your list.")
+        browser.wait_shows("the map list", MAP_LIST | {(212, 416): STONE, (812, 416): ACCEPTING})
+        browser.click(MAP_PLAY)
+        for source, *target in moves:
+            browser.wait_shows("the stone", BOARD | {source: STONE})
+            browser.click(source, *target, ASIDE)
+        browser.wait_shows(f"the winner of the {family} game", WON)
+        expect("the winner's name is missing", browser.has((312, 384, 712, 448), RED))
+        browser.script("notice_show('')")
+
+
+def make_map(browser):
+    """From the title menu: two states with a stone and an arrow, saved as a-b."""
+    say("a map is made, and still there after a reload")
+    browser.click(FAMILY_BEFORE, EDITOR)
+    browser.wait_shows("the editor", BOARD)
+    browser.move(*MADE_PLACES[0])
+    browser.press("13")
+    browser.move(*MADE_PLACES[1])
+    browser.press("1u")
+    browser.click(ASIDE, button=2)
+    browser.click(ASIDE, button=2)
+    browser.click(*MADE_PLACES)
+    browser.press("2")
+    browser.press("s", held=Keys.CONTROL)
+    browser.press("a-b" + Keys.ENTER)
+    browser.wait("the kept map", lambda: browser.script(
+        "return store.writing === 0 && Module.FS.analyzePath('/player/" + MADE_PATH + "').exists"))
+    browser.driver.refresh()
+    browser.wait_shows("the title menu", TITLE)
+    browser.click(FAMILY_BEFORE, PLAY_GAME, SEATS_OK)
+    browser.wait_shows("the map list", MAP_LIST)
+    for _ in range(60):
+        if browser.shows(MADE_PREVIEW):
+            return
+        browser.click(MAP_AFTER)
+    raise SystemExit("error: the map is not in the list")
+
+
+def take_link(browser, address, folder):
+    say("its link and its file bring it to other players")
+    browser.allow(address, folder)
+    browser.script("document.getElementById('copy_link').click()")
+    browser.wait_text("notice", "The link is copied.")
+    link = browser.driver.execute_async_script("navigator.clipboard.readText().then(arguments[0])")
+    browser.script("document.getElementById('export_map').click()")
+    file = pathlib.Path(folder) / "a-b.quorrel"
+    browser.wait("the exported file", file.exists)
+    expect("the exported file is not the map", file.read_text() == MADE)
+    return link, file
+
+
+def visit_fresh(address, link, file):
+    with Browser() as browser:
+        browser.open(link)
+        browser.wait_shows("the map of the link", MAP_LIST | MADE_PREVIEW)
+        expect("the link stays in the address", browser.driver.current_url == address)
+
+        say("what is no map gets one message")
+        for letters in ("", "AAAA", "%00", "x" * 300000, link_letters("state", "n", "x" * 2000000)):
+            browser.script("notice_show('')")
+            browser.script(f"location.hash = '#map={letters}'")
+            browser.wait_text("notice", "The link holds no map that can be read.")
+        bad = file.with_name("bad.quorrel")
+        for content, words in ((b"\0\xff<script>" * 99, "is not a map"), (b" " * 5000000, "too large")):
+            bad.write_bytes(content)
+            browser.driver.find_element("id", "file").send_keys(str(bad))
+            browser.wait_text("notice", words)
+        browser.driver.find_element("id", "file").send_keys(str(file))
+        browser.wait_text("notice", "The map is in your list.")
+        expect("the same map came twice",
+               "a_b_2" not in browser.script("return Module.FS.readdir('/player/custom_state_machines')"))
+        expect_quiet(browser)
+
+
+def change_window(browser):
+    say("another size, a dense display, fullscreen, a lost GPU: the same game")
+    for width, height, density in ((700, 500, 1), (600, 900, 2)):
+        browser.resize(width, height, density)
+        browser.wait_shows("the map list", MAP_LIST)
+    browser.open(browser.driver.current_url)
+    browser.wait_shows("the title menu", TITLE)
+    browser.press(Keys.F11)
+    browser.wait("fullscreen", lambda: browser.script("return document.fullscreenElement !== null"))
+    browser.press(Keys.F11)
+    browser.wait("the window", lambda: browser.script("return document.fullscreenElement === null"))
+    browser.wait_shows("the title menu", TITLE)
+    browser.script("window.lost = document.getElementById('canvas').getContext('webgl2')"
+                   ".getExtension('WEBGL_lose_context'); lost.loseContext()")
+    browser.script("setTimeout(() => lost.restoreContext(), 100)")
+    browser.click(PLAY_GAME)
+    browser.wait_shows("the seats", SEATS)
+
+
+def expect_quiet(browser):
+    errors = browser.errors()
+    expect(f"errors in the console: {errors}", not errors)
+
+
+def main():
+    server = Server(sys.argv[1])
+    with Browser() as browser, tempfile.TemporaryDirectory() as folder:
+        start = time.monotonic()
+        open_title(browser, server.address)
+        say(f"the first picture after {time.monotonic() - start:.1f} s")
+        play_each_family(browser)
+        open_title(browser, server.address)
+        make_map(browser)
+        link, file = take_link(browser, server.address, folder)
+        visit_fresh(server.address, link, file)
+        change_window(browser)
+        expect_quiet(browser)
+
+        say("without a network")
+        server.stop()
+        browser.open(server.address)
+        browser.wait_shows("the title menu", TITLE)
+    server = Server(sys.argv[1])
+    with Browser(before=NO_DATABASE) as browser:
+        say("without a database, without WebGL 2")
+        open_title(browser, server.address)
+        browser.wait_text("notice", "Maps that you make are not kept")
+    with Browser("--disable-3d-apis") as browser:
+        browser.driver.get(server.address)
+        browser.wait_text("curtain_text", "WebGL 2")
+    say("the page is as it has to be")
+
+
+main()
