@@ -1,6 +1,7 @@
 #include "base/numbers.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 
 namespace {
@@ -74,6 +75,7 @@ str digits_write(i64 value, char (&bytes)[int_digit_count + 1]) {
 }  // namespace
 
 decimal_digits number_digits(f64 value) {
+    assert(!(value < 0));
     decimal_digits number;
     if (!(value < 1e64)) {
         std::fill(number.digits, number.digits + number_digit_count, u8{9});

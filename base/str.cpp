@@ -1,5 +1,7 @@
 #include "base/str.h"
 
+#include <cassert>
+
 namespace {
 
 void copy_bytes(char* to, str from) {
@@ -11,6 +13,7 @@ void copy_bytes(char* to, str from) {
 }  // namespace
 
 str str_concat(str a, str b, arena_id id) {
+    assert(a.length >= 0 && b.length >= 0);
     char* bytes = static_cast<char*>(arena_alloc(id, a.length + b.length));
     copy_bytes(bytes, a);
     copy_bytes(bytes + a.length, b);

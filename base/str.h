@@ -2,6 +2,7 @@
 
 // A slice of bytes without a terminator. The bytes belong to an arena or to static storage.
 
+#include <cassert>
 #include <cstddef>
 #include <cstring>
 
@@ -18,7 +19,10 @@ struct str {
     template <std::size_t size>
     consteval str(const char (&literal)[size]) : data(literal), length(i64{size} - 1) {}
 
-    char operator[](i64 i) const { return data[i]; }
+    char operator[](i64 i) const {
+        assert(0 <= i && i < length);
+        return data[i];
+    }
     const char* begin() const { return data; }
     const char* end() const { return data + length; }
 };

@@ -1,6 +1,7 @@
 #include "base/text_builder.h"
 
 #include <algorithm>
+#include <cassert>
 
 text_builder text_builder_make(arena_id id) {
     text_builder builder = {};
@@ -9,6 +10,8 @@ text_builder text_builder_make(arena_id id) {
 }
 
 void text_builder_put(text_builder& builder, char byte) {
+    assert(0 <= builder.cursor && builder.cursor <= builder.length);
+    assert(builder.length <= builder.capacity);
     if (builder.capacity == 0) {
         builder.capacity = 1;
         builder.data = static_cast<char*>(arena_alloc(builder.arena_id, 1));
@@ -34,6 +37,7 @@ str text_builder_text(const text_builder& builder) {
 }
 
 void text_buffer_put(text_buffer& buffer, char byte) {
+    assert(0 <= buffer.cursor && buffer.length <= buffer.capacity);
     if (buffer.cursor >= buffer.capacity) {
         return;
     }

@@ -1,5 +1,7 @@
 #include "editor/editor.h"
 
+#include <cassert>
+
 #include "base/message.h"
 #include "editor/goal_editing.h"
 #include "editor/map_edit.h"
@@ -123,6 +125,7 @@ i64 key_direction(u32 negative_key, u32 positive_key) {
 }
 
 void state_keys_apply(u16 state, const edit_buttons& clicked) {
+    assert(state_exists(state));
     map_state& s = game_map.states[state];
     s.x += map_units(grid_step) * static_cast<f64>(key_direction(key_j, key_l));
     s.y += map_units(grid_step) * static_cast<f64>(key_direction(key_k, key_i));
@@ -203,6 +206,7 @@ void editor_frame(const pointer& mouse) {
         if (!list_opened) {
             editing_keys_apply(cursor, clicked);
         }
+        nimbers_key_apply();
         bottom_rows_frame();
     }
     if (goal_editing.goal_dialog_open) {

@@ -1,5 +1,7 @@
 #include "editor/goal_editing.h"
 
+#include <cassert>
+
 #include "base/arithmetic.h"
 #include "render/button.h"
 #include "render/goal_text.h"
@@ -35,6 +37,7 @@ u8 stepped_around(u8 value, i64 step, i64 count) {
 
 // Brings the cursor into the range of the goals, of which there must be some.
 void goal_cursor_reduce() {
+    assert(goals.count > 0);
     goal_editing.goal_cursor = floor_modulo(goal_editing.goal_cursor, goals.count);
 }
 
@@ -64,6 +67,7 @@ void card_row_frame(card& c, f64 y) {
 
 void dialog_rows_frame(f64 y) {
     goal& g = goal_editing.new_goal;
+    assert(g.measure < measure_count && g.comparison < comparison_count);
     g.measure = stepped_around(g.measure, row_step_clicked(y), measure_count);
     row_text_draw(measure_names[g.measure], y);
     y -= row_step;

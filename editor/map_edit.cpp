@@ -1,5 +1,7 @@
 #include "editor/map_edit.h"
 
+#include <cassert>
+
 #include "maps/model.h"
 
 namespace {
@@ -47,6 +49,7 @@ void stones_remove(u16 state, bool only_one) {
 }
 
 void state_remove(u16 state) {
+    assert(state_exists(state));
     transitions_of_remove(state);
     i64 last = game_map.states.count - 1;
     if (last != state && last < no_index) {

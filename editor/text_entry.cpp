@@ -1,5 +1,7 @@
 #include "editor/text_entry.h"
 
+#include <cassert>
+
 #include "platform/input.h"
 #include "render/button.h"
 #include "render/renderer.h"
@@ -28,8 +30,13 @@ constexpr punctuation_key punctuation_keys[] = {
     {key_equals, '=', '+'},       {key_grave, '~', '~'},
 };
 
+void purposes_clear() {
+    text_entry.text_purpose_rule = false;
+    text_entry.text_purpose_map_name = false;
+}
+
 void text_entry_start(str prompt) {
-    text_entry_close();
+    purposes_clear();
     screens.text_entry_open = true;
     text_entry.text_prompt = prompt;
     text_entry.typed_text.count = 0;
@@ -101,8 +108,7 @@ void text_entry_open_map_name() {
 
 void text_entry_close() {
     screens.text_entry_open = false;
-    text_entry.text_purpose_rule = false;
-    text_entry.text_purpose_map_name = false;
+    purposes_clear();
     text_entry.text_confirmed = false;
 }
 
@@ -119,6 +125,8 @@ str text_entry_text() {
 }
 
 void text_entry_frame() {
+    assert(screens.text_entry_open);
+    assert(!text_entry.text_purpose_rule || !text_entry.text_purpose_map_name);
     f64 x = render_target.width / 2.0;
     f64 y = render_target.height / 2.0;
     box_fill(box_around(x, y, 640, 480), box_tint);
@@ -131,6 +139,7 @@ void text_entry_frame() {
         text_entry.text_confirmed = true;
     }
     if (button_draw("Cancel", x - 224, y - 144, 128, 64)) {
-        text_entry_close();
+        screens.text_entry_open = false;
+        purposes_clear();
     }
 }

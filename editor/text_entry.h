@@ -9,7 +9,8 @@
 #include "base/dyn_array.h"
 #include "base/str.h"
 
-// At most one purpose is set, while the dialog is open or confirmed.
+// At most one purpose is set. A confirmation waits until a purpose's handler takes it; one that is
+// still waiting when the dialog opens anew belongs to the new purpose.
 struct text_entry_record {
     dyn_array<char> typed_text = {};
     str text_prompt;

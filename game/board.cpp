@@ -1,6 +1,7 @@
 #include "game/board.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "base/numbers.h"
 #include "base/time_step.h"
@@ -20,7 +21,9 @@ constexpr colour target_halo = {0, 0, 1, 0.5f};
 constexpr colour hover_halo = {1, 1, 1, 0.3f};
 constexpr colour selected_transition_tint = {0.3f, 0, 1, 1};
 
-// The spring that flies a stone to its state: pull per frame, damping per second.
+// A stone flies to its state on a damped spring, stepped once per frame: the way left pulls it, its
+// speed is braked, and it lands when it is slower than one world unit per second. Pull per frame,
+// damping per second.
 constexpr f32 flight_pull = 1.5f;
 constexpr f32 flight_damping = 24;
 
@@ -49,6 +52,7 @@ void right_click_apply() {
 }
 
 void state_click_apply(u16 state) {
+    assert(state_exists(state));
     if (selection_source() == no_index) {
         selection.selected_state = state;
         selection.target_state = no_index;
@@ -96,7 +100,7 @@ bool stone_is_flying(i64 stone) {
     return stone == flight.moving_stone && stone != no_index;
 }
 
-// Moves the flying stone one step; it lands when it is slow.
+// Moves the flying stone one step.
 void flight_advance() {
     i64 stone = flight.moving_stone;
     if (stone == no_index || stone >= stones.count || !state_exists(stones[stone])) {
@@ -125,6 +129,7 @@ world_point stone_centre(i64 stone) {
         return {flight.moving_from[0], flight.moving_from[1]};
     }
     u16 state = stones[stone];
+    assert(state_exists(state));
     world_point centre = state_centre(state);
     return {centre.x, centre.y + stone_rise * stone_stack[state]};
 }
@@ -154,6 +159,12 @@ void board_find_transition() {
             selection.selected_transition = static_cast<u16>(i);
             return;
         }
+    }
+}
+
+void nimbers_key_apply() {
+    if (input_key_is_held(key_shift) && input_key_is_pressed(key_n)) {
+        turn.show_nimbers = !turn.show_nimbers;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "game/card_drawing.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "render/pictures.h"
 #include "render/quad.h"
@@ -38,6 +39,7 @@ colour background_tint(const colour& c) {
 }
 
 void pips_draw(i64 count, f64 x, f64 y, f64 size) {
+    assert(1 <= count && count <= card_number_count);
     const pip_row& row = pip_layout[count - 1];
     f64 side = row.side * size;
     for (i64 i = 0; i < count; ++i) {
@@ -52,6 +54,7 @@ void pips_draw(i64 count, f64 x, f64 y, f64 size) {
 }  // namespace
 
 void card_draw(const card& face, f64 x, f64 y, f64 size) {
+    assert(size > 0);
     const colour& tint = colour_rgba(face.colour);
     quad_unit();
     quad_place(quad_model({x, y, size, size}), screen_space);

@@ -1,6 +1,7 @@
 #include "game/hand_panel.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "base/numbers.h"
 #include "game/card_drawing.h"
@@ -37,6 +38,7 @@ struct hand_layout {
 };
 
 hand_layout hand_measure(i64 count) {
+    assert(count >= 0);
     hand_layout row = {};
     row.count = count;
     row.visible = render_target.width / static_cast<i64>(card_step);
@@ -93,6 +95,7 @@ void scroll_bar_frame(const hand_layout& row, const pointer& mouse) {
         return;
     }
     f64 track = render_target.width - 2 * bar_margin;
+    assert(row.full_width > 0);
     f64 fraction = track / row.full_width;
     box thumb = {bar_margin + hand_row.hand_scroll * track, bar_y, fraction * track, bar_height};
     bool hovered = !hand_row.hand_scroll_dragging && box_has(thumb, mouse.x, mouse.y);

@@ -1,5 +1,7 @@
 #include "game/map_drawing.h"
 
+#include <cassert>
+
 #include "render/pictures.h"
 #include "render/sprites.h"
 #include "render/text.h"
@@ -38,6 +40,7 @@ world_point placed_centre(const map_placement& place, i64 state) {
 }
 
 void transition_draw(const map_placement& place, const transition& arc, const colour& tint) {
+    assert(transition_exists(arc));
     world_point from = placed_centre(place, arc.from);
     world_point to = placed_centre(place, arc.to);
     f64 f = place.factor;
@@ -57,6 +60,7 @@ void disc_draw(const map_placement& place, world_point centre, f64 side, const c
 }
 
 void state_draw(const map_placement& place, i64 state) {
+    assert(place.factor > 0);
     const colour& tint = game_map.states[state].accepting ? accepting_tint : plain_tint;
     disc_draw(place, placed_centre(place, state), state_size, tint);
 }

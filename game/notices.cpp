@@ -1,5 +1,7 @@
 #include "game/notices.h"
 
+#include <cassert>
+
 #include "maps/model.h"
 #include "render/goal_text.h"
 #include "render/pictures.h"
@@ -35,6 +37,7 @@ void notice_draw(str title, str hint, f64 hint_drop, const colour& tint) {
 }  // namespace
 
 void status_lines_draw() {
+    assert(0 <= machine_kind && machine_kind < machine_kind_count);
     f64 height = render_target.height;
     text_draw_left(family_labels[machine_kind], 16, height - 48, text_normal, status_tint);
     text_draw_left(win_mode_label(settings.win_mode), 16, height - 80, text_normal, status_tint);
@@ -45,11 +48,14 @@ void status_lines_draw() {
 
 void turn_cover_draw() {
     const player& seat = current_seat();
+    assert(seat.colour_index < seat_colour_count);
     notice_draw(turn_texts[seat.colour_index], "Press <space> to continue", 64, seat.colour);
 }
 
 void winner_banner_draw() {
+    assert(turn.winner != no_winner);
     const player& winner = players[turn.winner];
+    assert(winner.colour_index < seat_colour_count);
     notice_draw(win_texts[winner.colour_index], "Press <space> to restart or <esc> to quit", 200,
                 winner.colour);
     if (machine_kind == turing_machine) {

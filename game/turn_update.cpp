@@ -3,6 +3,7 @@
 #include "ai/computer.h"
 #include "base/message.h"
 #include "base/time_step.h"
+#include "game/board.h"
 #include "platform/input.h"
 #include "rules/cards.h"
 #include "rules/check.h"
@@ -89,9 +90,7 @@ void computer_turn_advance() {
 void seat_act() {
     deck_refill();
     pending_move_take();
-    if (input_key_is_held(key_shift) && input_key_is_pressed(key_n)) {
-        turn.show_nimbers = !turn.show_nimbers;
-    }
+    nimbers_key_apply();
     space_key_apply();
     computer_turn_advance();
 }

@@ -1,6 +1,7 @@
 #include "menus/map_list.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "game/map_drawing.h"
 #include "maps/catalogue.h"
@@ -26,6 +27,7 @@ void map_choose(menu_centre centre) {
         map_load(catalogue_selected()->path);
     }
     label_draw("Map", centre.x, centre.y + half_height - 48);
+    assert(selected_entry < catalogue_count());
     if (const catalogue_entry* entry = catalogue_selected()) {
         label_draw(entry->name, centre.x, y);
     }

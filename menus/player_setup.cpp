@@ -30,8 +30,9 @@ void buttons_frame(menu_centre centre) {
     }
 }
 
-// Makes `players` hold exactly `player_count` seats; the ones that come anew are easy humans.
+// Makes `players` hold exactly `player_count` seats; new ones are humans.
 void seats_adjust() {
+    assert(1 <= player_count && player_count <= player_limit);
     constexpr i64 size = sizeof(player);
     if (players.capacity < player_count) {
         players.data = static_cast<player*>(

@@ -1,6 +1,7 @@
 #include "render/camera.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "base/time_step.h"
 #include "platform/input.h"
@@ -60,6 +61,7 @@ void view_reset() {
 }  // namespace
 
 void camera_matrices_build(i32 width, i32 height) {
+    assert(width > 0 && height > 0 && camera.zoom > 0);
     f64 centre_x = width / 2.0;
     f64 centre_y = height / 2.0;
     screen_matrix = projection(width, height);

@@ -1,5 +1,7 @@
 #include "render/goal_text.h"
 
+#include <cassert>
+
 #include "base/numbers.h"
 #include "render/text.h"
 
@@ -40,6 +42,7 @@ void measure_put(text_buffer& buffer, const goal& g) {
 }  // namespace
 
 void goal_text_put(text_buffer& buffer, const goal& g) {
+    assert(buffer.capacity - buffer.cursor >= goal_text_capacity);
     if (g.measure < measure_count) {
         measure_put(buffer, g);
     }

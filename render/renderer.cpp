@@ -1,5 +1,6 @@
 #include "render/renderer.h"
 
+#include <cassert>
 #include <cstddef>
 
 #include "base/message.h"
@@ -131,6 +132,7 @@ void renderer_release() {
 }
 
 void render_target_rebuild() {
+    assert(render_target.width > 0 && render_target.height > 0);
     render_target_destroy();
     u32 width = static_cast<u32>(render_target.width);
     u32 height = static_cast<u32>(render_target.height);

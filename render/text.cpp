@@ -1,5 +1,7 @@
 #include "render/text.h"
 
+#include <cassert>
+
 #include "base/numbers.h"
 #include "maps/card.h"
 #include "render/font.h"
@@ -139,6 +141,7 @@ void characters_draw(str text, const text_style& style, text_pen pen) {
 
 void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, draw_space space,
                text_layout layout) {
+    assert(layout <= text_icons && size >= 0);
     quad_unit();
     quad_texture(font.texture);
     quad_sampler();

@@ -193,8 +193,11 @@ TEST_F(editor_test, AConfirmedTextServesItsOwnPurpose) {
         {"rxy+n", "xy", ""}, {"rxyen", "xy", ""}, {"rxy+", "old", ""}, {"r+n", "old", ""},
         {"rx-n", "old", ""}, {"sxy+n", "old", "xy"}, {"sxyen", "old", "xy"}, {"sxy+", "old", ""},
         {"sx-n", "old", ""}, {"rx-sy+n", "old", "y"}, {"sx-ry+n", "y", ""}, {"rxsy+n", "old", "y"},
-        {"sxry+n", "y", ""}, {"rxEnsn", "old", ""}, {"sxEnrn", "old", ""}, {"sxel", "old", ""},
+        {"sxry+n", "y", ""}, {"sxEnrn", "old", ""}, {"sxel", "old", ""},
         {"rx+nsy+n", "x", "y"}, {"rbxbbyen", "y", ""},
+        // Opened anew, the dialog has an empty text, which the waiting confirmation then takes.
+        {"rx+ry+n", "old", ""}, {"sxEnry+n", "old", ""},
+        {"sx+ry+n", "y", "x"},  // the name is taken before the rule's dialog opens
         // clang-format on
     };
     for (const auto& row : rows) {
@@ -212,6 +215,17 @@ TEST_F(editor_test, AConfirmedTextServesItsOwnPurpose) {
     selection = {0, no_index};
     acts_apply("nr");
     EXPECT_FALSE(screens.text_entry_open);  // no transition, no rule
+}
+
+TEST_F(editor_test, ShiftNShowsTheNimbersUnlessItIsTyped) {
+    pair_make();
+    headless_key_hold(key_shift);
+    key(key_n);
+    EXPECT_TRUE(turn.show_nimbers);
+    text_entry_open_rule();
+    key(key_n);
+    EXPECT_TRUE(turn.show_nimbers);
+    EXPECT_EQ(string_of(text_entry_text()), "N");
 }
 
 TEST_F(editor_test, ANewStateLandsUnderTheCursorOfAnyMap) {
