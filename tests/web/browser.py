@@ -25,6 +25,8 @@ SWITCHES = [
 
 
 class Browser:
+    failed = "failed.png"  # where the picture of a failure goes
+
     def __init__(self, *switches, before=""):
         """Starts a browser with an empty profile; `before` is a script that every page begins with."""
         self.profile = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
@@ -128,8 +130,8 @@ class Browser:
         end = time.monotonic() + PATIENCE
         while not condition():
             if time.monotonic() > end:
-                self.driver.save_screenshot("failed.png")
-                raise SystemExit(f"waited in vain for {what}; see failed.png")
+                self.driver.save_screenshot(str(self.failed))
+                raise SystemExit(f"error: waited in vain for {what}; see {self.failed}")
             time.sleep(0.02)
 
     def wait_shows(self, what, wanted):

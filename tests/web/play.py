@@ -204,8 +204,25 @@ def expect_quiet(browser):
     expect(f"errors in the console: {errors}", not errors)
 
 
+def leave_unsaved(browser, address):
+    say("a map that was left unsaved is brought back")
+    open_title(browser, address)
+    browser.click(FAMILY_BEFORE, EDITOR)
+    browser.wait_shows("the editor", BOARD)
+    browser.move(*MADE_PLACES[1])
+    browser.press("1u")
+    browser.move(*ASIDE)
+    browser.wait_shows("the new state", {MADE_PLACES[1]: ACCEPTING})
+    open_title(browser, address)
+    browser.script("document.getElementById('bring_back').click()")
+    browser.script("document.getElementById('kept_maps').selectedIndex = 0;"
+                   "document.querySelector('#kept button[value=bring]').click()")
+    browser.wait_shows("the map", MAP_LIST | {MADE_PLACES[1]: ACCEPTING})
+
+
 def main():
     server = Server(sys.argv[1])
+    Browser.failed = pathlib.Path(sys.argv[1]).parent / "failed.png"
     with Browser() as browser, tempfile.TemporaryDirectory() as folder:
         start = time.monotonic()
         open_title(browser, server.address)
@@ -216,6 +233,7 @@ def main():
         link, file = take_link(browser, server.address, folder)
         visit_fresh(server.address, link, file)
         change_window(browser)
+        leave_unsaved(browser, server.address)
         expect_quiet(browser)
 
         say("without a network")
