@@ -16,7 +16,6 @@
 namespace {
 
 constexpr i64 smallest = std::numeric_limits<i64>::min();
-constexpr i64 largest = std::numeric_limits<i64>::max();
 
 class editor_test : public screen_test {
   protected:
@@ -62,39 +61,6 @@ class editor_test : public screen_test {
         return frame();
     }
 };
-
-TEST_F(editor_test, SpinnersAtTheirExtremes) {
-    struct {
-        i64 kind;
-        i64* value;
-        f64 y, down_x, up_x;
-        i64 start, down, up;
-    } const rows[] = {
-        // clang-format off
-        {pushdown_machine, &settings.deck_copies, 384, -352, -256, smallest, 0, smallest + 1},
-        {pushdown_machine, &settings.deck_copies, 384, -352, -256, 9, 8, 9},
-        {pushdown_machine, &settings.deck_colours, 352, -352, -256, 6, 5, 6},
-        {pushdown_machine, &settings.deck_numbers, 320, -352, -256, largest, largest - 1, 6},
-        {pushdown_machine, &settings.deck_shapes, 288, -352, -256, 0, 0, 1},
-        {pushdown_machine, &settings.hand_size, -328, -280, 280, smallest, largest, smallest + 1},
-        {turing_machine, &settings.tape_length, -328, -280, 280, largest, largest - 1, smallest},
-        {turing_machine, &goal_editing.goal_cursor, -360, -280, 280, largest, largest - 1, smallest},
-        {turing_machine, &goal_editing.new_goal.target, 112, -256, 256, smallest, largest,
-         smallest + 1},
-        // clang-format on
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(&row - rows);
-        open(row.kind);
-        goal_editing.goal_dialog_open = row.y == 112;
-        for (auto [x, expected] : {std::pair{row.down_x, row.down}, {row.up_x, row.up}}) {
-            *row.value = row.start;
-            click(x, row.y);
-            EXPECT_EQ(*row.value, expected);
-        }
-        goal_editing = {};
-    }
-}
 
 TEST_F(editor_test, TheWinModeAndTheGoalsGoRound) {
     for (auto [start, shown, down, up] : {std::tuple{0, "immediate", 2, 1},

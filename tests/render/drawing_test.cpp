@@ -1,9 +1,9 @@
 // Sprites, arrows, cards, buttons and texts: where they land. The camera that the world's go
 // through.
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <sstream>
 
 #include "game/card_drawing.h"
@@ -35,60 +35,84 @@ class drawing_test : public screen_test {
     }
 };
 
-// A corner of what was drawn, to a tenth of a pixel from the window's corner.
-std::string corner_text(const gpu_draw& draw, f64 u, f64 v) {
-    point place = place_of(draw, u, v);
-    return (std::ostringstream() << std::round(place.x * 10) / 10 + 512 << ','
-                                 << std::round(place.y * 10) / 10 + 416 << ' ')
-        .str();
+// What was drawn, and where the unit quad's corners (0, 0) and (1, 1) of every draw landed, to a
+// tenth of a pixel from the window's centre.
+std::string draws_text() {
+    std::ostringstream text;
+    for (const std::string& line : drawn_lines()) {
+        text << line << "; ";
+    }
+    for (const gpu_draw& draw : headless_draws()) {
+        for (f64 corner : {0.0, 1.0}) {
+            point place = place_of(draw, corner, corner);
+            text << std::round(place.x * 10) / 10 + 0.0 << ','
+                 << std::round(place.y * 10) / 10 + 0.0 << ' ';
+        }
+    }
+    return text.str();
 }
 
-TEST_F(drawing_test, SpritesFillTheirRectangles) {
-    sprite_draw(texture_eye, {0, 0, 10, 20}, some_tint);
-    sprite_draw_rotated(texture_eye, 300, 200, 100, 90, 0, 50, -1.5, colour_white, screen_space);
-    sprite_draw_rotated(texture_eye, 300, 200, 100, 90, 90, 50, -1.5, colour_white, screen_space);
+// A case is a call, in window pixels from the window's corner.
+TEST_F(drawing_test, WhatIsDrawnWhere) {
+    golden_check("render/drawing", [](const std::string& given) {
+        std::istringstream in(given);
+        std::string verb;
+        f64 n[6] = {};
+        in >> verb;
+        for (f64& number : n) {
+            in >> number;
+        }
+        headless_forget_calls();
+        if (verb == "sprite") {
+            sprite_draw(texture_eye, {n[0], n[1], n[2], n[3]}, some_tint);
+        } else if (verb == "turned") {
+            sprite_draw_rotated(texture_eye, n[0], n[1], n[2], n[3], n[4], 50, -1.5, some_tint,
+                                screen_space);
+        } else if (verb == "arrow") {
+            arrow_draw(n[0], n[1], n[2], n[3], 4, n[4], some_tint, screen_space);
+        } else if (verb == "card") {
+            card_draw({static_cast<u8>(n[0]), static_cast<u8>(n[1]), static_cast<u8>(n[2])}, 100,
+                      200, 80);
+        } else if (verb == "goal") {
+            goal_draw({static_cast<u8>(n[0]),
+                       static_cast<u8>(n[1]),
+                       static_cast<i64>(n[2]),
+                       {4, 5, 7},
+                       {1, 2, 10}},
+                      512, 416);
+            return drawn_lines().at(0);
+        } else {
+            std::string text = given.substr(verb.size() + 1);
+            std::replace(text.begin(), text.end(), ';', '\n');
+            text_draw(str_of(text), 500, 400, 256, some_tint, screen_space,
+                      verb == "left"    ? text_left
+                      : verb == "icons" ? text_icons
+                                        : text_centred);
+        }
+        return draws_text();
+    });
+}
+
+TEST_F(drawing_test, TheWorldIsSeenThroughTheCamera) {
     camera = {100, 50, 2, 256};
     camera_matrices_build(1024, 832);
     sprite_draw(texture_eye, {150, 75, 10, 20}, some_tint, world_space);
-    EXPECT_EQ(drawn(),
-              "eye -512 -416 10 20 (0.1 0.2 0.3 0.4)\neye -262 -214.5 100 90\n"
-              "eye -213.5 -266 -90 100\neye 100 50 20 40 (0.1 0.2 0.3 0.4)\n");
+    EXPECT_EQ(drawn(), "eye 100 50 20 40 (0.1 0.2 0.3 0.4)\n");
     world_point seen = view_world_point(612, 466);
     EXPECT_EQ(seen.x, 150);
     EXPECT_EQ(seen.y, 75);
-}
-
-TEST_F(drawing_test, ArrowsEndBeforeTheirPoint) {
-    arrow_draw(100, 100, 200, 100, 4, 16, some_tint, screen_space);
-    arrow_draw(100, 100, 100, 200, 4, 16, colour_white, screen_space);
-    arrow_draw(100, 100, 120, 100, 4, 0, colour_white, screen_space);  // a shaft of negative length
-    EXPECT_EQ(drawn(),
-              "arrow -412 -300 to -332 -300 (0.1 0.2 0.3 0.4)\narrow -428 -316 to -428 -236\n"
-              "arrow -412 -316 to -412 -316\n");
+    text_draw("AbT~G%A", 0, 0, 256, some_tint, screen_space, text_icons);
     std::vector<gpu_draw> draws = headless_draws();
-    EXPECT_EQ(corner_text(draws[0], 0, 0) + corner_text(draws[0], 1, 1), "100,114 168,118 ");
-    EXPECT_EQ(corner_text(draws[1], 0, 0) + corner_text(draws[1], 1, 0), "156,128 156,104 ");
-    EXPECT_EQ(corner_text(draws[4], 0, 0) + corner_text(draws[4], 1, 1), "100,98 88,102 ");
-}
-
-TEST_F(drawing_test, CardsHaveAsManyPipsAsTheirNumber) {
-    for (auto [number, pips, corners] : {std::tuple{1, 1U, "100,200 180,280 "},
-                                         {3, 3U, "104,204 156,276 "},
-                                         {5, 5U, "106.8,206.8 153.2,253.2 "},
-                                         {6, 6U, "110,210 170,250 "},
-                                         {7, 6U, "110,210 170,250 "},
-                                         {200, 0U, "100,200 180,280 "}}) {  // negative as i8
-        headless_forget_calls();
-        card_draw({4, 4, static_cast<u8>(number)}, 100, 200, 80);
-        std::vector<gpu_draw> draws = headless_draws();
-        ASSERT_EQ(draws.size(), pips + 1);
-        EXPECT_EQ(draws[0].colour, (std::array{0.3f / 7, 0.0f, 1.0f / 7, 1.0f}));
-        EXPECT_EQ(corner_text(draws[pips > 0], 0, 0) + corner_text(draws.back(), 1, 1), corners);
-    }
+    EXPECT_EQ(draws.at(1).uv_rect, (std::array<f32, 4>{0, 0, 1, 1}));
+    EXPECT_EQ(draws.at(1).colour, (std::array{1.0f, 0.0f, 0.0f, 1.0f}));
+    EXPECT_EQ(draws.at(2).colour, (std::array{0.1f, 0.2f, 0.3f, 0.4f}));
+    EXPECT_EQ(draws.at(5).texture, font.texture);
     headless_forget_calls();
     card_draw({6, 6, 1}, 0, 0, 64);  // of no known kind
     EXPECT_EQ(headless_draws()[1].texture, 0U);
     EXPECT_EQ(headless_draws()[1].colour, (std::array{0.0f, 0.0f, 0.0f, 1.0f}));
+    card_draw({4, 4, 1}, 0, 0, 64);
+    EXPECT_EQ(headless_draws()[2].colour, (std::array{0.3f / 7, 0.0f, 1.0f / 7, 1.0f}));
 }
 
 // Around (300, 200), 64 by 32: from 268 to 332 and from 184 to 216.
@@ -111,69 +135,6 @@ TEST_F(drawing_test, AButtonReportsTheLeftClickOnce) {
                                    (over ? "white -244 -232 64 32 (1 1 1 0.5)\n" : ""));
         }
         headless_mouse_release(button);
-    }
-}
-
-TEST_F(drawing_test, CharactersFollowThePen) {
-    const struct {
-        const char* text;
-        text_layout layout;
-        const char* places;  // the lower-left corners
-    } rows[] = {
-        {"x \ty", text_left, "500,400 539,400 "},
-        {" x\ny", text_left, "513,400 500,368 "},
-        {"xy", text_centred, "487,384 500,384 "},
-        // Only the first line is shifted, by half of all lines' width.
-        {"xx\ny", text_centred, "480.5,368 493.5,368 500,336 "},
-        {"x%", text_centred, "493.5,384 506.5,384 "},  // drawn, but not counted in the width
-        {"A", text_icons, "484,384 "},
-        {"xA", text_icons, "477.5,384 490.5,384 "},
-        {"%AA", text_icons, "477.5,384 490.5,384 "},
-        {"%%A", text_icons, "493.5,384 "},
-        {"% A", text_icons, "490.5,384 "},
-    };
-    for (const auto& row : rows) {
-        headless_forget_calls();
-        text_draw(str_of(row.text), 500, 400, 256, colour_white, screen_space, row.layout);
-        std::string places;
-        for (const gpu_draw& draw : headless_draws()) {
-            places += corner_text(draw, 0, 0);
-        }
-        EXPECT_EQ(places, row.places) << row.text;
-    }
-}
-
-TEST_F(drawing_test, IconsShowPicturesAndOnlyDotsHaveTheirOwnColour) {
-    text_draw("ABCDEFabcdefT~G%A", 0, 0, 256, some_tint, screen_space, text_icons);
-    EXPECT_EQ(drawn().substr(0, 20), "\"ABCDEFabcdefT~G%A\" ");
-    std::vector<gpu_draw> draws = headless_draws();
-    for (std::size_t i = 0; i < 16; ++i) {
-        EXPECT_EQ(draws.at(i).uv_rect == (std::array<f32, 4>{0, 0, 1, 1}), i < 14) << i;
-        EXPECT_EQ(draws.at(i).texture == font.texture, i >= 14) << i;
-        EXPECT_EQ(draws.at(i).colour == (std::array{0.1f, 0.2f, 0.3f, 0.4f}), i >= 6) << i;
-    }
-}
-
-TEST_F(drawing_test, GoalsAreSpelt) {
-    const card purple = {4, 5, 7};
-    const card other = {1, 2, 10};
-    const std::pair<goal, const char*> rows[] = {
-        {{0, 0, 5, {}, {}}, "sum %ex%a%ctly 5"},
-        {{1, 1, 3, {}, {}}, "# %distin%ct %colors %at most 3"},
-        {{4, 0, 2, purple, other}, "num E %ex%a%ctly 2"},
-        {{5, 0, 2, purple, other}, "num f %ex%a%ctly 2"},
-        {{6, 0, 2, purple, other}, "num 7 %ex%a%ctly 2"},
-        {{7, 0, 2, purple, other}, "num E or B %ex%a%ctly 2"},
-        {{8, 0, 2, purple, other}, "num f or c %ex%a%ctly 2"},
-        {{9, 0, 2, purple, other}, "num 7 or : %ex%a%ctly 2"},
-        {{255, 255, -7, {}, {}}, "-7"},
-        {{3, 2, std::numeric_limits<i64>::min(), {}, {}},
-         "# %distin%ct num%b%ers %at l%e%ast -9223372036854775808"}};
-    for (const auto& [g, text] : rows) {
-        char bytes[goal_text_capacity];
-        text_buffer buffer = {bytes, goal_text_capacity, 0, 0};
-        goal_text_put(buffer, g);
-        EXPECT_EQ(string_of(text_buffer_text(buffer)), text);
     }
 }
 
