@@ -49,6 +49,8 @@ void texture_image_2d(u32 target, u32 level, u32 format, u32 width, u32 height, 
                       u32 pixels_type, const void* pixels);
 void texture_parameter_wrap(u32 target, u32 axis, u32 wrap);
 void texture_parameter_filter(u32 target, u32 filter_case, u32 filter);
+// Makes the smaller versions of the bound texture from the pixels that it was given last, which
+// must still be there.
 void texture_generate_mipmap(u32 target);
 
 u32 buffer_create();

@@ -3,8 +3,12 @@
 // Keyboard and mouse, sampled once per frame by `input_poll`.
 //
 // "Pressed" and "released" are edges: true in the one frame whose poll found them, also when a key
-// went down and up between two polls. "Held" is a level. Letters follow the keyboard's layout;
-// digits and punctuation follow the key's place on it.
+// went down and up between two polls. "Held" is a level. A poll finds one press, with the pointer
+// and the modifiers of its moment; the next press waits for the next poll.
+//
+// Characters are told as the keys that type them on an American keyboard, with shift held where it
+// is needed there, whatever keyboard the player has. A key whose character has no code here, as on
+// keyboards without Latin letters, counts by its place.
 
 #include "base/types.h"
 
@@ -35,7 +39,7 @@ enum input_key : u32 {
     key_escape = 46,
     key_ctrl = 47,   // either one
     key_shift = 48,  // either one
-    key_alt = 49,    // either one
+    key_alt = 49,    // not the one that chooses characters
     key_left_bracket = 60,
     key_right_bracket = 61,
     key_semicolon = 62,

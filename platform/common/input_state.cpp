@@ -1,8 +1,20 @@
 #include "platform/common/input_state.h"
 
+#include <deque>
+
 #include "platform/input.h"
 
 namespace {
+
+enum class event_kind : u8 { key, button, release_all, caps_lock, pointer, motion, wheel };
+
+struct input_event {
+    event_kind kind;
+    u32 code;  // of the key or button
+    bool down;
+    f64 x, y;
+    bool operator==(const input_event&) const = default;
+};
 
 // The keys or the buttons.
 template <u32 count>
@@ -21,7 +33,8 @@ struct input_state {
     f64 wheel;   // steps since the last sample
 };
 
-input_state fed;
+std::deque<input_event> waiting;
+bool caps_lock_fed;
 input_state sampled;
 
 template <u32 count>
@@ -48,48 +61,113 @@ void edges_forget(switches<count>& all) {
     }
 }
 
+void event_apply(const input_event& event) {
+    switch (event.kind) {
+        case event_kind::key:
+            switch_set(sampled.keys, event.code, event.down);
+            break;
+        case event_kind::button:
+            switch_set(sampled.buttons, event.code, event.down);
+            break;
+        case event_kind::release_all:
+            switches_release(sampled.keys);
+            switches_release(sampled.buttons);
+            break;
+        case event_kind::caps_lock:
+            sampled.caps_lock = event.down;
+            break;
+        case event_kind::pointer:
+            sampled.x = event.x;
+            sampled.y = event.y;
+            break;
+        case event_kind::motion:
+            sampled.dx += event.x;
+            sampled.dy += event.y;
+            break;
+        case event_kind::wheel:
+            sampled.wheel += event.y;
+            break;
+    }
+}
+
+bool is_modifier(u32 key) {
+    return key == key_ctrl || key == key_shift || key == key_alt;
+}
+
+bool ends_sample(const input_event& event) {
+    return event.kind == event_kind::button ||
+           (event.kind == event_kind::key && event.down && !is_modifier(event.code));
+}
+
+input_event release_of(const input_event& press) {
+    return {press.kind, press.code, false, 0, 0};
+}
+
+void sample_begin() {
+    edges_forget(sampled.keys);
+    edges_forget(sampled.buttons);
+    sampled.dx = sampled.dy = sampled.wheel = 0.0;
+}
+
 }  // namespace
 
 void input_feed_key(u32 key, bool down) {
-    switch_set(fed.keys, key, down);
+    waiting.push_back({event_kind::key, key, down, 0, 0});
 }
 
 void input_feed_button(u32 button, bool down) {
-    switch_set(fed.buttons, button, down);
+    waiting.push_back({event_kind::button, button, down, 0, 0});
 }
 
 void input_feed_release_all() {
-    switches_release(fed.keys);
-    switches_release(fed.buttons);
+    waiting.push_back({event_kind::release_all, 0, false, 0, 0});
 }
 
 void input_feed_caps_lock(bool on) {
-    fed.caps_lock = on;
+    if (on != caps_lock_fed) {
+        caps_lock_fed = on;
+        waiting.push_back({event_kind::caps_lock, 0, on, 0, 0});
+    }
 }
 
 void input_feed_pointer(f64 x, f64 y) {
-    fed.x = x;
-    fed.y = y;
+    waiting.push_back({event_kind::pointer, 0, false, x, y});
 }
 
 void input_feed_motion(f64 dx, f64 dy) {
-    fed.dx += dx;
-    fed.dy += dy;
+    waiting.push_back({event_kind::motion, 0, false, dx, dy});
 }
 
 void input_feed_wheel(f64 steps) {
-    fed.wheel += steps;
+    waiting.push_back({event_kind::wheel, 0, false, 0, steps});
 }
 
 void input_sample() {
-    sampled = fed;
-    edges_forget(fed.keys);
-    edges_forget(fed.buttons);
-    fed.dx = fed.dy = fed.wheel = 0.0;
+    sample_begin();
+    while (!waiting.empty()) {
+        input_event event = waiting.front();
+        waiting.pop_front();
+        event_apply(event);
+        if (ends_sample(event)) {
+            if (event.down && !waiting.empty() && waiting.front() == release_of(event)) {
+                event_apply(waiting.front());
+                waiting.pop_front();
+            }
+            return;
+        }
+    }
+}
+
+void input_sample_all() {
+    sample_begin();
+    for (; !waiting.empty(); waiting.pop_front()) {
+        event_apply(waiting.front());
+    }
 }
 
 void input_reset() {
-    fed = {};
+    waiting.clear();
+    caps_lock_fed = false;
     sampled = {};
 }
 

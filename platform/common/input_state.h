@@ -1,7 +1,12 @@
 #pragma once
 
-// The keyboard's and the mouse's state between a backend, which feeds what happens, and the
+// The keyboard and the mouse between a backend, which feeds what happens in its order, and the
 // queries of platform/input.h, which answer from the last sample.
+//
+// A sample ends with the first press of a key or a button, and with the release of a button: what
+// comes after it waits for the next sample, so that each press is seen with the pointer, the
+// modifiers and the caps lock of its moment, however slow the frames are. Shift, ctrl and alt end
+// no sample. A key or button that goes up at once belongs to the sample of its press.
 
 #include "base/types.h"
 
@@ -11,13 +16,15 @@ void input_feed_button(u32 button, bool down);
 // Lets go of every key and button.
 void input_feed_release_all();
 void input_feed_caps_lock(bool on);
-// Pixels from the window's top-left corner.
+// Pixels from the picture's top-left corner.
 void input_feed_pointer(f64 x, f64 y);
 // Adds to the distance moved since the last sample.
 void input_feed_motion(f64 dx, f64 dy);
 void input_feed_wheel(f64 steps);
 
-// Shows the queries what was fed since the sample before.
+// Shows the queries what was fed since the sample before, up to its end.
 void input_sample();
+// The same without an end, for input that is scripted frame by frame.
+void input_sample_all();
 // Forgets everything.
 void input_reset();

@@ -4,6 +4,7 @@
 #include <cassert>
 #include <cstdint>
 
+#include "platform/common/mipmap.h"
 #include "platform/gl/constants.h"
 #include "platform/gl/frame.h"
 #include "platform/gl/opengl.h"
@@ -12,6 +13,14 @@
 #include "platform/gpu.h"
 
 namespace {
+
+// The pixels given to a texture last, from which its smaller versions are made.
+struct picture {
+    const u8* pixels;
+    u32 width, height;
+};
+
+picture last_picture;
 
 // Creates or deletes one object: OpenGL's calls take lists.
 template <typename gl_call>
@@ -50,6 +59,7 @@ void texture_image_2d(u32 target, u32 level, u32 format, u32 width, u32 height, 
                  static_cast<GLint>(gl_of(texture_formats, format)), static_cast<GLsizei>(width),
                  static_cast<GLsizei>(height), 0, gl_of(pixel_formats, pixels_format),
                  gl_of(component_types, pixels_type), pixels);
+    last_picture = {static_cast<const u8*>(pixels), width, height};
 }
 
 void texture_parameter_wrap(u32 target, u32 axis, u32 wrap) {
@@ -64,9 +74,17 @@ void texture_parameter_filter(u32 target, u32 filter_case, u32 filter) {
                     static_cast<GLint>(gl_of(texture_filters, filter)));
 }
 
+// A software renderer would first compile code of its own for each kind of picture.
 void texture_generate_mipmap(u32 target) {
-    frame_flush();
-    glGenerateMipmap(gl_of(texture_targets, target));
+    mipmap smaller = {last_picture.width, last_picture.height, {}};
+    const u8* pixels = last_picture.pixels;
+    for (u32 level = 1; smaller.width > 1 || smaller.height > 1; ++level) {
+        smaller = mipmap_half(pixels, smaller.width, smaller.height);
+        pixels = smaller.pixels.data();
+        glTexImage2D(gl_of(texture_targets, target), static_cast<GLint>(level), GL_RGBA8,
+                     static_cast<GLsizei>(smaller.width), static_cast<GLsizei>(smaller.height), 0,
+                     GL_RGBA, GL_UNSIGNED_BYTE, pixels);
+    }
 }
 
 u32 buffer_create() {

@@ -124,5 +124,5 @@ void display_close() {
 }
 
 void input_poll() {
-    input_sample();
+    input_sample_all();
 }

@@ -2,14 +2,18 @@
 
 #include <SDL.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/message.h"
+#include "platform/common/regular_file.h"
 #include "platform/common/view.h"
 #include "platform/gl/frame.h"
+#include "platform/png/png.h"
 #include "platform/sdl/window.h"
 #include "platform/sdl/window_manager.h"
 #include "platform/system.h"
@@ -73,6 +77,27 @@ void context_attributes(u32 options, u32 samples) {
         SDL_GL_SetAttribute(SDL_GL_MULTISAMPLEBUFFERS, 1);
         SDL_GL_SetAttribute(SDL_GL_MULTISAMPLESAMPLES, static_cast<int>(samples));
     }
+}
+
+// Without its picture the window has the icon of its desktop's choice.
+void icon_set() {
+    constexpr i64 icon_bytes_max = 4 * 256 * 256;
+    i64 size = 0;
+    std::FILE* file = regular_file_open("resources/icon.png", size);
+    if (file == nullptr) {
+        return;
+    }
+    std::vector<u8> pixels(icon_bytes_max);
+    u32 width = 0;
+    u32 height = 0;
+    if (png_decode(file, {icon_bytes_max, pixels.data(), false}, width, height)) {
+        SDL_Surface* icon = SDL_CreateRGBSurfaceWithFormatFrom(
+            pixels.data(), static_cast<int>(width), static_cast<int>(height), 32,
+            static_cast<int>(4 * width), SDL_PIXELFORMAT_RGBA32);
+        SDL_SetWindowIcon(window, icon);
+        SDL_FreeSurface(icon);
+    }
+    std::fclose(file);
 }
 
 view_size fitted_into(view_size size, const SDL_Rect& room) {
@@ -151,11 +176,13 @@ void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
     if (window == nullptr) {
         open_failed(SDL_GetError());
     }
+    icon_set();
     context = SDL_GL_CreateContext(window);
     if (context == nullptr) {
         open_failed(SDL_GetError());
     }
-    SDL_StopTextInput();  // keys come as keys, past any input method
+    SDL_StopTextInput();  // keys come as keys, past any input method, and yet tell what they type
+    SDL_EventState(SDL_TEXTINPUT, SDL_ENABLE);
     window_fit();
     window_changed();
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "platform/common/input_state.h"
 #include "platform/common/view.h"
@@ -20,18 +21,64 @@ bool is_down(u32 key) {
     return std::find(std::begin(down_as), std::end(down_as), key) != std::end(down_as);
 }
 
-// Whether an edge came of it: none does while another key that means the same is down.
-bool key_event(const SDL_KeyboardEvent& event) {
-    u32& place = down_as[event.keysym.scancode];
-    u32 key = event.type == SDL_KEYDOWN && place == 0 ? key_of(event.keysym) : place;
-    if (event.repeat != 0 || key == 0) {
-        return false;
+bool is_letter(u32 key) {
+    return key >= key_a && key <= key_z;
+}
+
+// Presses a key with the shift key in the state that its character needs. What a letter's case does
+// not owe to the shift key it owes to the caps lock.
+void press_feed(const key_meaning& meaning) {
+    bool shift = is_down(key_shift);
+    if (meaning.types && is_letter(meaning.key)) {
+        input_feed_caps_lock(meaning.shift != shift);
     }
-    input_feed_caps_lock((event.keysym.mod & KMOD_CAPS) != 0);
-    bool was_down = is_down(key);
-    place = event.type == SDL_KEYDOWN ? key : 0;
-    input_feed_key(key, is_down(key));
-    return !was_down;
+    bool differs = meaning.types && !is_letter(meaning.key) && meaning.shift != shift;
+    if (differs) {
+        input_feed_key(key_shift, meaning.shift);
+    }
+    input_feed_key(meaning.key, true);
+    if (differs) {
+        input_feed_key(key_shift, shift);
+    }
+}
+
+// The text that the key just taken from the queue types: it is the next event there.
+const char* text_take(SDL_Event& event) {
+    bool typed = SDL_PeepEvents(&event, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 &&
+                 event.type == SDL_TEXTINPUT &&
+                 SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_TEXTINPUT, SDL_TEXTINPUT) == 1;
+    return typed ? event.text.text : "";
+}
+
+// Of several keys with one meaning the first press and the last release count.
+void key_down(const SDL_KeyboardEvent& event) {
+    SDL_Event next;
+    const char* text = text_take(next);
+    u32& place = down_as[event.keysym.scancode];
+    if (event.repeat != 0 || place != 0) {
+        return;
+    }
+    key_meaning meaning = key_meaning_of(event.keysym, text);
+    if (meaning.key != 0 && !is_down(meaning.key)) {
+        press_feed(meaning);
+    }
+    place = meaning.key;
+}
+
+void key_up(const SDL_KeyboardEvent& event) {
+    u32 key = std::exchange(down_as[event.keysym.scancode], 0);
+    if (key != 0 && !is_down(key)) {
+        input_feed_key(key, false);
+    }
+}
+
+// A character that several keys made together.
+void text_event(const SDL_TextInputEvent& event) {
+    key_meaning meaning = key_meaning_of({}, event.text);
+    if (meaning.key != 0 && !is_down(meaning.key)) {
+        press_feed(meaning);
+        input_feed_key(meaning.key, false);
+    }
 }
 
 // From the window's coordinates to those of the game's picture.
@@ -43,14 +90,18 @@ void pointer_feed(int window_x, int window_y) {
     input_feed_pointer(x, y);
 }
 
-bool button_event(const SDL_MouseButtonEvent& event) {
-    if (event.button != SDL_BUTTON_LEFT && event.button != SDL_BUTTON_RIGHT) {
-        return false;
-    }
+void motion_event(const SDL_MouseMotionEvent& event) {
+    f64 scale = window_density() * view.logical.width / view.shown.width;
     pointer_feed(event.x, event.y);
-    input_feed_button(event.button == SDL_BUTTON_LEFT ? mouse_left : mouse_right,
-                      event.type == SDL_MOUSEBUTTONDOWN);
-    return true;
+    input_feed_motion(event.xrel * scale, event.yrel * scale);
+}
+
+void button_event(const SDL_MouseButtonEvent& event) {
+    if (event.button == SDL_BUTTON_LEFT || event.button == SDL_BUTTON_RIGHT) {
+        pointer_feed(event.x, event.y);
+        input_feed_button(event.button == SDL_BUTTON_LEFT ? mouse_left : mouse_right,
+                          event.type == SDL_MOUSEBUTTONDOWN);
+    }
 }
 
 void wheel_event(const SDL_MouseWheelEvent& event) {
@@ -66,41 +117,54 @@ void window_event(const SDL_WindowEvent& event) {
     window_changed();
 }
 
-// Whether an edge came of it.
-bool event_apply(const SDL_Event& event) {
+void event_apply(const SDL_Event& event) {
     switch (event.type) {
         case SDL_QUIT:
             display_close_requested();
-            return false;
+            break;
         case SDL_WINDOWEVENT:
             window_event(event.window);
-            return false;
+            break;
         case SDL_KEYDOWN:
+            key_down(event.key);
+            break;
         case SDL_KEYUP:
-            return key_event(event.key);
+            key_up(event.key);
+            break;
+        case SDL_TEXTINPUT:
+            text_event(event.text);
+            break;
         case SDL_MOUSEBUTTONDOWN:
         case SDL_MOUSEBUTTONUP:
-            return button_event(event.button);
+            button_event(event.button);
+            break;
         case SDL_MOUSEMOTION:
-            pointer_feed(event.motion.x, event.motion.y);
-            input_feed_motion(event.motion.xrel, event.motion.yrel);
-            return false;
+            motion_event(event.motion);
+            break;
         case SDL_MOUSEWHEEL:
             wheel_event(event.wheel);
-            return false;
+            break;
         default:
-            return false;
+            break;
     }
 }
 
 }  // namespace
 
-// A sample ends with its first edge; what came after it waits for the next poll. So no edge hides
-// another one, and each is seen with the pointer and the held keys of its moment, also when frames
-// are slow.
 void input_poll() {
     SDL_Event event;
-    while (SDL_PollEvent(&event) != 0 && !event_apply(event)) {}
-    input_feed_caps_lock((SDL_GetModState() & KMOD_CAPS) != 0);
+    bool any = false;
+    while (SDL_PollEvent(&event) != 0) {
+        event_apply(event);
+        any = true;
+    }
+    if (any) {
+        // The window may have changed under a pointer at rest; other windows may have had the keys.
+        int x = 0;
+        int y = 0;
+        SDL_GetMouseState(&x, &y);
+        pointer_feed(x, y);
+        input_feed_caps_lock((SDL_GetModState() & KMOD_CAPS) != 0);
+    }
     input_sample();
 }

@@ -10,17 +10,8 @@ struct key_place {
 };
 
 // clang-format off
-constexpr key_place key_places[] = {
-    {SDL_SCANCODE_0, key_0 + 0},
-    {SDL_SCANCODE_1, key_0 + 1},
-    {SDL_SCANCODE_2, key_0 + 2},
-    {SDL_SCANCODE_3, key_0 + 3},
-    {SDL_SCANCODE_4, key_0 + 4},
-    {SDL_SCANCODE_5, key_0 + 5},
-    {SDL_SCANCODE_6, key_0 + 6},
-    {SDL_SCANCODE_7, key_0 + 7},
-    {SDL_SCANCODE_8, key_0 + 8},
-    {SDL_SCANCODE_9, key_0 + 9},
+// Keys that mean the same in every layout. The right alt key chooses characters in most of them.
+constexpr key_place named_keys[] = {
     {SDL_SCANCODE_SPACE, key_space},
     {SDL_SCANCODE_RETURN, key_enter},
     {SDL_SCANCODE_KP_ENTER, key_enter},
@@ -31,7 +22,15 @@ constexpr key_place key_places[] = {
     {SDL_SCANCODE_LSHIFT, key_shift},
     {SDL_SCANCODE_RSHIFT, key_shift},
     {SDL_SCANCODE_LALT, key_alt},
-    {SDL_SCANCODE_RALT, key_alt},
+    {SDL_SCANCODE_DELETE, key_delete},
+    {SDL_SCANCODE_F1, key_f1},
+    {SDL_SCANCODE_F3, key_f3},
+    {SDL_SCANCODE_F11, key_f11},
+};
+
+// Where the American keyboard has them.
+constexpr key_place character_keys[] = {
+    {SDL_SCANCODE_0, key_0},
     {SDL_SCANCODE_LEFTBRACKET, key_left_bracket},
     {SDL_SCANCODE_RIGHTBRACKET, key_right_bracket},
     {SDL_SCANCODE_SEMICOLON, key_semicolon},
@@ -44,37 +43,65 @@ constexpr key_place key_places[] = {
     {SDL_SCANCODE_GRAVE, key_grave},
     {SDL_SCANCODE_EQUALS, key_equals},
     {SDL_SCANCODE_MINUS, key_minus},
-    {SDL_SCANCODE_DELETE, key_delete},
-    {SDL_SCANCODE_F1, key_f1},
-    {SDL_SCANCODE_F3, key_f3},
-    {SDL_SCANCODE_F11, key_f11},
 };
 // clang-format on
 
-constexpr SDL_Keycode ascii_end = 128;
-
-bool is_letter(SDL_Keycode symbol) {
-    return symbol >= SDLK_a && symbol <= SDLK_z;
-}
-
-// The letter on the key in a Latin layout, for layouts whose letters are others.
-SDL_Keycode latin_symbol(const SDL_Keysym& key) {
-    bool letter_place = key.scancode >= SDL_SCANCODE_A && key.scancode <= SDL_SCANCODE_Z;
-    return letter_place && key.sym >= ascii_end ? SDLK_a + (key.scancode - SDL_SCANCODE_A)
-                                                : key.sym;
-}
-
-}  // namespace
-
-u32 key_of(const SDL_Keysym& key) {
-    SDL_Keycode symbol = latin_symbol(key);
-    if (is_letter(symbol)) {
-        return key_a + static_cast<u32>(symbol - SDLK_a);
-    }
-    for (const key_place& entry : key_places) {
-        if (entry.place == key.scancode) {
+template <std::size_t size>
+u32 key_at(const key_place (&table)[size], SDL_Scancode place) {
+    for (const key_place& entry : table) {
+        if (entry.place == place) {
             return entry.key;
         }
     }
     return 0;
+}
+
+u32 character_key_at(SDL_Scancode place) {
+    if (place >= SDL_SCANCODE_A && place <= SDL_SCANCODE_Z) {
+        return key_a + static_cast<u32>(place - SDL_SCANCODE_A);
+    }
+    if (place >= SDL_SCANCODE_1 && place <= SDL_SCANCODE_9) {
+        return key_1 + static_cast<u32>(place - SDL_SCANCODE_1);
+    }
+    return key_at(character_keys, place);
+}
+
+bool layout_is_latin() {
+    for (int place = SDL_SCANCODE_A; place <= SDL_SCANCODE_Z; ++place) {
+        SDL_Keycode symbol = SDL_GetKeyFromScancode(static_cast<SDL_Scancode>(place));
+        if (symbol >= SDLK_a && symbol <= SDLK_z) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool is_visible_ascii(SDL_Keycode symbol) {
+    return symbol > ' ' && symbol < SDLK_DELETE;
+}
+
+// The layout has no character for it, but makes one together with the next key.
+bool is_dead(const SDL_Keysym& key) {
+    return (key.sym & SDLK_SCANCODE_MASK) != 0;
+}
+
+}  // namespace
+
+key_meaning key_meaning_of(const SDL_Keysym& key, const char* text) {
+    bool latin = layout_is_latin();
+    if (latin && is_visible_ascii(text[0]) && text[1] == '\0') {
+        typed_key typed = typed_key_of(text[0]);
+        return {typed.key, true, typed.shift};
+    }
+    if (u32 named = key_at(named_keys, key.scancode)) {
+        return {named, false, false};
+    }
+    if (latin && text[0] == '\0') {
+        bool visible = is_visible_ascii(key.sym);
+        u32 code = visible ? typed_key_of(static_cast<char>(key.sym)).key : 0;
+        if (visible || is_dead(key)) {
+            return {code, false, false};
+        }
+    }
+    return {character_key_at(key.scancode), false, false};
 }

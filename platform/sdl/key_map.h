@@ -1,11 +1,18 @@
 #pragma once
 
-// From the keyboard's keys to the game's key codes.
+// From the keyboard's keys to the game's key codes: what is printed on a key is what it types.
 
 #include <SDL.h>
 
-#include "base/types.h"
+#include "platform/common/typed_key.h"
 
-// The code of `input_key` that a key stands for: a letter by the keyboard's layout, everything
-// else by the key's place. 0 when the game has no code for it.
-u32 key_of(const SDL_Keysym& key);
+struct key_meaning {
+    u32 key;     // of `input_key`; 0 where the game has no code for it
+    bool types;  // a character, which needs shift as `shift` says; else shift plays no part
+    bool shift;
+};
+
+// What a key means that types `text` as it goes down; empty where it types nothing. Characters of
+// ASCII come first, then the key's place. A layout without Latin letters counts as the American
+// one, and a key that only changes the next character means nothing.
+key_meaning key_meaning_of(const SDL_Keysym& key, const char* text);

@@ -26,7 +26,3 @@ u64 system_time() {
     auto since_epoch = std::chrono::system_clock::now().time_since_epoch();
     return static_cast<u64>(std::chrono::nanoseconds(since_epoch).count());
 }
-
-void system_sleep(u32 milliseconds) {
-    SDL_Delay(milliseconds);
-}

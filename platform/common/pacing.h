@@ -1,0 +1,23 @@
+#pragma once
+
+// When a frame of the game is due, and whether there is time to draw it: sixty frames a second on
+// every display and with every renderer. Arithmetic only; times are nanoseconds of a steady clock.
+
+#include "base/types.h"
+
+struct pacing {
+    bool in_step;   // pictures wait for the display, so that none tears
+    i64 drift;      // by how much a frame may be later than due without being counted as late
+    i64 due;        // when the next frame begins
+    i64 undrawn;    // frames in a row that were not drawn
+    bool has_time;  // whether the next frame is to be drawn
+};
+
+// A pacing that begins at `now`.
+pacing pacing_begin(i64 now);
+// Chooses how pictures are shown by the display's pictures per second; 0: unknown.
+void pacing_set_display(pacing& pace, i32 refresh_rate);
+// A frame has been played, and shown where it was drawn. Returns when the next one begins, and says
+// in `has_time` whether it is drawn: frames that come late are caught up with by leaving out
+// pictures, at most three in a row; what is still missing then is forgotten, as after a stop.
+i64 pacing_frame_end(pacing& pace, i64 now);

@@ -1,0 +1,153 @@
+#!/usr/bin/env bash
+# The picture on desktops of all sizes: what is drawn and what reacts agree. The title's buttons are
+# found by their colours in the window and pressed three pixels inside and outside their edges.
+
+source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
+
+# Starts a display of a size, with a window manager if one is named.
+desktop_start() {
+    virtual_display_start "$1"
+    trap clean_up EXIT
+    if [ $# -gt 1 ]; then
+        "${@:2}" &>/dev/null &
+        pids+=($!)
+        wait_until window_manager_runs
+    fi
+}
+
+# Prints left, top, right and bottom of all that has the colours of a button's face.
+buttons_box() {
+    import -silent -window "$window" png:- |
+        convert -quiet png:- -fuzz 6% -fill white -opaque 'rgb(77,94,142)' -opaque 'rgb(60,75,121)' \
+            -opaque 'rgb(44,58,100)' -fuzz 0 -fill black +opaque white -format '%@' info: |
+        awk -F '[x+]' '{ print $3, $4, $3 + $1 - 1, $4 + $2 - 1 }'
+}
+
+buttons_stand() {
+    local box
+    box=$(buttons_box)
+    [ "$box" = "${last_box:-}" ] && [ "${box##* }" -gt 100 ] || { last_box=$box; false; }
+}
+
+# Clicks a place, leaves it, and gives the game time for it.
+click_shortly() {
+    click "$1" "$2"
+    mouse_move 1 1
+    sleep 0.3
+}
+
+buttons_moved() {
+    [ "$(buttons_box)" != "$last_box" ]
+}
+
+# The title menu's outermost buttons are Quit, left, and Editor, right, both at the bottom.
+buttons_agree() {
+    last_box=
+    wait_until buttons_stand
+    local left top right bottom
+    read -r left top right bottom <<<"$last_box"
+    screenshot "desktop_${1// /_}"
+    click_shortly $((right + 4)) $((bottom - 4))
+    click_shortly $((right - 4)) $((bottom + 4))
+    click_shortly $((left - 4)) $((bottom - 4))
+    ! buttons_moved || fail "$1: a click beside a button did something"
+    click_shortly $((right - 4)) $((bottom - 4))
+    wait_until buttons_moved
+    keys Escape
+    wait_until buttons_stand
+    say "$1: the buttons from $left $top to $right $bottom react where they are drawn"
+}
+
+# Ends the game by the corner of its Quit button.
+quit_press() {
+    last_box=
+    wait_until buttons_stand
+    local left top right bottom
+    read -r left top right bottom <<<"$last_box"
+    click $((left + 4)) $((bottom - 4))
+    game_ends_with 0
+    [ ! -s "$output" ] || fail "the program had something to say"
+}
+
+desktop_end() {
+    kill "${pids[@]}" "$virtual_display" 2>/dev/null || true
+    wait || true
+    pids=()
+    window=
+}
+
+# Starts the program without waiting for a size.
+game_launch() {
+    [ -d "$work/player" ] || player_make
+    (cd "$work/player" && exec env "$@" "$program") >"$output" 2>"$work/errors" &
+    game=$!
+    pids+=("$game")
+}
+
+# A desktop whose panel leaves the lowest 40 lines free of windows.
+cat >"$work/panel.xml" <<'XML'
+<openbox_config xmlns="http://openbox.org/3.4/rc"><margins><bottom>40</bottom></margins></openbox_config>
+XML
+desktop_start 1366x768 openbox --config-file "$work/panel.xml"
+game_launch
+wait_until window_find
+buttons_agree "1366 by 768 with a panel"
+[ "$(xwininfo -id "$window" | awk '/Absolute upper-left Y|Height/ { y += $NF } END { print y }')" -le 728 ] ||
+    fail "the window reaches below the panel"
+keys F11
+wait_until window_is 1366x768
+buttons_agree "1366 by 768 fullscreen"
+quit_press
+desktop_end
+
+desktop_start 800x600
+game_launch
+wait_until window_find
+buttons_agree "800 by 600 without window manager"
+for size in "1 1" "1 3000" "16384 10" "700 20"; do
+    xdotool windowsize "$window" $size
+    sleep 0.1
+done
+xdotool windowunmap "$window" windowmap --sync "$window" windowsize "$window" 700 500 windowmove "$window" 0 0
+wait_until window_is 700x500
+xdotool windowfocus "$window"
+buttons_agree "700 by 500 after stranger sizes"
+keys F11
+wait_until window_is 800x600
+buttons_agree "800 by 600 filled"
+quit_press
+desktop_end
+
+desktop_start 1280x1024 dwm
+game_launch
+wait_until window_find
+buttons_agree "1280 tiled"
+for step in {1..60}; do
+    xdotool windowsize "$window" $((300 + step * 17 % 900)) $((200 + step * 29 % 800)) key F11
+done
+sleep 5 # the keys that wait are taken one a frame
+buttons_agree "1280 after a storm of sizes"
+quit_press
+desktop_end
+
+desktop_start 2560x1440 openbox
+game_launch
+wait_until window_is 1024x832
+keys F11
+wait_until window_is 2560x1440
+buttons_agree "2560 by 1440 fullscreen"
+[ $((${last_box##* } - $(awk '{ print $2 }' <<<"$last_box"))) -gt 800 ] || fail "the picture is small"
+quit_press
+desktop_end
+
+desktop_start 1400x1000
+export XDG_RUNTIME_DIR=$work
+chmod 700 "$work"
+weston --backend=x11-backend.so --shell=kiosk-shell.so --scale=2 --width=700 --height=500 \
+    --socket=quorrel-test --idle-time=0 &>"$work/weston" &
+pids+=($!)
+wait_until test -S "$work/quorrel-test"
+game_launch WAYLAND_DISPLAY=quorrel-test
+window=$(xdotool search --sync --onlyvisible --name Weston)
+buttons_agree "scale 2"
+quit_press

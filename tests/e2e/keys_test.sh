@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# What is printed on the keys is what they type, on keyboards of several countries: the name under
+# which a map is saved is typed by pressing keys by their numbers.
+
+source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/screens.sh"
+
+typed="~!&|^*(),aB7"
+# The keys for it: a number alone, with shift (S) or with the key that chooses characters (G).
+declare -A keyboards=(
+    [us]="S49 S10 S16 S51 S15 S17 S18 S19 59 38 S56 16"
+    [de]="G35 S10 S15 G94 49 65 S35 S17 S18 59 38 S56 16"
+    [fr]="G11 65 61 10 G15 G18 51 14 20 58 24 S56 S16"
+    [es]="G13 65 S10 S15 G10 S34 65 S35 S17 S18 59 38 S56 16"
+    ["us dvorak"]="S49 S10 S16 S51 S15 S17 S18 S19 25 38 S57 16"
+    [ru]="S49 S10 S16 S51 S15 S17 S18 S19 59 38 S56 16"
+)
+
+key_press() {
+    case $1 in
+        S*) xdotool keydown 50 key --delay 0 "${1#S}" keyup 50 ;;
+        G*) xdotool keydown 108 key --delay 0 "${1#G}" keyup 108 ;;
+        *) xdotool key --delay 0 "$1" ;;
+    esac
+}
+
+# Saves the map under a name that a command types, and expects the program to say the name.
+name_typed() {
+    names+=("saving map $1 ")
+    setxkbmap us
+    sleep 0.3
+    keys ctrl+s
+    sleep 0.3
+    "${@:2}"
+    sleep 0.3
+    keys Return
+    wait_until names_are_said
+}
+
+names=()
+names_are_said() {
+    [ "$(grep -Fc "${names[-1]}" "$output")" -eq \
+        "$(printf '%s\n' "${names[@]}" | grep -Fxc "${names[-1]}")" ]
+}
+
+# Takes a keyboard and presses keys of it.
+keys_press() {
+    local key
+    setxkbmap $1
+    sleep 0.3
+    for key in "${@:2}"; do
+        key_press "$key"
+    done
+}
+
+export LC_ALL=C.UTF-8
+display_start
+game_start 1024x832
+push editor
+mouse_aside
+for keyboard in "${!keyboards[@]}"; do
+    say "keyboard: $keyboard"
+    name_typed "$typed" keys_press "$keyboard" ${keyboards[$keyboard]}
+done
+name_typed aBc keys a Caps_Lock b Caps_Lock c
+keys Escape
+wait_until title_is_shown
+keys Escape
+game_ends_with 0
