@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 
@@ -131,7 +132,11 @@ void file_discard(file_id file) {
 
 bool file_exists(str path) {
     struct stat status;
-    return stat(path_for_reading(path).c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    if (stat(path_for_reading(path).c_str(), &status) == 0) {
+        return S_ISREG(status.st_mode);
+    }
+    // Where the system cannot tell, a file has to be taken for there.
+    return errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG && errno != ELOOP;
 }
 
 void file_delete(str path) {
