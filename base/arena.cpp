@@ -85,6 +85,10 @@ i64 arena_room(arena_id id) {
     return arenas[id].capacity - align_up(arenas[id].offset);
 }
 
+bool arena_has_plenty() {
+    return arena_room(arena_persistent) >= persistent_arena_capacity / 2;
+}
+
 void arena_rewind(arena_id id, i64 mark) {
     assert(mark <= arenas[id].offset);
     arenas[id].offset = mark;

@@ -41,6 +41,9 @@ void* arena_alloc(arena_id id, i64 size);
 void* arena_realloc(arena_id id, void* block, i64 old_size, i64 new_size);
 // The largest block, in bytes, that can still be placed behind the arena's other ones.
 i64 arena_room(arena_id id);
+// Whether so much of the persistent arena is left that what is loaded anew may take a new block;
+// else it takes the one of what was loaded before.
+bool arena_has_plenty();
 // Gives up everything placed since the arena's offset was `mark`.
 void arena_rewind(arena_id id, i64 mark);
 

@@ -78,8 +78,11 @@ i64 excluded_value(const successor_lists& lists, u16 state, dyn_array<u16>& stac
 
 void nimbers_forget() {
     game_map.nimber_count = game_map.states.count;
-    if (game_map.nimber_count > game_map.nimber_capacity) {
-        game_map.nimber_capacity = std::max(game_map.nimber_count, 2 * game_map.nimber_capacity);
+    bool fits = game_map.nimber_count <= game_map.nimber_capacity;
+    if (!fits || arena_has_plenty()) {
+        game_map.nimber_capacity =
+            fits ? game_map.nimber_count
+                 : std::max(game_map.nimber_count, 2 * game_map.nimber_capacity);
         i64 bytes = game_map.nimber_capacity;
         game_map.nimbers = static_cast<u8*>(arena_alloc(arena_persistent, bytes));
     }

@@ -213,9 +213,15 @@ bool map_fits(str text, map_lists& counted) {
     return needed <= std::max(room, i64{0});
 }
 
-// Moves a text that was read into a new block at `mark` into the block of the map before, whose
-// rules are gone, so that loading maps again and again needs no new memory.
+// A text that was read into a new block at `mark` stays there while there is plenty of memory. Else
+// it moves into the block of the map before, whose rules are gone, so that maps can be loaded again
+// and again for ever.
 str text_settle(str text, i64 mark) {
+    if (arena_has_plenty()) {
+        game_map.text = const_cast<char*>(text.data);
+        game_map.text_capacity = text.length;
+        return text;
+    }
     arena_rewind(arena_persistent, mark);
     if (text.length > game_map.text_capacity) {
         game_map.text_capacity = text_capacity_for(text);
