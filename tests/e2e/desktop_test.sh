@@ -132,6 +132,7 @@ desktop_end
 
 desktop_start 2560x1440 openbox
 game_launch
+wait_until window_find
 wait_until window_is 1024x832
 keys F11
 wait_until window_is 2560x1440
