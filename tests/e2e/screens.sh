@@ -58,18 +58,20 @@ board_is_shown() {
     pixel_is 1000 8 "$band" && pixel_is 120 300 "$background"
 }
 
-# Whether a notice over the board has its small line at a height, in the colour of a seat.
-notice_is_shown() {
-    pixel_is 120 300 "$box" && region_has 112 $(($1 - 16)) 800 32 "${ink[$2]}" "$shading" &&
-        region_has 312 384 400 64 "${ink[$2]}" "$shading"
-}
-
-turn_cover_is_shown() {
-    notice_is_shown 480 "$1"
-}
-
+# Whether the banner of a winner covers the board, in the colour of the seat.
 winner_is_shown() {
-    notice_is_shown 616 "$1"
+    pixel_is 120 300 "$box" && region_has 112 600 800 32 "${ink[$1]}" "$shading" &&
+        region_has 312 384 400 64 "${ink[$1]}" "$shading"
+}
+
+# Waits until the status lines show whose turn it is, by colour.
+turn_wait() {
+    pixel_wait 112 96 "${seat_shade[$1]}" 60
+}
+
+# Switches a seat between human and computer: 0 is the first seat.
+seat_switch() {
+    click 256 $((192 + 96 * $1))
 }
 
 # Prints where the board shows the states of a map file, and the colours seen there at its start.
