@@ -45,7 +45,7 @@ TEST_F(map_file_test, ATextTakesANewBlockWhileThereIsPlenty) {
         new_blocks += used - before >= i64{1'000'000};
         map_load("small");
     }
-    EXPECT_NEAR(new_blocks, persistent_arena_capacity / 2 / 1'000'000, 1);
+    EXPECT_NEAR(static_cast<f64>(new_blocks), persistent_arena_capacity / 2 / 1'000'000, 1);
     map_load("large");
     EXPECT_EQ(string_of(game_map.transitions[0].rule), "a");
 }
