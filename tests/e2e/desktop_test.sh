@@ -15,24 +15,24 @@ desktop_start() {
     fi
 }
 
-# Prints left, top, right and bottom of all that has the colours of a button's face.
+# Prints left, top, right and bottom of all that has the colours of a button's face, if anything has.
 buttons_box() {
     import -silent -window "$window" png:- |
         convert -quiet png:- -fuzz 6% -fill white -opaque 'rgb(77,94,142)' -opaque 'rgb(60,75,121)' \
             -opaque 'rgb(44,58,100)' -fuzz 0 -fill black +opaque white -format '%@' info: |
-        awk -F '[x+]' '{ print $3, $4, $3 + $1 - 1, $4 + $2 - 1 }'
+        awk -F '[x+]' '$1 > 0 { print $3, $4, $3 + $1 - 1, $4 + $2 - 1 }'
 }
 
 buttons_stand() {
     local box
     box=$(buttons_box)
-    [ "$box" = "${last_box:-}" ] && [ "${box##* }" -gt 100 ] || { last_box=$box; false; }
+    [ -n "$box" ] && [ "$box" = "$last_box" ] || { last_box=$box; false; }
 }
 
-# Clicks a place, leaves it, and gives the game time for it.
+# Clicks a place, leaves it for the middle of the menu, and gives the game time for it.
 click_shortly() {
     click "$1" "$2"
-    mouse_move 1 1
+    mouse_move $(((left + right) / 2)) $(((top + bottom) / 2))
     sleep 0.3
 }
 
@@ -149,6 +149,6 @@ weston --backend=x11-backend.so --shell=kiosk-shell.so --scale=2 --width=700 --h
 pids+=($!)
 wait_until test -S "$work/quorrel-test"
 game_launch WAYLAND_DISPLAY=quorrel-test
-window=$(xdotool search --sync --onlyvisible --name Weston)
+window=$(xwininfo -root -children | awk '/Weston/ { print $1 }')
 buttons_agree "scale 2"
 quit_press
