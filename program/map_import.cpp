@@ -24,21 +24,13 @@ bool is_name_byte(char c) {
     return ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z') || ('0' <= c && c <= '9');
 }
 
-// A kept file's map, else the file's name, without folder and extension; what a name on the list or
-// of a file cannot hold becomes "_".
-str name_of_file(str path) {
-    str file = str_after_last(path, '/');
-    i64 family;
-    kept_path_read(path, file, family);
-    i64 stem = file.length - extension.length;
-    if (stem > 0 && str(file.data + stem, extension.length) == extension) {
-        file.length = stem;
+// What a name on the list or of a file cannot hold becomes "_".
+str name_clean(str name) {
+    text_builder clean = {};
+    for (char byte : name) {
+        text_builder_put(clean, is_name_byte(byte) ? byte : '_');
     }
-    text_builder name = {};
-    for (char byte : file) {
-        text_builder_put(name, is_name_byte(byte) ? byte : '_');
-    }
-    return text_builder_text(name);
+    return text_builder_text(clean);
 }
 
 i64 family_of_file(str path, str text) {
@@ -72,6 +64,17 @@ bool place_fits(str name, str text, str& path) {
 
 }  // namespace
 
+str map_name_of_file(str path) {
+    str file = str_after_last(path, '/');
+    i64 family;
+    kept_path_read(path, file, family);
+    i64 stem = file.length - extension.length;
+    if (stem > 0 && str(file.data + stem, extension.length) == extension) {
+        file.length = stem;
+    }
+    return file;
+}
+
 bool map_import(str path, i64 family) {
     str text;
     if (!file_read_all(path, text)) {
@@ -80,22 +83,28 @@ bool map_import(str path, i64 family) {
     if (!text_is_map(text)) {
         return refuse(path, "is not a map");
     }
-    machine_kind = family == no_family ? family_of_file(path, text) : family;
-    if (machine_kind == no_family) {
+    i64 told = family == no_family ? family_of_file(path, text) : family;
+    if (told == no_family) {
         return refuse(path, "does not tell its family: add --family state, pushdown or turing");
     }
+    return map_text_import(map_name_of_file(path), text, told);
+}
+
+bool map_text_import(str name, str text, i64 family) {
+    machine_kind = family;
     current_catalogue = &catalogues[machine_kind];
-    str name, place;
+    str clean = name_clean(name);
+    str numbered, place;
     i64 number = 0;
     do {
         number += 1;
-        name = name_numbered(name_of_file(path), number);
-    } while (!place_fits(name, text, place));
+        numbered = name_numbered(clean, number);
+    } while (!place_fits(numbered, text, place));
     if (!file_exists(place) && !file_write_all(place, text)) {
         return refuse(place, "cannot be written");
     }
-    catalogue_add(name, place);
-    selected_entry = catalogue_find(name) - current_catalogue->data;
-    message_write({"map ", name, " is ", place, "\n"});
+    catalogue_add(numbered, place);
+    selected_entry = catalogue_find(numbered) - current_catalogue->data;
+    message_write({"map ", numbered, " is ", place, "\n"});
     return true;
 }

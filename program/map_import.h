@@ -12,3 +12,10 @@
 // false, with the reason in one line on standard error, when it cannot be done. The catalogues must
 // be loaded.
 bool map_import(str path, i64 family);
+
+// The same with the text of a map, the name that it is to have and its family.
+bool map_text_import(str name, str text, i64 family);
+
+// The name that the file at `path` gives its map: a kept file's map, else the file's name without
+// folder and extension.
+str map_name_of_file(str path);

@@ -16,10 +16,9 @@
 
 namespace {
 
-constexpr i64 rule_buffer_size = 1024;
 constexpr i64 list_limit = 8;
 
-char rule_buffer[rule_buffer_size];  // the rule without its blanks
+char rule_buffer[rule_length_limit];  // the rule without its blanks
 
 struct one_card {
     using set = u64;
@@ -73,10 +72,22 @@ struct rule_parser {
     domain cards;
     text_cursor cursor;
     // A syntax error anywhere makes the whole rule hold for no card, so the first one ends it.
-    bool failed;
+    rule_stop stop;  // its byte in `rule_buffer`
 
     using value = rule_value<domain>;
 };
+
+template <typename domain>
+bool has_failed(const rule_parser<domain>& parser) {
+    return parser.stop.reason.length > 0;
+}
+
+template <typename domain>
+void rule_fail(rule_parser<domain>& parser, str reason) {
+    if (!has_failed(parser)) {
+        parser.stop = {parser.cursor.position, reason};
+    }
+}
 
 template <typename domain>
 char next_byte(const rule_parser<domain>& parser) {
@@ -119,12 +130,15 @@ rule_value<domain> rule_parse_list(rule_parser<domain>& parser, char list_operat
     for (i64 count = 0; count < limit; ++count) {
         parser.cursor.position += 1;  // the "(" or ","
         list_fold(folded, rule_parse_expression(parser), list_operator);
-        if (parser.failed || next_byte(parser) != ',') {
+        if (has_failed(parser) || next_byte(parser) != ',') {
             break;
         }
     }
-    if (next_byte(parser) != ')') {
-        parser.failed = true;
+    if (next_byte(parser) == ',') {
+        rule_fail(parser, limit == 1 ? str("a list needs \"T\", \"~\" or \"!\" in front of it")
+                                     : str("a list holds at most eight"));
+    } else if (next_byte(parser) != ')') {
+        rule_fail(parser, "here \")\" is missing");
     }
     parser.cursor.position += 1;
     return folded;
@@ -146,7 +160,7 @@ rule_value<domain> rule_parse_primary(rule_parser<domain>& parser, char list_ope
         bool top_has = pile.count > 0 && card_has(card_array_top(pile), property);
         value.top = top_has ? domain::all : domain::none;
     } else {
-        parser.failed = true;
+        rule_fail(parser, "here a letter, a digit, \"*\" or \"(\" is missing");
         return value;
     }
     parser.cursor.position += 1;
@@ -170,7 +184,7 @@ rule_value<domain> rule_parse_expression(rule_parser<domain>& parser) {
     rule_value<domain> left = rule_parse_unary(parser);
     for (;;) {
         char c = next_byte(parser);
-        if (parser.failed || (c != '&' && c != '|' && c != '^')) {
+        if (has_failed(parser) || (c != '&' && c != '|' && c != '^')) {
             return left;
         }
         parser.cursor.position += 1;
@@ -185,14 +199,18 @@ rule_value<domain> rule_parse_expression(rule_parser<domain>& parser) {
     }
 }
 
+bool is_blank(char c) {
+    return c == '\t' || c == '\n' || c == ' ';
+}
+
 // Copies the rule without its blanks into `rule_buffer`; returns the bytes stored.
 i64 rule_squeeze(str rule) {
     i64 size = 0;
     for (char c : rule) {
-        if (size == rule_buffer_size) {
+        if (size == rule_length_limit) {
             break;
         }
-        if (c != '\t' && c != '\n' && c != ' ') {
+        if (!is_blank(c)) {
             rule_buffer[size] = c;
             size += 1;
         }
@@ -200,14 +218,38 @@ i64 rule_squeeze(str rule) {
     return size;
 }
 
+// Reads the whole rule; what it says is of use when the parser has not failed.
+template <typename domain>
+rule_value<domain> rule_parse(rule_parser<domain>& parser, str rule) {
+    parser.cursor = {rule_buffer, rule_squeeze(rule), 0};
+    rule_value<domain> value = rule_parse_expression(parser);
+    assert(has_failed(parser) || parser.cursor.position <= parser.cursor.size);
+    if (parser.cursor.position != parser.cursor.size) {
+        rule_fail(parser, "here \"&\", \"|\" or \"^\" is missing");
+    }
+    return value;
+}
+
 // The cards of the domain that the rule holds for.
 template <typename domain>
 typename domain::set rule_evaluate(str rule, domain cards) {
-    rule_parser<domain> parser = {cards, {rule_buffer, rule_squeeze(rule), 0}, false};
-    rule_value<domain> value = rule_parse_expression(parser);
-    assert(parser.failed || parser.cursor.position <= parser.cursor.size);
-    bool whole = parser.cursor.position == parser.cursor.size;
-    return whole && !parser.failed ? value.played : domain::none;
+    rule_parser<domain> parser = {cards, {}, {}};
+    rule_value<domain> value = rule_parse(parser, rule);
+    return has_failed(parser) ? domain::none : value.played;
+}
+
+// The place in the rule of a byte of `rule_buffer`.
+i64 rule_unsqueeze(str rule, i64 position) {
+    i64 place = 0;
+    for (i64 left = position; place < rule.length; ++place) {
+        if (!is_blank(rule[place])) {
+            if (left == 0) {
+                break;
+            }
+            left -= 1;
+        }
+    }
+    return place;
 }
 
 }  // namespace
@@ -218,4 +260,10 @@ bool rule_matches(str rule, card tested) {
 
 card_set rule_matching_cards(str rule) {
     return rule_evaluate(rule, every_card{});
+}
+
+rule_stop rule_stop_find(str rule) {
+    rule_parser<every_card> parser = {};
+    rule_parse(parser, rule);
+    return {rule_unsqueeze(rule, parser.stop.position), parser.stop.reason};
 }

@@ -5,9 +5,9 @@
 #include "base/colour.h"
 #include "game/map_drawing.h"
 #include "maps/model.h"
-#include "platform/headless/headless.h"
 #include "render/renderer.h"
 #include "render/view.h"
+#include "tools/board_frame.h"
 #include "tools/map_check.h"
 #include "tools/shapes.h"
 
@@ -37,31 +37,8 @@ struct drawn_board {
     std::vector<drawn_arc> arcs;
 };
 
-// Where a point of the unit quad lands in the window.
-point placed(const gpu_draw& draw, point p) {
-    const auto& m = draw.mvp;
-    f64 x = f64{m[0]} * p.x + f64{m[4]} * p.y + f64{m[12]};
-    f64 y = f64{m[1]} * p.x + f64{m[5]} * p.y + f64{m[13]};
-    return {(x + 1) / 2 * render_target.width, (y + 1) / 2 * render_target.height};
-}
-
-shape placed(const gpu_draw& draw, const shape& s) {
-    shape result;
-    for (point p : s) {
-        result.push_back(placed(draw, p));
-    }
-    return result;
-}
-
 const shape unit_quad = rectangle_shape(0, 0, 1, 1);
 const shape arrow_tip = {{0, 0}, {1, 0}, {0.5, 1}};
-
-template <typename drawing>
-std::vector<gpu_draw> draws_of(drawing draw) {
-    headless_forget_calls();
-    draw();
-    return headless_draws();
-}
 
 std::string arc_name(std::size_t index, const transition& arc) {
     return "transition " + std::to_string(index) + " (" + std::to_string(arc.from) + " to " +

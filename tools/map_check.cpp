@@ -81,13 +81,6 @@ bool rule_can_match(str rule, const card_set& in_play) {
     return matches;
 }
 
-// A rule that parses holds for each card or does not, so it or its negation finds cards.
-bool rule_parses(str rule, const card_set& in_play) {
-    std::string negation = "!(" + std::string(rule.begin(), rule.end()) + ")";
-    str negated = {negation.data(), static_cast<i64>(negation.size())};
-    return rule_can_match(rule, in_play) || rule_can_match(negated, in_play);
-}
-
 // Whether anybody can win at all.
 void win_mode_check(remarks& found) {
     bool accepts = std::any_of(game_map.states.begin(), game_map.states.end(),
@@ -111,8 +104,10 @@ void rules_check(const card_set& in_play, remarks& found) {
         if (is_caption(t)) {
             continue;
         }
-        if (!rule_parses(rule, in_play)) {
-            found.push_back(transition_name(t) + " has a rule that does not parse");
+        if (rule_stop stop = rule_stop_find(rule); stop.reason.length > 0) {
+            found.push_back(transition_name(t) + " has a rule that does not parse: byte " +
+                            std::to_string(stop.position) + ": " +
+                            std::string(stop.reason.begin(), stop.reason.end()));
         } else if (!rule_can_match(rule, in_play)) {
             found.push_back(transition_name(t) + " has a rule that no card in play ever meets");
         }

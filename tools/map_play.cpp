@@ -92,9 +92,14 @@ bool human_act() {
 
 enum update_result { turn_goes_on, turn_ended, game_stuck };
 
-// Runs one update and counts what it did. A seat that does nothing when it may act cannot move, and
-// nobody after it can.
-update_result update_count(play_record& record) {
+void tell(const play_listener& listen, play_event_kind kind, i64 seat) {
+    listen({kind, seat, kind == play_move ? flight.moving_stone : no_index});
+}
+
+// Runs one update, counts and tells what it did. A seat that does nothing when it may act cannot
+// move, and nobody after it can.
+update_result update_count(play_record& record, const play_listener& listen) {
+    i64 seat = turn.current_player;
     bool was_moving = turn.move_timer > 0;
     bool was_thinking = turn.think_timer > 0;
     bool had_drawn = turn.card_drawn;
@@ -111,24 +116,31 @@ update_result update_count(play_record& record) {
     bool moving = turn.move_timer > 0;
     bool passed_at_once = had_drawn && !turn.card_drawn;
     bool moved = flight.moving_stone != no_index;
+    bool passed = passed_at_once || (moving && !moved);
+    bool drew = !had_drawn && turn.card_drawn;
     record.moves += moved ? 1 : 0;
-    record.passes += passed_at_once || (moving && !moved) ? 1 : 0;
-    record.draws += !had_drawn && turn.card_drawn ? 1 : 0;
+    record.passes += passed ? 1 : 0;
+    record.draws += drew ? 1 : 0;
+    if (moved || passed || drew) {
+        tell(listen, moved ? play_move : passed ? play_pass : play_draw, seat);
+    }
     if (!asked && !was_thinking && !moving && turn.card_drawn == had_drawn) {
         return game_stuck;
     }
     return passed_at_once ? turn_ended : turn_goes_on;
 }
 
-void game_play(play_record& record) {
+void game_play(play_record& record, const play_listener& listen) {
     game_start();
+    tell(listen, play_deal, turn.current_player);
     i64 turns = 0;
     update_result result = turn_goes_on;
     while (turn.winner == no_winner && result != game_stuck && turns < turn_limit) {
-        result = update_count(record);
+        result = update_count(record, listen);
         turns += result == turn_ended ? 1 : 0;
     }
     record.turns.push_back(turns);
+    tell(listen, turn.winner != no_winner ? play_win : play_end, turn.current_player);
     if (turn.winner != no_winner) {
         record.wins[turn.winner] += 1;
         record.at_once += turns == 1 ? 1 : 0;
@@ -148,7 +160,8 @@ void progress_show(i64 done, i64 games) {
 
 }  // namespace
 
-play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, bool progress) {
+play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, bool progress,
+                     const play_listener& listen) {
     play_record record = {std::vector<i64>(seats.size()), {}, 0, 0, 0, 0, 0, 0};
     const stone_places places(stones.begin(), stones.end());
     seats_make(seats);
@@ -158,7 +171,7 @@ play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, bool pr
             progress_show(game, games);
         }
         stones_put_back(places);
-        game_play(record);
+        game_play(record, listen);
     }
     if (progress) {
         progress_show(games, games);

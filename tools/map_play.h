@@ -3,6 +3,7 @@
 // Whole games on the loaded map, without a window, between computer seats and humans who play by
 // chance.
 
+#include <functional>
 #include <vector>
 
 #include "base/types.h"
@@ -27,9 +28,22 @@ struct play_record {
     i64 at_once;  // games won by their first turn
 };
 
+enum play_event_kind { play_deal, play_move, play_draw, play_pass, play_win, play_end };
+
+// What happened last in a game; the game's own state tells the rest.
+struct play_event {
+    play_event_kind kind;
+    i64 seat;   // that did it; of the deal and of a game that is given up the one to move
+    u16 stone;  // of a move, else `no_index`
+};
+
+using play_listener = std::function<void(const play_event&)>;
+
 // Plays `games` games with one seat for each of `seats`, a strength or `human_seat`, dealt from
-// `seed`. With `progress` it shows on the terminal how far it is.
-play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, bool progress);
+// `seed`. With `progress` it shows on the terminal how far it is; `listen` is told what happens.
+play_record map_play(
+    const std::vector<i64>& seats, i64 games, u64 seed, bool progress,
+    const play_listener& listen = [](const play_event&) {});
 
 // The middle value, the lower one of two; 0 of none.
 i64 median(std::vector<i64> values);

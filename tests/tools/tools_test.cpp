@@ -11,6 +11,7 @@
 #include "tools/line_check.h"
 #include "tools/map_check.h"
 #include "tools/map_play.h"
+#include "tools/play_check.h"
 
 namespace {
 
@@ -50,6 +51,7 @@ TEST_F(tools_test, WhatIsDoubtfulIsNamed) {
                 joined(check == "lines"    ? lines_check(str_of(text),
                                                          static_cast<machine_kind_value>(machine_kind))
                        : check == "layout" ? layout_check()
+                       : check == "play"   ? play_check(3)
                                            : map_check(check == "cyclic"));
         });
         return found;

@@ -1,0 +1,116 @@
+#include "maps/reader.h"
+#include "rules/cards.h"
+#include "rules/goal.h"
+#include "rules/rule.h"
+#include "tools/card_words.h"
+#include "tools/commands.h"
+#include "tools/rule_words.h"
+#include "tools/terminal.h"
+
+namespace {
+
+constexpr const char* chain_heads[] = {
+    "all of these:", "one of these is enough:", "exactly one of these:"};
+
+const char* chain_head(char kind) {
+    return kind == '&' ? chain_heads[0] : kind == '|' ? chain_heads[1] : chain_heads[2];
+}
+
+void verdict_put(bool yes) {
+    put(yes ? "yes" : "no", yes ? ink_good : ink_bad);
+}
+
+bool is_chain(const rule_part& part) {
+    return part.kind == '&' || part.kind == '|' || part.kind == '^';
+}
+
+// One line for each part, deeper ones further in; with a card, whether the part holds.
+void part_put(const rule_part& part, std::size_t depth, const card* played) {
+    if (played != nullptr) {
+        bool holds = rule_part_holds(part, *played);
+        verdict_put(holds);
+        put(holds ? "  " : "   ");
+    }
+    put(std::string(2 * depth, ' ') +
+        (is_chain(part) ? chain_head(part.kind) : rule_sentence(part)) + "\n");
+    for (const rule_part& inner : is_chain(part) ? part.parts : std::vector<rule_part>()) {
+        part_put(inner, depth + 1, played);
+    }
+}
+
+int rule_refuse(std::string_view rule, const rule_stop& stop) {
+    put(rule);
+    put("\n");
+    put(std::string(static_cast<std::size_t>(stop.position), ' '));
+    put("^", ink_bad);
+    put(" byte " + std::to_string(stop.position) + ": ");
+    put(view_of(stop.reason));
+    put("\n");
+    return doubtful;
+}
+
+int rule_explain(std::string_view rule, const card* played) {
+    rule_stop stop = rule_stop_find(str_from(rule));
+    if (stop.reason.length > 0) {
+        return rule_refuse(rule, stop);
+    }
+    rule_part whole = rule_parts_read(rule);
+    part_put(whole, 0, played);
+    if (played == nullptr) {
+        return all_well;
+    }
+    const dyn_array<card>& pile = discard_pile.cards;
+    bool holds = rule_part_holds(whole, *played);
+    put(card_name(*played) + " on " +
+        (pile.count > 0 ? card_name(pile[0])
+                        : "the empty pile, which is of no colour, shape or number") +
+        ": ");
+    verdict_put(holds);
+    const rule_part& deciding = rule_part_deciding(whole, *played);
+    put(&deciding == &whole
+            ? "\n"
+            : ", decided by " + deciding.text + ": " + rule_sentence(deciding) + "\n");
+    return holds ? all_well : doubtful;
+}
+
+int goal_explain(std::string_view line, bool has_tape) {
+    settings.deck_colours = card_colour_count;
+    settings.deck_shapes = card_shape_count;
+    settings.deck_numbers = card_number_count;
+    map_read(str_from(line));
+    const goal& g = goals[0];
+    put(goal_sentence(g) + "\n");
+    if (!has_tape) {
+        return all_well;
+    }
+    put("the tape counts " + std::to_string(goal_count(g)) + ": ");
+    verdict_put(goal_met(g));
+    put("\n");
+    return goal_met(g) ? all_well : doubtful;
+}
+
+}  // namespace
+
+int explain_command(words arguments) {
+    card played;
+    bool has_card = false, has_tape = false;
+    option_form card_form = {"--card", true, [&](std::string_view value) {
+                                 return has_card = card_read(value, played);
+                             }};
+    option_form top_form = {"--top", true, [](std::string_view value) {
+                                return value.size() == card_field_count &&
+                                       cards_read(value, discard_pile.cards);
+                            }};
+    option_form tape_form = {
+        "--tape", true, [&](std::string_view value) { return has_tape = cards_read(value, tape); }};
+    if (!options_take(arguments, {card_form, top_form, tape_form})) {
+        return not_understood;
+    }
+    if (arguments.size() != 1) {
+        return complain("explain", "wants one rule, or one goal's line");
+    }
+    if (arguments[0].starts_with("goal ")) {
+        return goal_explain(arguments[0], has_tape);
+    }
+    return rule_explain(arguments[0], has_card ? &played : nullptr);
+}

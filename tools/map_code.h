@@ -1,0 +1,26 @@
+#pragma once
+
+// A map in one line, as chat, mail and links can carry it: its family, name and text, one after the
+// other on lines of their own, deflated (RFC 1951) and written in URL-safe base64 (RFC 4648)
+// without padding. It is what stands behind "#map=" in a link to the game's page.
+
+#include <string>
+#include <string_view>
+
+#include "base/types.h"
+
+struct named_map {
+    i64 family;
+    std::string name;
+    std::string text;
+};
+
+// Letters of a code, bytes of what it holds.
+inline constexpr std::size_t code_length_limit = 200'000;
+inline constexpr std::size_t code_bytes_limit = 1'000'000;
+
+std::string map_code(const named_map& map);
+
+// The map of a code or of a link that ends in one; false when it holds none or is beyond the
+// limits.
+bool map_code_read(std::string_view code, named_map& map);

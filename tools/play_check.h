@@ -1,0 +1,12 @@
+#pragma once
+
+// What is doubtful in the loaded map once it is played.
+
+#include "base/types.h"
+#include "tools/remarks.h"
+
+// Plays games by chance and names the first number of seats, of 2 to `seats`, with which a human
+// can be stuck: unable to move, and unable to draw since deck and discard pile are empty; else a
+// map that the first turn of a hard seat wins in more than a few percent of games. Of a map for one
+// seat it finds nothing. Draws random numbers.
+remarks play_check(i64 seats);
