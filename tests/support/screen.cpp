@@ -128,7 +128,8 @@ std::string spelling_of(const gpu_draw& draw, bool icons) {
     }
     std::size_t slot = slot_of(draw);
     i64 dot = colour_index_of(draw.colour);
-    char letter = static_cast<char>(slot == texture_circle && dot < 6 ? 'A' + dot : 'a' + slot);
+    bool is_dot = slot == texture_circle && dot < 6;
+    char letter = static_cast<char>(is_dot ? 'A' + dot : 'a' + static_cast<i64>(slot));
     return {slot == texture_eye ? 'T' : slot == texture_similarity ? '~' : letter};
 }
 
