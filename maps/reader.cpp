@@ -239,7 +239,7 @@ void map_read(str text) {
     map_clear();
     text_cursor cursor = {text.data, text.length, 0};
     while (cursor.position < cursor.size) {
-        i64 line_start = cursor.position;
+        [[maybe_unused]] i64 line_start = cursor.position;
         read_line(cursor);
         assert(cursor.position > line_start);
     }
