@@ -76,9 +76,8 @@ void catalogue_delete_selected() {
     if (doomed == nullptr) {
         return;
     }
-    if (map_file_keep(doomed->path)) {
-        file_delete(doomed->path);
-    }
+    map_file_keep(doomed->path);
+    file_delete(doomed->path);
     dyn_array_remove_at(*current_catalogue, selected_entry);
     if (current_catalogue->count <= selected_entry) {
         selected_entry = current_catalogue->count - 1;

@@ -28,8 +28,7 @@ void catalogue_save();
 void catalogue_select();
 
 // Deletes the selected entry with its map file, which is kept, selects and loads the one that
-// follows it (else the last), and writes the catalogue. A file that cannot be kept is not deleted.
-// Nothing happens without a selected entry.
+// follows it (else the last), and writes the catalogue. Nothing happens without a selected entry.
 void catalogue_delete_selected();
 
 // Adds an entry to the current catalogue and writes it, unless the name is there already. The

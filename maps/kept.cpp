@@ -16,6 +16,7 @@ namespace {
 
 constexpr i64 kept_count = 100;
 constexpr i64 name_limit = 200;  // bytes; file systems take 255 with family and date
+constexpr i64 kept_path_limit = name_limit + 32;
 constexpr str family_names[machine_kind_count] = {"state", "pushdown", "turing"};
 
 // Mixes a value into a fingerprint.
@@ -87,53 +88,30 @@ u64 map_print() {
     return print;
 }
 
-// Opens the file that keeps the map of that path.
-file_id kept_open(str path) {
+// Makes room for another kept map; returns its path but for the date, made of the path it had.
+str kept_path_make(str path, char (&bytes)[kept_path_limit]) {
     folder_trim(kept_folder, kept_count - 1);
     str name = str_after_last(path, '/');
     name.length = std::min(name.length, name_limit);
-    char bytes[name_limit + 32];
     text_buffer text = {bytes, sizeof bytes, 0, 0};
     for (str part : {kept_folder, str("/"), name.length > 0 ? name : str("unnamed"), str("."),
                      family_is_known() ? family_names[machine_kind] : str("map")}) {
         text_buffer_put_str(text, part);
     }
-    return file_open(text_buffer_text(text), file_mode_dated);
+    return text_buffer_text(text);
 }
 
-bool kept_close(file_id file, str path) {
-    file_close(file);
-    if (file_failed(file)) {
-        message_write({"failed to keep map: ", path, "\n"});
-        return false;
-    }
-    return true;
-}
-
-void file_copy(file_id from, file_id to) {
-    char bytes[4096];
-    for (i64 left = file_size(from); left > 0 && !file_failed(from);) {
-        i64 size = std::min(left, i64{sizeof bytes});
-        file_read(from, size, bytes);
-        file_write(to, size, bytes);
-        left -= size;
-    }
-    if (file_failed(from)) {
-        file_discard(to);
-    }
+void failure_tell(str path) {
+    message_write({"failed to keep map: ", path, "\n"});
 }
 
 }  // namespace
 
-bool map_file_keep(str path) {
-    if (!file_exists(path)) {
-        return true;
+void map_file_keep(str path) {
+    char bytes[kept_path_limit];
+    if (file_is_own(path) && !file_keep(path, kept_path_make(path, bytes))) {
+        failure_tell(path);
     }
-    file_id from = file_open(path, file_mode_read);
-    file_id to = kept_open(path);
-    file_copy(from, to);
-    file_close(from);
-    return kept_close(to, path);
 }
 
 void map_work_begin() {
@@ -152,11 +130,15 @@ void map_work_keep() {
     if (!map_work.open || map_work.print == map_print()) {
         return;
     }
-    file_id file = kept_open(map_work.path);
+    char bytes[kept_path_limit];
+    file_id file = file_open(kept_path_make(map_work.path, bytes), file_mode_dated);
     map_write([](void* to,
                  str piece) { file_write(*static_cast<file_id*>(to), piece.length, piece.data); },
               &file);
-    kept_close(file, map_work.path);
+    file_close(file);
+    if (file_failed(file)) {
+        failure_tell(map_work.path);
+    }
 }
 
 void map_work_end() {

@@ -4,7 +4,7 @@
 // before changes that no file holds are given up, the map is put into the directory "kept/" as
 // NAME.FAMILY.DATE_TIME, such as "kept/my_map_.pushdown.2026-11-23_18-30-05". The newest 100 stay.
 // A kept file is a map file like any other. When keeping fails, one line on standard output says
-// so.
+// so, and what was asked for is done all the same.
 
 #include "base/str.h"
 #include "base/types.h"
@@ -20,8 +20,9 @@ struct map_work_record {
 
 extern map_work_record map_work;
 
-// Keeps the file at `path`, a map of the current family. True also when there is none.
-bool map_file_keep(str path);
+// Keeps the file at `path`, a map of the current family that is about to be deleted or replaced; it
+// does nothing when there is none.
+void map_file_keep(str path);
 
 // The loaded map comes under work, as a new one without a name.
 void map_work_begin();

@@ -51,8 +51,8 @@ bool map_file_write(str path) {
     if (map.size > text_file_limit) {
         file_discard(map.fresh);
     }
-    if (!map.same && !file_failed(map.fresh) && !map_file_keep(path)) {
-        file_discard(map.fresh);
+    if (!map.same && !file_failed(map.fresh)) {
+        map_file_keep(path);
     }
     file_close(map.fresh);
     return !file_failed(map.fresh);

@@ -33,10 +33,15 @@ void file_discard(file_id file);
 
 // Whether there is a regular file to read.
 bool file_exists(str path);
+// Whether there is one that `file_delete` would delete; false for what only the fallback has.
+bool file_is_own(str path);
 // Does nothing when there is no such file.
 void file_delete(str path);
+// Gives an own file a second, dated name, under which it stays when the first one is deleted or
+// replaced: a link, which takes no room on the disk, else a copy. False when there can be neither.
+bool file_keep(str path, str name);
 
 // From now on a relative path that the working directory lacks is read below this directory, by
-// `file_open`, `file_exists` and `image_load`; an empty one ends that. Writing and deleting know
-// the working directory alone.
+// `file_open`, `file_exists` and `image_load`; an empty one ends that. Writing, deleting and
+// keeping know the working directory alone.
 void file_set_fallback(str directory);

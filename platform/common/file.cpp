@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -46,6 +47,34 @@ file_slot* slot_free() {
         }
     }
     return nullptr;
+}
+
+bool is_regular_file(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) == 0) {
+        return S_ISREG(status.st_mode);
+    }
+    // Where the system cannot tell, a file has to be taken for there.
+    return errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG && errno != ELOOP;
+}
+
+// Copies a file to a dated one.
+bool file_copy(str path, str name) {
+    file_id from = file_open(path, file_mode_read);
+    file_id to = file_open(name, file_mode_dated);
+    char bytes[4096];
+    for (i64 left = file_size(from); left > 0 && !file_failed(from);) {
+        i64 size = std::min(left, i64{sizeof bytes});
+        file_read(from, size, bytes);
+        file_write(to, size, bytes);
+        left -= size;
+    }
+    if (file_failed(from)) {
+        file_discard(to);
+    }
+    file_close(from);
+    file_close(to);
+    return !file_failed(to);
 }
 
 }  // namespace
@@ -131,14 +160,17 @@ void file_discard(file_id file) {
 }
 
 bool file_exists(str path) {
-    struct stat status;
-    if (stat(path_for_reading(path).c_str(), &status) == 0) {
-        return S_ISREG(status.st_mode);
-    }
-    // Where the system cannot tell, a file has to be taken for there.
-    return errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG && errno != ELOOP;
+    return is_regular_file(path_for_reading(path));
+}
+
+bool file_is_own(str path) {
+    return is_regular_file(path_text(path));
 }
 
 void file_delete(str path) {
     unlink(path_text(path).c_str());
+}
+
+bool file_keep(str path, str name) {
+    return dated_link(path_text(path), path_text(name)) || file_copy(path, name);
 }

@@ -97,22 +97,34 @@ std::string date_text() {
     return {text, std::strftime(text, sizeof text, date_format, &local)};
 }
 
-// Gives the temporary file a name that no file has, also when another process looks for one now.
-bool name_anew(const replacement& file) {
-    const std::string dated = file.target + date_text();
-    std::string name = dated;
-    for (int number = 2;; ++number) {
-        if (access(name.c_str(), F_OK) != 0) {
-            if (link(file.temporary.c_str(), name.c_str()) == 0) {
-                unlink(file.temporary.c_str());
-                return true;
-            }
-            if (errno != EEXIST) {  // no links on this file system
-                return std::rename(file.temporary.c_str(), name.c_str()) == 0;
-            }
-        }
-        name = dated + "-" + std::to_string(number);
+// The name and the time, as no file is called now.
+std::string name_unused(const std::string& name) {
+    const std::string dated = name + date_text();
+    std::string unused = dated;
+    struct stat status;
+    for (int number = 2; lstat(unused.c_str(), &status) == 0; ++number) {
+        unused = dated + "-" + std::to_string(number);
     }
+    return unused;
+}
+
+// Links the file to an unused name, also when another process looks for one now.
+bool link_anew(const std::string& file, const std::string& name) {
+    int linked;
+    do {
+        linked =
+            linkat(AT_FDCWD, file.c_str(), AT_FDCWD, name_unused(name).c_str(), AT_SYMLINK_FOLLOW);
+    } while (linked != 0 && errno == EEXIST);
+    return linked == 0;
+}
+
+// Gives the temporary file a dated name, also on a file system without links.
+bool name_anew(const replacement& file) {
+    if (link_anew(file.temporary, file.target)) {
+        unlink(file.temporary.c_str());
+        return true;
+    }
+    return std::rename(file.temporary.c_str(), name_unused(file.target).c_str()) == 0;
 }
 
 bool all_digits(std::string_view text) {
@@ -183,6 +195,17 @@ bool is_dated(const std::string& name) {
         end.remove_prefix(1);
     }
     return end.empty() || (end[0] == '-' && all_digits(end.substr(1)));
+}
+
+bool dated_link(const std::string& file, const std::string& name) {
+    const fs::path folder = fs::path(name).parent_path();
+    folders_create(folder);
+    utimensat(AT_FDCWD, file.c_str(), nullptr, 0);
+    if (!link_anew(file, name)) {
+        return false;
+    }
+    folder_sync(folder);
+    return true;
 }
 
 bool lock_try(int descriptor) {

@@ -28,7 +28,10 @@ void replacement_discard(replacement& file);
 
 // Whether a file is a temporary one, by its name without the folder.
 bool is_temporary(const std::string& name);
-// Whether a file got its name and the time from `replacement_commit`.
+// Whether a file has the time in its name, as after `replacement_commit` or `dated_link`.
 bool is_dated(const std::string& name);
+// Gives the file another name as well, `name` and the time, to stay there through a loss of power,
+// and makes it as new as that; false when it cannot have it.
+bool dated_link(const std::string& file, const std::string& name);
 // Locks an open file unless another process has it locked.
 bool lock_try(int descriptor);

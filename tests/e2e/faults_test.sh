@@ -8,7 +8,8 @@ source tests/e2e/screens.sh
 
 stride=17
 [ "${QUORREL_FAULTS:-}" != all ] || stride=1
-calls=open,openat,mkdir,access,newfstatat,fstat,umask,flock,fchmod,lseek,read,write,fsync,link,rename,unlink,close
+calls=open,openat,mkdir,access,newfstatat,fstat,umask,flock,fchmod,lseek,read,write,fsync
+calls+=,utimensat,linkat,rename,unlink,close
 player="$work/player"
 folder="$player/custom_pushdown_machines"
 list="$player/resources/pushdown_maps.txt"

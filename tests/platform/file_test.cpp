@@ -1,13 +1,11 @@
 #include "platform/file.h"
 
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -44,18 +42,6 @@ std::vector<std::string> names_in(const fs::path& folder) {
     }
     return names;
 }
-
-// While it lives, no file can grow beyond `bytes`, as on a full disk.
-struct full_disk {
-    rlimit before;
-    explicit full_disk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before);
-        rlimit limited = {bytes, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~full_disk() { setrlimit(RLIMIT_FSIZE, &before); }
-};
 
 }  // namespace
 
@@ -169,17 +155,32 @@ TEST_F(file_test, a_discarded_file_leaves_no_trace) {
 }
 
 TEST_F(file_test, dated_files_replace_none) {
+    file_put("a", "x");
     for (int i = 0; i < 3; ++i) {
         file_id file = file_open("many/a", file_mode_dated);
         file_write(file, 1, "x");
         file_close(file);
         EXPECT_FALSE(file_failed(file));
+        EXPECT_TRUE(file_keep("a", "many/a"));
     }
+    file_delete("a");
+    EXPECT_FALSE(file_keep("a", "many/a"));
     std::vector<std::string> names = names_in("many");
-    ASSERT_EQ(names.size(), 3U);
+    ASSERT_EQ(names.size(), 6U);
     for (const std::string& name : names) {
         EXPECT_THAT(name, testing::MatchesRegex("a\\.2[0-9]+-[0-9-]+_[0-9-]+"));
+        EXPECT_EQ(file_get("many/" + name), "x");
     }
+}
+
+TEST_F(file_test, a_file_is_kept_on_another_file_system) {
+    std::string elsewhere = "/dev/shm/quorrel-XXXXXX";
+    ASSERT_NE(mkdtemp(elsewhere.data()), nullptr);
+    file_put("a", "content");
+    EXPECT_TRUE(file_keep("a", str_of(elsewhere + "/a")));
+    ASSERT_EQ(names_in(elsewhere).size(), 1U);
+    EXPECT_EQ(file_get(elsewhere + "/" + names_in(elsewhere)[0]), "content");
+    fs::remove_all(elsewhere);
 }
 
 // Runs `act` in another process, which then ends without tidying up; `while_it_lives` runs before.

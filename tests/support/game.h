@@ -7,7 +7,9 @@
 // blanks between them, the top one last.
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <filesystem>
 #include <functional>
 #include <random>
@@ -42,6 +44,18 @@ std::string string_of(str text);
 
 void file_put(const std::string& path, std::string_view content);
 std::string file_get(const std::string& path);
+
+// While it lives, no file can grow beyond `bytes`, as on a full disk.
+struct full_disk {
+    rlimit before;
+    explicit full_disk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        rlimit limited = {bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~full_disk() { setrlimit(RLIMIT_FSIZE, &before); }
+};
 
 // What stands in "kept/", oldest first: each file's name without the date, ": ", its text, a
 // newline.
