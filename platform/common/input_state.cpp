@@ -158,13 +158,6 @@ void input_sample() {
     }
 }
 
-void input_sample_all() {
-    sample_begin();
-    for (; !waiting.empty(); waiting.pop_front()) {
-        event_apply(waiting.front());
-    }
-}
-
 void input_reset() {
     waiting.clear();
     caps_lock_fed = false;

@@ -24,7 +24,5 @@ void input_feed_wheel(f64 steps);
 
 // Shows the queries what was fed since the sample before, up to its end.
 void input_sample();
-// The same without an end, for input that is scripted frame by frame.
-void input_sample_all();
 // Forgets everything.
 void input_reset();

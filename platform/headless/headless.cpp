@@ -87,6 +87,10 @@ void headless_mouse_release(u32 button) {
     input_feed_button(button, false);
 }
 
+void headless_release_all() {
+    input_feed_release_all();
+}
+
 void headless_wheel(f64 steps) {
     input_feed_wheel(steps);
 }
@@ -124,5 +128,5 @@ void display_close() {
 }
 
 void input_poll() {
-    input_sample_all();
+    input_sample();
 }

@@ -3,7 +3,7 @@
 // The controls of the headless platform: no window and no GPU, real files, scripted input, a
 // chosen clock, and every GPU call kept in order. For tests, benchmarks and tools.
 //
-// Scripted input takes effect at the next `input_poll`, as real input does: all of it in one frame.
+// Scripted input takes effect at the next `input_poll` and, as real input does, one press a poll.
 
 #include <array>
 #include <string>
@@ -100,6 +100,7 @@ void headless_set_caps_lock(bool on);
 void headless_mouse_move(f64 x, f64 y);  // pixels from the window's top-left corner
 void headless_mouse_press(u32 button);   // goes down: one edge; stays down
 void headless_mouse_release(u32 button);
+void headless_release_all();     // the window loses the focus
 void headless_wheel(f64 steps);  // adds to what the next poll finds
 
 // Whether GPU calls are kept (off at first: they are dropped). The state that draws are made with

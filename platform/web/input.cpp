@@ -2,7 +2,6 @@
 
 #include <emscripten/html5.h>
 
-#include <deque>
 #include <string_view>
 
 #include "platform/common/input_state.h"
@@ -73,47 +72,8 @@ u32 key_of(const EmscriptenKeyboardEvent& event) {
     return 0;
 }
 
-enum class event_kind { key, button, motion, wheel, release };
-
-struct input_event {
-    event_kind kind;
-    u32 code;  // of the key or button
-    bool down;
-    f64 x, y;  // of the pointer in the game's picture
-    f64 wheel;
-};
-
-f64 x_before;  // of the pointer at the event before
+f64 x_before;  // of the pointer at the event before, in the game's picture
 f64 y_before;
-
-std::deque<input_event> events;  // since the last poll, oldest first
-
-// Whether an edge came of it.
-bool event_apply(const input_event& event) {
-    bool is_edge = event.kind == event_kind::key || event.kind == event_kind::button;
-    switch (event.kind) {
-        case event_kind::key:
-            input_feed_key(event.code, event.down);
-            break;
-        case event_kind::button:
-        case event_kind::motion:
-            input_feed_pointer(event.x, event.y);
-            input_feed_motion(event.x - x_before, event.y - y_before);
-            x_before = event.x;
-            y_before = event.y;
-            if (is_edge) {
-                input_feed_button(event.code, event.down);
-            }
-            break;
-        case event_kind::wheel:
-            input_feed_wheel(event.wheel);
-            break;
-        case event_kind::release:
-            input_feed_release_all();
-            break;
-    }
-    return is_edge;
-}
 
 bool is_letter(u32 key) {
     return key >= key_a && key <= key_z;
@@ -141,7 +101,7 @@ EM_BOOL key_event(int type, const EmscriptenKeyboardEvent* event, void*) {
     }
     caps_lock_find(*event, key);
     if (!event->repeat) {
-        events.push_back({event_kind::key, key, down, 0, 0, 0});
+        input_feed_key(key, down);
     }
     return EM_TRUE;
 }
@@ -150,23 +110,26 @@ EM_BOOL mouse_event(int type, const EmscriptenMouseEvent* event, void*) {
     f64 x = event->targetX * canvas_density();
     f64 y = event->targetY * canvas_density();
     view_point(x, y);
-    if (type == EMSCRIPTEN_EVENT_MOUSEMOVE) {
-        events.push_back({event_kind::motion, 0, false, x, y, 0});
-    } else if (event->button == mouse_left_of_page || event->button == mouse_right_of_page) {
-        u32 button = event->button == mouse_left_of_page ? mouse_left : mouse_right;
-        events.push_back({event_kind::button, button, type == EMSCRIPTEN_EVENT_MOUSEDOWN, x, y, 0});
+    input_feed_pointer(x, y);
+    input_feed_motion(x - x_before, y - y_before);
+    x_before = x;
+    y_before = y;
+    bool is_button = type != EMSCRIPTEN_EVENT_MOUSEMOVE;
+    if (is_button &&
+        (event->button == mouse_left_of_page || event->button == mouse_right_of_page)) {
+        input_feed_button(event->button == mouse_left_of_page ? mouse_left : mouse_right,
+                          type == EMSCRIPTEN_EVENT_MOUSEDOWN);
     }
     return EM_FALSE;  // the browser moves the focus
 }
 
 EM_BOOL wheel_event(int, const EmscriptenWheelEvent* event, void*) {
-    f64 steps = -event->deltaY / wheel_units[event->deltaMode];
-    events.push_back({event_kind::wheel, 0, false, 0, 0, steps});
+    input_feed_wheel(-event->deltaY / wheel_units[event->deltaMode]);
     return EM_TRUE;
 }
 
 EM_BOOL blur_event(int, const EmscriptenFocusEvent*, void*) {
-    events.push_back({event_kind::release, 0, false, 0, 0, 0});
+    input_feed_release_all();
     return EM_FALSE;
 }
 
@@ -183,11 +146,7 @@ void input_listen() {
     emscripten_set_blur_callback(canvas, nullptr, EM_FALSE, blur_event);
 }
 
-// A sample ends with its first edge; what came after it waits for the next poll.
 void input_poll() {
     canvas_fit();
-    for (bool edge = false; !edge && !events.empty(); events.pop_front()) {
-        edge = event_apply(events.front());
-    }
     input_sample();
 }

@@ -1,5 +1,7 @@
 #include "platform/headless/headless.h"
 
+#include <sstream>
+
 #include "platform/input.h"
 #include "tests/support/game.h"
 
@@ -7,30 +9,57 @@ namespace {
 
 using headless_test = game_test;
 
-// After a poll: "p" pressed, "r" released, "h" held.
-std::string after_poll(u32 key, u32 button) {
+// What the next poll finds: letters pressed and held ("_"), shift held ("^"), caps lock ("c"), the
+// left button's edges ("+", "-") and the pointer's x.
+std::string poll() {
     input_poll();
-    return std::string(input_key_is_pressed(key) ? "p" : "") + (input_key_is_held(key) ? "h" : "") +
-           (input_mouse_is_pressed(button) ? "P" : "") +
-           (input_mouse_is_released(button) ? "R" : "");
+    std::ostringstream found;
+    for (u32 key = key_a; key <= key_z; ++key) {
+        char letter = static_cast<char>('a' + (key - key_a));
+        found << (input_key_is_pressed(key) ? std::string{letter} : "")
+              << (input_key_is_held(key) ? std::string{'_', letter} : "");
+    }
+    f64 x = 0;
+    f64 y = 0;
+    input_mouse_position(x, y);
+    found << (input_key_is_held(key_shift) ? "^" : "") << (input_key_modifiers() != 0 ? "c" : "")
+          << (input_mouse_is_pressed(mouse_left) ? "+" : "")
+          << (input_mouse_is_released(mouse_left) ? "-" : "") << ' ' << x;
+    return found.str();
 }
 
-TEST_F(headless_test, KeysAndButtonsAreSeenFromTheNextPollOn) {
+TEST_F(headless_test, APollFindsOnePressWithAllOfItsMoment) {
+    headless_mouse_move(1, 0);
     headless_key_press(key_a);
-    EXPECT_FALSE(input_key_is_pressed(key_a));
+    headless_set_caps_lock(true);
+    headless_key_hold(key_shift);
+    headless_key_hold(key_d);
+    headless_key_hold(key_d);  // is down already
+    headless_set_caps_lock(false);
+    headless_key_release(key_shift);
+    headless_mouse_move(2, 0);
     headless_mouse_press(mouse_left);
-    EXPECT_EQ(after_poll(key_a, mouse_left), "pP");
-    EXPECT_EQ(after_poll(key_a, mouse_left), "");
+    headless_mouse_move(3, 0);
     headless_mouse_release(mouse_left);
-    headless_key_hold(key_a);
-    EXPECT_EQ(after_poll(key_a, mouse_left), "phR");
-    headless_key_hold(key_a);
-    headless_mouse_press(mouse_right);
-    headless_mouse_release(mouse_right);
-    EXPECT_EQ(after_poll(key_a, mouse_right), "hPR");
-    headless_key_release(key_a);
+    headless_key_release(key_d);
+    headless_mouse_press(mouse_left);
+    headless_mouse_release(mouse_left);
     headless_key_press(key_count);
-    EXPECT_EQ(after_poll(key_a, mouse_right) + after_poll(key_count, mouse_right), "");
+    for (const char* found : {"a 1", "d_d^c 1", "_d^c 1", "_d+ 2", "_d- 3", "+- 3", " 3"}) {
+        EXPECT_EQ(poll(), found);
+    }
+}
+
+TEST_F(headless_test, LettingGoOfAllLeavesNothingHeld) {
+    headless_key_hold(key_a);
+    headless_key_hold(key_shift);
+    headless_mouse_press(mouse_left);
+    headless_release_all();
+    headless_key_release(key_a);
+    headless_key_hold(key_d);
+    for (const char* found : {"a_a 0", "_a^+ 0", "d_d- 0", "_d 0"}) {
+        EXPECT_EQ(poll(), found);
+    }
 }
 
 TEST_F(headless_test, MotionAndWheelAddUpBetweenPolls) {

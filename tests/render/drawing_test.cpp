@@ -135,6 +135,7 @@ TEST_F(drawing_test, AButtonReportsTheLeftClickOnce) {
                                    (over ? "white -244 -232 64 32 (1 1 1 0.5)\n" : ""));
         }
         headless_mouse_release(button);
+        input_poll();
     }
 }
 
