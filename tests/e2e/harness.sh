@@ -25,6 +25,7 @@ clean_up() {
     fi
     kill "${pids[@]}" "${virtual_display:-}" 2>/dev/null || true
     wait || true
+    umount --lazy "$work/player" 2>/dev/null || true # a test may have mounted it
     rm -rf "$work"
     exit "$status"
 }
