@@ -23,11 +23,24 @@ namespace {
 constexpr str font_path = "resources/font_info.txt";
 constexpr str font_folder = "resources/";
 
+// What the lines read so far give. Of several pictures the last one counts; only that is decoded.
+struct font_text {
+    font_record record;
+    str picture_named;  // as its line names it; empty before the first such line
+    str picture_path;   // where it was found
+};
+
 // Finds the picture under its own name or else beside the font file; reports a missing one.
-bool picture_find(str& path) {
+bool picture_line_read(text_cursor& cursor, font_text& into) {
+    str path = text_scan_until(cursor, '\n');
+    if (path == into.picture_named && path.length > 0) {
+        return true;
+    }
+    into.picture_named = path;
     if (!file_exists(path)) {
         path = str_concat(font_folder, path, arena_persistent);
     }
+    into.picture_path = path;
     bool found = file_exists(path);
     if (!found) {
         message_write({"failed to load font image: ", path, "\n"});
@@ -35,18 +48,10 @@ bool picture_find(str& path) {
     return found;
 }
 
-bool picture_line_read(text_cursor& cursor, font_record& into) {
-    str path = text_scan_until(cursor, '\n');
-    if (!picture_find(path)) {
-        return false;
-    }
-    if (into.texture != 0) {
-        texture_destroy(into.texture);
-    }
+u32 font_texture_make(str path) {
     image picture = {};
     image_load(picture, path, image_channels_rgba);
-    into.texture = texture_make(picture, filter_linear, filter_nearest);
-    return true;
+    return texture_make(picture, filter_linear, filter_nearest);
 }
 
 void glyph_line_read(text_cursor& cursor, font_record& into) {
@@ -66,7 +71,7 @@ void glyph_line_read(text_cursor& cursor, font_record& into) {
     into.line_height = std::max(into.line_height, read.height);
 }
 
-bool line_read(text_cursor& cursor, font_record& into) {
+bool line_read(text_cursor& cursor, font_text& into) {
     if (cursor.position + 1 >= cursor.size || cursor.data[cursor.position + 1] != ' ') {
         return false;
     }
@@ -76,7 +81,7 @@ bool line_read(text_cursor& cursor, font_record& into) {
         return picture_line_read(cursor, into);
     }
     if (*kind == 'g') {
-        glyph_line_read(cursor, into);
+        glyph_line_read(cursor, into.record);
         return true;
     }
     message_write({"unknown ", {kind, 1}, "\n"});
@@ -84,7 +89,7 @@ bool line_read(text_cursor& cursor, font_record& into) {
 }
 
 // Whether every line was understood.
-bool lines_read(text_cursor& cursor, font_record& into) {
+bool lines_read(text_cursor& cursor, font_text& into) {
     while (cursor.position < cursor.size) {
         if (!line_read(cursor, into)) {
             return false;
@@ -104,10 +109,12 @@ void font_load() {
         return;
     }
     text_cursor cursor = {content.data, content.length, 0};
-    font_record fresh = {};
-    if (lines_read(cursor, fresh)) {
-        font = fresh;
-    } else if (fresh.texture != 0) {
-        texture_destroy(fresh.texture);
+    font_text fresh = {};
+    if (!lines_read(cursor, fresh)) {
+        return;
     }
+    if (fresh.picture_path.length > 0) {
+        fresh.record.texture = font_texture_make(fresh.picture_path);
+    }
+    font = fresh.record;
 }
