@@ -42,17 +42,35 @@ struct card_property {
     u8 value;
 };
 
-// The property that `symbol` names. False, with `property` as it was, when it names none.
-constexpr bool card_property_read(char symbol, card_property& property) {
+struct symbol_properties {
+    card_property of[256];  // by byte; the field is `card_field_count` where it names none
+};
+
+constexpr symbol_properties symbol_properties_make() {
+    symbol_properties made = {};
+    for (card_property& none : made.of) {
+        none = {card_field_count, 0};
+    }
     for (u8 field = 0; field < card_field_count; ++field) {
         const card_field_info& info = card_fields[field];
-        i64 offset = symbol - info.first_symbol;
-        if (0 <= offset && offset < info.count) {
-            property = {static_cast<card_field>(field), static_cast<u8>(info.first_value + offset)};
-            return true;
+        for (i64 i = 0; i < info.count; ++i) {
+            u8 value = static_cast<u8>(info.first_value + i);
+            made.of[info.first_symbol + i] = {static_cast<card_field>(field), value};
         }
     }
-    return false;
+    return made;
+}
+
+inline constexpr symbol_properties card_symbols = symbol_properties_make();
+
+// The property that `symbol` names. False, with `property` as it was, when it names none.
+constexpr bool card_property_read(char symbol, card_property& property) {
+    const card_property& named = card_symbols.of[static_cast<u8>(symbol)];
+    if (named.field == card_field_count) {
+        return false;
+    }
+    property = named;
+    return true;
 }
 
 constexpr bool card_has(card c, card_property property) {

@@ -12,6 +12,27 @@ card_pile discard_pile;
 dyn_array<card> tape;
 i64 tape_head;
 
+namespace {
+
+struct property_sets {
+    card_set sets[card_field_count][card_number_count + 1];  // by field and value
+};
+
+constexpr property_sets property_sets_make() {
+    property_sets made = {};
+    for (i64 value = 0; value < card_value_count; ++value) {
+        card c = card_of_value(value);
+        card_set_add(made.sets[field_colour][c.colour], c);
+        card_set_add(made.sets[field_shape][c.shape], c);
+        card_set_add(made.sets[field_number][c.number], c);
+    }
+    return made;
+}
+
+constexpr property_sets all_property_sets = property_sets_make();
+
+}  // namespace
+
 card card_array_top(const dyn_array<card>& cards) {
     return cards.count > 0 ? cards[cards.count - 1] : card{};
 }
@@ -46,4 +67,9 @@ void deck_refill() {
     std::swap(deck.cards, discard_pile.cards);
     assert(discard_pile.cards.count == 0);
     deck_shuffle();
+}
+
+const card_set& cards_having(card_property property) {
+    assert(property.field < card_field_count && property.value <= card_number_count);
+    return all_property_sets.sets[property.field][property.value];
 }

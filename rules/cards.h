@@ -47,6 +47,12 @@ struct card_set {
     u64 words[4] = {};
 };
 
+inline constexpr card_set all_cards = {{~u64{0}, ~u64{0}, ~u64{0}, (u64{1} << 24) - 1}};
+static_assert(card_value_count == 3 * 64 + 24);
+
+// All card values that have it.
+const card_set& cards_having(card_property property);
+
 constexpr card_set operator&(const card_set& a, const card_set& b) {
     return {a.words[0] & b.words[0], a.words[1] & b.words[1], a.words[2] & b.words[2],
             a.words[3] & b.words[3]};

@@ -1,19 +1,34 @@
 #include "rules/rule.h"
 
 #include "rules/cards.h"
+#include "rules/rule_tops.h"
 #include "tests/support/game.h"
 
 namespace {
 
 using rule_test = game_test;
 
-// For how many cards the rule holds. Both evaluations must agree about each of them.
+// What the rule lets through under that top card, read for all 216 of them.
+card_set cards_under(card top, std::string_view rule) {
+    card tops[card_value_count];
+    for (i64 value = 0; value < card_value_count; ++value) {
+        tops[value] = card_of_value(value);
+    }
+    rule_answers answers;
+    rule_answers_find(answers, str_of(rule), tops, card_value_count);
+    return answers.matching[answers.of_top[card_value(top)]];
+}
+
+// For how many cards the rule holds. All evaluations must agree about each of them.
 i64 cards_allowed(std::string_view pile, std::string_view rule) {
     pile_set(discard_pile.cards, pile);
     card_set matching = rule_matching_cards(str_of(rule));
+    card_set under = cards_under(card_array_top(discard_pile.cards), rule);
     for (i64 value = 0; value < card_value_count; ++value) {
         card tested = card_of_value(value);
         EXPECT_EQ(card_set_has(matching, tested), rule_matches(str_of(rule), tested)) << rule;
+        EXPECT_TRUE(pile.empty() || card_set_has(under, tested) == card_set_has(matching, tested))
+            << rule;
     }
     return card_set_count(matching);
 }
@@ -57,6 +72,8 @@ TEST_F(rule_test, NestingMayBeOfAnyDepth) {
                                              {"!(", ")", 340, 216},
                                              {"!(", ")", 339, 0},
                                              {"!(A,", ")", 204, 216},
+                                             {"!(A,A,A,A,A,A,A,", ")", 60, 216},
+                                             {"!(!A,!A,!A,!A,!A,!A,!A,", ")", 40, 216},
                                              {"~(", ")", 100'000, 0},
                                              {"A&(", "", 100'000, 0}}) {
         std::string rule = repeated(open, depth) + "*" + repeated(close, depth);
