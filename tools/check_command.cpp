@@ -25,7 +25,7 @@ int file_check(std::string_view path, machine_kind_value family, bool cyclic, i6
     append(found, map_check(cyclic));
     append(found, layout_check());
     map_open(text, family, !cyclic);
-    append(found, play_check(seats));
+    append(found, play_check(text, seats));
     for (const std::string& remark : found) {
         put(path, ink_name);
         put(": " + remark + "\n");

@@ -1,6 +1,7 @@
 #include "tools/play_check.h"
 
 #include "maps/model.h"
+#include "maps/reader.h"
 #include "rules/game_state.h"
 #include "tools/map_play.h"
 
@@ -9,6 +10,14 @@ namespace {
 constexpr i64 games = 40;
 constexpr u64 seed = 1;
 constexpr i64 at_once_limit = 2;  // 5 % of the games
+constexpr i64 tape_left = 9;      // the longest tape of the maps that ship
+
+// What the tape withholds from the deck.
+std::string tape_remark() {
+    return settings.tape_length > 0 ? ", with " + std::to_string(settings.tape_length) +
+                                          " cards on the tape, which a line \"tape 0\" leaves in it"
+                                    : "";
+}
 
 void stuck_check(i64 most, remarks& found) {
     for (i64 seats = 2; seats <= most; ++seats) {
@@ -17,7 +26,7 @@ void stuck_check(i64 most, remarks& found) {
         if (record.stuck > 0) {
             found.push_back("with " + std::to_string(seats) + " seats a human got stuck in " +
                             std::to_string(record.stuck) + " of " + std::to_string(games) +
-                            " games: no move, and the deck is empty");
+                            " games: no move, and the deck is empty" + tape_remark());
             return;
         }
     }
@@ -33,13 +42,17 @@ void first_turn_check(remarks& found) {
 
 }  // namespace
 
-remarks play_check(i64 seats) {
+remarks play_check(str text, i64 seats) {
     remarks found;
     if (game_map.states.count == 0 || seats < 2) {
         return found;
     }
     if (machine_kind == pushdown_machine) {
+        const i64 tape = settings.tape_length;
+        settings.tape_length = tape_left;
+        map_read(text);
         stuck_check(seats, found);
+        settings.tape_length = tape;
     }
     if (found.empty()) {
         first_turn_check(found);

@@ -10,6 +10,7 @@
 #include "platform/system.h"
 #include "program/globals.h"
 #include "program/player_files.h"
+#include "rules/random.h"
 #include "tools/commands.h"
 
 namespace {
@@ -79,6 +80,7 @@ void game_prepare() {
         file_set_fallback(shipped_data_find());
     }
     system_init(system_all, key_repeat_off);
+    random_seed(1);  // the same answer to the same question
 }
 
 int command_run(const words& arguments) {

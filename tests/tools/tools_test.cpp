@@ -51,7 +51,7 @@ TEST_F(tools_test, WhatIsDoubtfulIsNamed) {
                 joined(check == "lines"    ? lines_check(str_of(text),
                                                          static_cast<machine_kind_value>(machine_kind))
                        : check == "layout" ? layout_check()
-                       : check == "play"   ? play_check(3)
+                       : check == "play"   ? play_check(str_of(text), 3)
                                            : map_check(check == "cyclic"));
         });
         return found;
