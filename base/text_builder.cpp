@@ -3,6 +3,18 @@
 #include <algorithm>
 #include <cassert>
 
+namespace {
+
+// The byte at the cursor of a builder or buffer, which has room for it.
+template <typename text>
+void byte_write(text& to, char byte) {
+    to.data[to.cursor] = byte;
+    to.cursor += 1;
+    to.length = std::max(to.length, to.cursor);
+}
+
+}  // namespace
+
 text_builder text_builder_make(arena_id id) {
     text_builder builder = {};
     builder.arena_id = id;
@@ -21,9 +33,7 @@ void text_builder_put(text_builder& builder, char byte) {
             arena_realloc(builder.arena_id, builder.data, builder.capacity, 2 * builder.capacity));
         builder.capacity *= 2;
     }
-    builder.data[builder.cursor] = byte;
-    builder.cursor += 1;
-    builder.length = std::max(builder.length, builder.cursor);
+    byte_write(builder, byte);
 }
 
 void text_builder_put_str(text_builder& builder, str text) {
@@ -38,12 +48,9 @@ str text_builder_text(const text_builder& builder) {
 
 void text_buffer_put(text_buffer& buffer, char byte) {
     assert(0 <= buffer.cursor && buffer.length <= buffer.capacity);
-    if (buffer.cursor >= buffer.capacity) {
-        return;
+    if (buffer.cursor < buffer.capacity) {
+        byte_write(buffer, byte);
     }
-    buffer.data[buffer.cursor] = byte;
-    buffer.cursor += 1;
-    buffer.length = std::max(buffer.length, buffer.cursor);
 }
 
 void text_buffer_put_str(text_buffer& buffer, str text) {

@@ -3,6 +3,7 @@
 #include <cassert>
 
 #include "base/arithmetic.h"
+#include "editor/dialog.h"
 #include "render/button.h"
 #include "render/goal_text.h"
 #include "render/renderer.h"
@@ -14,22 +15,7 @@ goal_editing_record goal_editing;
 
 namespace {
 
-constexpr colour box_tint = {0, 0, 0, 0.8f};
 constexpr f64 row_step = 32;
-
-constexpr str measure_names[measure_count] = {
-    "sum",
-    "# distinct colors",
-    "# distinct shapes",
-    "# distinct numbers",
-    "# cards of color",
-    "# cards of shape",
-    "# cards of number",
-    "# cards of color a or b",
-    "# cards of shape a or b",
-    "# cards of number a or b",
-};
-constexpr str comparison_names[comparison_count] = {"exactly", "at most", "at least"};
 
 u8 stepped_around(u8 value, i64 step, i64 count) {
     return static_cast<u8>(floor_modulo(value + step, count));
@@ -69,7 +55,7 @@ void dialog_rows_frame(f64 y) {
     goal& g = goal_editing.new_goal;
     assert(g.measure < measure_count && g.comparison < comparison_count);
     g.measure = stepped_around(g.measure, row_step_clicked(y), measure_count);
-    row_text_draw(measure_names[g.measure], y);
+    row_text_draw(measures[g.measure].name, y);
     y -= row_step;
     g.comparison = stepped_around(g.comparison, row_step_clicked(y), comparison_count);
     row_text_draw(comparison_names[g.comparison], y);
@@ -116,15 +102,13 @@ void goal_row_frame() {
 }
 
 void goal_dialog_frame() {
-    f64 x = render_target.width / 2.0;
-    f64 y = render_target.height / 2.0;
-    box_fill(box_around(x, y, 640, 480), box_tint);
-    dialog_rows_frame(y + 176);
-    if (button_draw("OK", x, y - 144, 128, 64)) {
+    dialog_box_draw();
+    dialog_rows_frame(render_target.height / 2.0 + 176);
+    dialog_answer answer = dialog_buttons_draw();
+    if (answer.ok) {
         dyn_array_push(goals, goal_editing.new_goal);
-        goal_editing.goal_dialog_open = false;
     }
-    if (button_draw("Cancel", x - 224, y - 144, 128, 64)) {
+    if (answer.ok || answer.cancel) {
         goal_editing.goal_dialog_open = false;
     }
 }

@@ -2,10 +2,9 @@
 
 #include <cassert>
 
+#include "editor/dialog.h"
 #include "platform/input.h"
-#include "render/button.h"
 #include "render/renderer.h"
-#include "render/sprites.h"
 #include "render/text.h"
 #include "rules/screens.h"
 
@@ -13,7 +12,6 @@ text_entry_record text_entry;
 
 namespace {
 
-constexpr colour box_tint = {0, 0, 0, 0.8f};
 constexpr str shifted_digits = ")!@#$%^&*(";
 
 struct punctuation_key {
@@ -129,16 +127,16 @@ void text_entry_frame() {
     assert(!text_entry.text_purpose_rule || !text_entry.text_purpose_map_name);
     f64 x = render_target.width / 2.0;
     f64 y = render_target.height / 2.0;
-    box_fill(box_around(x, y, 640, 480), box_tint);
+    dialog_box_draw();
     label_draw(text_entry.text_prompt, x, y + 64);
     keys_type();
     label_draw(text_entry_text(), x, y - 64);
-    bool ok = button_draw("OK", x, y - 144, 128, 64);
-    if (ok || input_key_is_pressed(key_enter)) {
+    dialog_answer answer = dialog_buttons_draw();
+    if (answer.ok || input_key_is_pressed(key_enter)) {
         screens.text_entry_open = false;
         text_entry.text_confirmed = true;
     }
-    if (button_draw("Cancel", x - 224, y - 144, 128, 64)) {
+    if (answer.cancel) {
         screens.text_entry_open = false;
         purposes_clear();
     }

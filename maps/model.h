@@ -43,11 +43,20 @@ enum measure_value : u8 {
 struct measure_info {
     card_field field;
     i64 cards;  // 0: none, 1: `card_a`, 2: both
+    str name;   // as players read it
 };
 
 inline constexpr measure_info measures[measure_count] = {
-    {field_number, 0}, {field_colour, 0}, {field_shape, 0},  {field_number, 0}, {field_colour, 1},
-    {field_shape, 1},  {field_number, 1}, {field_colour, 2}, {field_shape, 2},  {field_number, 2},
+    {field_number, 0, "sum"},
+    {field_colour, 0, "# distinct colors"},
+    {field_shape, 0, "# distinct shapes"},
+    {field_number, 0, "# distinct numbers"},
+    {field_colour, 1, "# cards of color"},
+    {field_shape, 1, "# cards of shape"},
+    {field_number, 1, "# cards of number"},
+    {field_colour, 2, "# cards of color a or b"},
+    {field_shape, 2, "# cards of shape a or b"},
+    {field_number, 2, "# cards of number a or b"},
 };
 
 enum comparison_value : u8 {
@@ -56,6 +65,8 @@ enum comparison_value : u8 {
     compare_at_least,
     comparison_count,
 };
+
+inline constexpr str comparison_names[comparison_count] = {"exactly", "at most", "at least"};
 
 struct map_state {
     f64 x;         // map units

@@ -7,32 +7,14 @@
 
 namespace {
 
-// What a goal counts; the property of a card, or either of two, follows.
-constexpr str measure_texts[measure_count] = {
-    "sum",
-    "# %distin%ct %colors",
-    "# %distin%ct sh%ap%es",
-    "# %distin%ct num%b%ers",
-    "num ",
-    "num ",
-    "num ",
-    "num ",
-    "num ",
-    "num ",
-};
-
-constexpr str comparison_texts[comparison_count] = {
-    " %ex%a%ctly ",
-    " %at most ",
-    " %at l%e%ast ",
-};
-
 void measure_put(text_buffer& buffer, const goal& g) {
     const measure_info& measure = measures[g.measure];
-    text_buffer_put_str(buffer, measure_texts[g.measure]);
-    if (measure.cards >= 1) {
-        text_buffer_put(buffer, card_symbol(g.card_a, measure.field));
+    if (measure.cards == 0) {
+        text_buffer_put_plain(buffer, measure.name);
+        return;
     }
+    text_buffer_put_str(buffer, "num ");
+    text_buffer_put(buffer, card_symbol(g.card_a, measure.field));
     if (measure.cards >= 2) {
         text_buffer_put_str(buffer, " or ");
         text_buffer_put(buffer, card_symbol(g.card_b, measure.field));
@@ -47,7 +29,9 @@ void goal_text_put(text_buffer& buffer, const goal& g) {
         measure_put(buffer, g);
     }
     if (g.comparison < comparison_count) {
-        text_buffer_put_str(buffer, comparison_texts[g.comparison]);
+        text_buffer_put(buffer, ' ');
+        text_buffer_put_plain(buffer, comparison_names[g.comparison]);
+        text_buffer_put(buffer, ' ');
     }
     text_buffer_put_int(buffer, g.target);
 }

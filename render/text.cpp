@@ -52,24 +52,33 @@ glyph_look letter_look(char c, const colour& tint) {
     return {g.u, g.v, g.width, g.height, g.advance, 1, tint};
 }
 
+// The picture that stands for a character in a text with icons, `texture_slot_count` for none.
+texture_slot icon_slot(char character) {
+    card_property property = {card_field_count, 0};
+    card_property_read(character, property);
+    switch (property.field) {
+        case field_colour:
+            return texture_circle;
+        case field_shape:
+            return static_cast<texture_slot>(texture_circle + property.value);
+        default:
+            return character == 'T'   ? texture_eye
+                   : character == '~' ? texture_similarity
+                                      : texture_slot_count;
+    }
+}
+
 // The texture that shows `character` in a text with icons. For an icon's letter it changes `look`,
 // the tint only for the colour dots; for any other character it changes nothing.
 u32 glyph_icon(char character, glyph_look& look) {
-    i64 slot = 0;
-    colour tint = look.tint;
-    card_property property = {card_field_count, 0};
-    card_property_read(character, property);
-    if (property.field == field_colour) {
-        slot = texture_circle;
-        tint = colour_rgba(property.value);
-    } else if (property.field == field_shape) {
-        slot = texture_circle + property.value;
-    } else if (character == 'T') {
-        slot = texture_eye;
-    } else if (character == '~') {
-        slot = texture_similarity;
-    } else {
+    texture_slot slot = icon_slot(character);
+    if (slot == texture_slot_count) {
         return font.texture;
+    }
+    colour tint = look.tint;
+    card_property property;
+    if (card_property_read(character, property) && property.field == field_colour) {
+        tint = colour_rgba(property.value);
     }
     look = {0, 0, 1, 1, 1, icon_scale, tint};
     return texture_set.textures[slot];
@@ -138,6 +147,15 @@ void characters_draw(str text, const text_style& style, text_pen pen) {
 }
 
 }  // namespace
+
+void text_buffer_put_plain(text_buffer& buffer, str text) {
+    for (char c : text) {
+        if (icon_slot(c) != texture_slot_count) {
+            text_buffer_put(buffer, '%');
+        }
+        text_buffer_put(buffer, c);
+    }
+}
 
 void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, draw_space space,
                text_layout layout) {

@@ -4,6 +4,7 @@
 
 #include "base/colour.h"
 #include "base/str.h"
+#include "base/text_builder.h"
 #include "base/types.h"
 #include "render/view.h"
 
@@ -23,6 +24,9 @@ enum text_layout : u8 {
     text_centred,   // the whole text is around the point
     text_icons,     // centred, with icons
 };
+
+// Appends a text for one with icons: a '%' stands before each character that would be a picture.
+void text_buffer_put_plain(text_buffer& buffer, str text);
 
 // Each "\n" starts a new line below, at x.
 void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, draw_space space,

@@ -9,7 +9,6 @@ constexpr const char* colour_names[card_colour_count] = {"red",    "blue",   "gr
 constexpr const char* shape_names[card_shape_count] = {"circle",   "triangle", "square",
                                                        "pentagon", "hexagon",  "star"};
 constexpr const char* field_plurals[card_field_count] = {"colours", "shapes", "numbers"};
-constexpr const char* comparison_words[comparison_count] = {"exactly", "at most", "at least"};
 
 std::string property_name(card_property property) {
     switch (property.field) {
@@ -110,7 +109,8 @@ std::string goal_sentence(const goal& g) {
         return "nobody can meet the goal: its measure or comparison does not exist";
     }
     const measure_info& measure = measures[g.measure];
-    std::string many = std::string(comparison_words[g.comparison]) + " " + std::to_string(g.target);
+    std::string many =
+        std::string(view_of(comparison_names[g.comparison])) + " " + std::to_string(g.target);
     if (g.measure == measure_sum) {
         return "the numbers on the tape add up to " + many;
     }
