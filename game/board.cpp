@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cstring>
 
 #include "base/numbers.h"
 #include "base/time_step.h"
@@ -175,7 +176,7 @@ void board_frame(const pointer& mouse) {
     for (i64 i = 0; i < game_map.states.count; ++i) {
         state_frame(i, mouse);
     }
-    std::fill(stone_stack, stone_stack + stone_stack_size, u16{0});
+    std::memset(stone_stack, 0, sizeof stone_stack);
     flight_advance();
     stones_draw();
 }

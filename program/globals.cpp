@@ -1,6 +1,7 @@
 #include "program/globals.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "base/arena.h"
 #include "editor/goal_editing.h"
@@ -46,7 +47,7 @@ void game_globals_reset() {
     turn = {};
     selection = {};
     flight = {};
-    std::fill(stone_stack, stone_stack + stone_stack_size, u16{0});
+    std::memset(stone_stack, 0, sizeof stone_stack);
     hand_row = {};
     text_entry = {};
     goal_editing = {};

@@ -1,0 +1,153 @@
+// A player does anything, in any order and at once: every byte is an act, each followed by a frame.
+
+#include <algorithm>
+#include <string>
+
+#include "base/time_step.h"
+#include "fuzz/files.h"
+#include "fuzz/fuzz.h"
+#include "maps/catalogue.h"
+#include "maps/kept.h"
+#include "maps/model.h"
+#include "menus/title_menu.h"
+#include "platform/headless/headless.h"
+#include "platform/input.h"
+#include "program/frame.h"
+#include "render/camera.h"
+#include "render/renderer.h"
+#include "rules/check.h"
+#include "rules/game_state.h"
+#include "rules/screens.h"
+
+namespace {
+
+struct place {
+    f64 x;  // pixels from the window's centre, y upwards
+    f64 y;
+};
+
+// The buttons of every screen and dialog.
+// clang-format off
+constexpr place controls[] = {
+    {0, -336}, {-304, -336}, {304, -336}, {-160, 304}, {160, 304}, {-256, 208}, {64, 208},
+    {256, 208}, {-160, 208}, {-32, 208}, {-256, 112}, {256, 112}, {0, -144}, {-224, -144},
+    {368, 368}, {368, 336}, {368, 304}, {96, 368}, {96, 336}, {96, 304}, {-352, 384}, {-256, 352},
+    {-280, -296}, {280, -296}, {-280, -328}, {280, -328}, {-280, -360}, {280, -360}, {-256, 176},
+    {256, 176}, {256, 80}, {256, 48}};
+// clang-format on
+constexpr u32 lasting_keys[] = {key_shift, key_ctrl, key_alt, key_w, key_a, key_s, key_q, key_e};
+
+// The acts by their first byte.
+enum act : u8 {
+    act_key = 0,            // the keys by their codes
+    act_control = 128,      // 32 of them
+    act_state = 160,        // the states, each several times
+    act_card = 192,         // 8 places in the row of the hand
+    act_hold = 200,         // the lasting keys
+    act_release = 208,      // the same
+    act_click = 216,        // two bytes more: the place
+    act_right_click = 224,  // where the pointer is
+    act_press = 228,        // the left button stays down
+    act_let_go = 232,
+    act_wheel = 236,
+    act_wheel_back = 240,
+    act_caps_lock = 244,
+    act_pass_time = 246,  // of a move or of a computer that thinks
+    act_fill_disk = 255,
+};
+
+void point_at(place p) {
+    headless_mouse_move(render_target.width / 2.0 + p.x, render_target.height / 2.0 - p.y);
+}
+
+void click(place p, u32 button = mouse_left) {
+    point_at(p);
+    headless_mouse_press(button);
+    headless_mouse_release(button);
+}
+
+void state_click(u8 number) {
+    if (named_state_count() > 0) {
+        const world_point centre = state_centre(number % named_state_count());
+        click({(centre.x - camera.x) * camera.zoom, (centre.y - camera.y) * camera.zoom});
+    }
+}
+
+// A multiple of 16 from -512 to 496.
+f64 coordinate(u8 byte) {
+    return (byte % 64 - 32) * 16;
+}
+
+void act_do(u8 byte, fuzz_input& input) {
+    if (byte < act_control) {
+        headless_key_press(byte);
+    } else if (byte < act_state) {
+        click(controls[byte - act_control]);
+    } else if (byte < act_card) {
+        state_click(byte - act_state);
+    } else if (byte < act_hold) {
+        click({(byte - act_card) * 100 - 350.0, -350});
+    } else if (byte < act_release) {
+        headless_key_hold(lasting_keys[byte - act_hold]);
+    } else if (byte < act_click) {
+        headless_key_release(lasting_keys[byte - act_release]);
+    } else if (byte < act_right_click) {
+        const f64 x = coordinate(input.byte());
+        click({x, coordinate(input.byte())});
+    } else if (byte < act_press) {
+        headless_mouse_press(mouse_right);
+        headless_mouse_release(mouse_right);
+    } else if (byte < act_let_go) {
+        headless_mouse_press(mouse_left);
+    } else if (byte < act_wheel) {
+        headless_mouse_release(mouse_left);
+    } else if (byte < act_caps_lock) {
+        headless_wheel(byte < act_wheel_back ? 1 : -1);
+    } else if (byte < act_pass_time) {
+        headless_set_caps_lock(byte == act_caps_lock);
+    } else if (byte < act_fill_disk) {
+        turn.think_timer = 0;
+        turn.move_timer = std::min(turn.move_timer, frame_dt);
+    } else {
+        files_fill_disk();
+    }
+}
+
+// Lists with small maps of every family, a broken one and one that is missing.
+bool maps_ship() {
+    for (const char* path :
+         {"resources/maps/state/three_heaps", "resources/maps/pushdown/red_light",
+          "resources/maps/turing/first_tape"}) {
+        fuzz_ship_file(path);
+    }
+    files_put("broken",
+              "map 1e9 -7 .3\nwin 77\ndeck -3 99 7 0\nhand 30\n"
+              "tape -1\ngoal 200 99 9223372036854775807 255 255 255\nstone 9\n"
+              "stone 65535\n. 0 0\n* 1 -1\n=> 0 9 -32768 -0.00001 0 \"~(\"\n"
+              "=> 1 1 32767\n=> 0 1 0 0 0 \"\n\n");
+    const std::string broken = "broken broken\nnone none\n";
+    files_put("resources/state_maps.txt", "good resources/maps/state/three_heaps\n" + broken);
+    files_put("resources/pushdown_maps.txt", "good resources/maps/pushdown/red_light\n" + broken);
+    files_put("resources/turing_maps.txt", "good resources/maps/turing/first_tape\n" + broken);
+    files_keep();
+    return true;
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const u8* data, std::size_t size) {
+    [[maybe_unused]] static const bool shipped = maps_ship();
+    fuzz_begin();
+    title_map_build();
+    catalogues_load();
+    app.running = true;
+    fuzz_input input(data, size);
+    while (app.running && !input.rest.empty()) {
+        act_do(input.byte(), input);
+        program_frame();
+    }
+    map_work_end();
+    fuzz_expect(state_fault().length == 0, "the whole state holds");
+    fuzz_expect(files_open_count() == 0, "every file is closed");
+    return 0;
+}
