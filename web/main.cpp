@@ -16,10 +16,10 @@
 #include "maps/model.h"
 #include "maps/reader.h"
 #include "maps/writer.h"
+#include "platform/common/pacing.h"
 #include "platform/file.h"
 #include "platform/gl/frame.h"
 #include "platform/web/canvas.h"
-#include "platform/web/pacing.h"
 #include "program/frame.h"
 #include "program/map_import.h"
 #include "program/player_files.h"
@@ -28,7 +28,22 @@
 
 namespace {
 
+// A step may come this many nanoseconds early, so that a display of 60 pictures a second that is not
+// quite even gets one with each.
+constexpr i64 early = 4'000'000;
+
+pacing pace = pacing_begin(0);
 bool context_lost;
+
+// How many steps are due at a picture, by the browser's clock in milliseconds.
+i32 steps_due(f64 now) {
+    i64 picture = static_cast<i64>(now * 1e6) + early;
+    i32 steps = 0;
+    for (; pace.due <= picture; ++steps) {
+        pacing_frame_end(pace, picture);
+    }
+    return steps;
+}
 
 // Plays the steps that are due; only the last one's picture is shown.
 EM_BOOL frame(f64 now, void*) {
@@ -138,5 +153,5 @@ int main() {
     emscripten_set_webglcontextrestored_callback(canvas_selector, nullptr, EM_FALSE, context_event);
     EM_ASM(page_started());
     emscripten_request_animation_frame_loop(frame, nullptr);
-    return 0;
+    emscripten_exit_with_live_runtime();
 }

@@ -55,6 +55,12 @@ var Module = {
         console.info(line);
         notice_show(line.replace(/^quorrel: (\/incoming\/)?/, ""));
     },
+    quit(status, stop) {
+        game_over(canvas.getContext("webgl2") ? "Quorrel has stopped." :
+            "Quorrel draws with WebGL 2, which this browser does not have or has switched off. " +
+            "Any current browser has it, where the graphics of the computer are not blocked.");
+        throw stop;
+    },
     onAbort() {
         game_over("Quorrel has stopped: the browser gave it too little memory.");
     },
@@ -205,21 +211,6 @@ async function link_copy() {
     }
 }
 
-// Loading.
-
-function game_load() {
-    if (!document.createElement("canvas").getContext("webgl2")) {
-        curtain_show("Quorrel draws with WebGL 2, which this browser does not have or has switched off. " +
-            "Any current browser has it, where the graphics of the computer are not blocked.");
-        element("progress").hidden = true;
-        return;
-    }
-    const script = document.createElement("script");
-    script.src = "quorrel.js";
-    script.onerror = () => game_over("Quorrel could not be loaded.");
-    document.body.append(script);
-}
-
 // Events.
 
 store.changed = unkept_show;
@@ -260,5 +251,3 @@ addEventListener("beforeunload", event => {
         event.preventDefault();
     }
 });
-
-game_load();
