@@ -28,8 +28,8 @@
 
 namespace {
 
-// A step may come this many nanoseconds early, so that a display of 60 pictures a second that is not
-// quite even gets one with each.
+// A step may come this many nanoseconds early, so that a display of 60 pictures a second that is
+// not quite even gets one with each.
 constexpr i64 early = 4'000'000;
 
 pacing pace = pacing_begin(0);

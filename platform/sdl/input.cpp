@@ -2,45 +2,13 @@
 
 #include <SDL.h>
 
-#include <algorithm>
-#include <iterator>
-#include <utility>
-
 #include "platform/common/input_state.h"
+#include "platform/common/keyboard.h"
 #include "platform/common/view.h"
 #include "platform/sdl/key_map.h"
 #include "platform/sdl/window.h"
 
 namespace {
-
-// What each key of the keyboard went down as; 0 while it is up. Its release means the same key,
-// also when the layout has changed in between.
-u32 down_as[SDL_NUM_SCANCODES];
-
-bool is_down(u32 key) {
-    return std::find(std::begin(down_as), std::end(down_as), key) != std::end(down_as);
-}
-
-bool is_letter(u32 key) {
-    return key >= key_a && key <= key_z;
-}
-
-// Presses a key with the shift key in the state that its character needs. What a letter's case does
-// not owe to the shift key it owes to the caps lock.
-void press_feed(const key_meaning& meaning) {
-    bool shift = is_down(key_shift);
-    if (meaning.types && is_letter(meaning.key)) {
-        input_feed_caps_lock(meaning.shift != shift);
-    }
-    bool differs = meaning.types && !is_letter(meaning.key) && meaning.shift != shift;
-    if (differs) {
-        input_feed_key(key_shift, meaning.shift);
-    }
-    input_feed_key(meaning.key, true);
-    if (differs) {
-        input_feed_key(key_shift, shift);
-    }
-}
 
 // The text that the key just taken from the queue types: it is the next event there.
 const char* text_take(SDL_Event& event) {
@@ -50,34 +18,11 @@ const char* text_take(SDL_Event& event) {
     return typed ? event.text.text : "";
 }
 
-// Of several keys with one meaning the first press and the last release count.
 void key_down(const SDL_KeyboardEvent& event) {
     SDL_Event next;
     const char* text = text_take(next);
-    u32& place = down_as[event.keysym.scancode];
-    if (event.repeat != 0 || place != 0) {
-        return;
-    }
-    key_meaning meaning = key_meaning_of(event.keysym, text);
-    if (meaning.key != 0 && !is_down(meaning.key)) {
-        press_feed(meaning);
-    }
-    place = meaning.key;
-}
-
-void key_up(const SDL_KeyboardEvent& event) {
-    u32 key = std::exchange(down_as[event.keysym.scancode], 0);
-    if (key != 0 && !is_down(key)) {
-        input_feed_key(key, false);
-    }
-}
-
-// A character that several keys made together.
-void text_event(const SDL_TextInputEvent& event) {
-    key_meaning meaning = key_meaning_of({}, event.text);
-    if (meaning.key != 0 && !is_down(meaning.key)) {
-        press_feed(meaning);
-        input_feed_key(meaning.key, false);
+    if (event.repeat == 0) {
+        keyboard_press(event.keysym.scancode, key_meaning_of(event.keysym, text));
     }
 }
 
@@ -111,8 +56,7 @@ void wheel_event(const SDL_MouseWheelEvent& event) {
 
 void window_event(const SDL_WindowEvent& event) {
     if (event.event == SDL_WINDOWEVENT_FOCUS_LOST) {
-        std::fill(std::begin(down_as), std::end(down_as), 0);
-        input_feed_release_all();
+        keyboard_release_all();
     }
     window_changed();
 }
@@ -129,10 +73,10 @@ void event_apply(const SDL_Event& event) {
             key_down(event.key);
             break;
         case SDL_KEYUP:
-            key_up(event.key);
+            keyboard_release(event.key.keysym.scancode);
             break;
         case SDL_TEXTINPUT:
-            text_event(event.text);
+            keyboard_type(key_meaning_of({}, event.text.text));
             break;
         case SDL_MOUSEBUTTONDOWN:
         case SDL_MOUSEBUTTONUP:

@@ -1,5 +1,6 @@
 #include "platform/sdl/key_map.h"
 
+#include "platform/common/typed_key.h"
 #include "platform/input.h"
 
 namespace {
@@ -90,8 +91,7 @@ bool is_dead(const SDL_Keysym& key) {
 key_meaning key_meaning_of(const SDL_Keysym& key, const char* text) {
     bool latin = layout_is_latin();
     if (latin && is_visible_ascii(text[0]) && text[1] == '\0') {
-        typed_key typed = typed_key_of(text[0]);
-        return {typed.key, true, typed.shift};
+        return key_meaning_typed(text[0]);
     }
     if (u32 named = key_at(named_keys, key.scancode)) {
         return {named, false, false};

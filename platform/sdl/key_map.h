@@ -4,13 +4,7 @@
 
 #include <SDL.h>
 
-#include "platform/common/typed_key.h"
-
-struct key_meaning {
-    u32 key;     // of `input_key`; 0 where the game has no code for it
-    bool types;  // a character, which needs shift as `shift` says; else shift plays no part
-    bool shift;
-};
+#include "platform/common/keyboard.h"
 
 // What a key means that types `text` as it goes down; empty where it types nothing. Characters of
 // ASCII come first, then the key's place. A layout without Latin letters counts as the American

@@ -1,10 +1,12 @@
 #include "platform/input.h"
 
+#include <emscripten/dom_pk_codes.h>
 #include <emscripten/html5.h>
 
 #include <string_view>
 
 #include "platform/common/input_state.h"
+#include "platform/common/keyboard.h"
 #include "platform/common/view.h"
 #include "platform/web/canvas.h"
 
@@ -32,8 +34,6 @@ constexpr key_place key_places[] = {
     {"ControlRight", key_ctrl},
     {"ShiftLeft", key_shift},
     {"ShiftRight", key_shift},
-    {"AltLeft", key_alt},
-    {"AltRight", key_alt},
     {"BracketLeft", key_left_bracket},
     {"BracketRight", key_right_bracket},
     {"Semicolon", key_semicolon},
@@ -52,14 +52,9 @@ constexpr key_place key_places[] = {
 };
 // clang-format on
 
-u32 key_of(const EmscriptenKeyboardEvent& event) {
-    std::string_view place = event.code;
-    std::string_view symbol = event.key;
-    if (symbol.size() == 1) {
-        char letter = static_cast<char>(symbol[0] | 0x20);
-        if ('a' <= letter && letter <= 'z') {
-            return key_a + static_cast<u32>(letter - 'a');
-        }
+u32 key_at(std::string_view place) {
+    if (place.size() == 4 && place.starts_with("Key")) {
+        return key_a + static_cast<u32>(place[3] - 'A');
     }
     if (place.size() == 6 && place.starts_with("Digit")) {
         return key_0 + static_cast<u32>(place[5] - '0');
@@ -72,6 +67,19 @@ u32 key_of(const EmscriptenKeyboardEvent& event) {
     return 0;
 }
 
+bool is_visible_ascii(std::string_view symbol) {
+    return symbol.size() == 1 && symbol[0] > ' ' && symbol[0] <= '~';
+}
+
+// A key that only changes the next character means nothing.
+key_meaning key_meaning_of(const EmscriptenKeyboardEvent& event) {
+    std::string_view symbol = event.key;
+    if (is_visible_ascii(symbol)) {
+        return key_meaning_typed(symbol[0]);
+    }
+    return {symbol == "Dead" ? 0 : key_at(event.code), false, false};
+}
+
 f64 x_before;  // of the pointer at the event before, in the game's picture
 f64 y_before;
 
@@ -79,29 +87,31 @@ bool is_letter(u32 key) {
     return key >= key_a && key <= key_z;
 }
 
-// With ctrl the game knows s and o; the others are the browser's, as is all with meta or alt.
-bool is_for_browser(const EmscriptenKeyboardEvent& event, u32 key) {
-    return event.metaKey || event.altKey ||
-           (event.ctrlKey && is_letter(key) && key != key_s && key != key_o);
+bool is_digit(u32 key) {
+    return key >= key_0 && key <= key_9;
 }
 
-// A letter tells by its case, together with shift, whether caps lock is on.
-void caps_lock_find(const EmscriptenKeyboardEvent& event, u32 key) {
-    if (is_letter(key)) {
-        bool upper = event.key[0] < 'a';
-        input_feed_caps_lock(upper != (event.shiftKey != EM_FALSE));
-    }
+// With ctrl the game knows s and o; the other letters are the browser's. So is all with meta, and
+// all with alt but the signs that it chooses on some keyboards.
+bool is_for_browser(const EmscriptenKeyboardEvent& event, const key_meaning& meaning) {
+    bool is_sign = meaning.types && !is_letter(meaning.key) && !is_digit(meaning.key);
+    return event.metaKey || (event.altKey && !is_sign) ||
+           (event.ctrlKey && is_letter(meaning.key) && meaning.key != key_s &&
+            meaning.key != key_o);
 }
 
 EM_BOOL key_event(int type, const EmscriptenKeyboardEvent* event, void*) {
-    u32 key = key_of(*event);
-    bool down = type == EMSCRIPTEN_EVENT_KEYDOWN;
-    if (key == 0 || (down && is_for_browser(*event, key))) {
+    auto place = static_cast<u32>(emscripten_compute_dom_pk_code(event->code));
+    if (type == EMSCRIPTEN_EVENT_KEYUP) {
+        keyboard_release(place);
+        return EM_TRUE;
+    }
+    key_meaning meaning = key_meaning_of(*event);
+    if (meaning.key == 0 || is_for_browser(*event, meaning)) {
         return EM_FALSE;
     }
-    caps_lock_find(*event, key);
     if (!event->repeat) {
-        input_feed_key(key, down);
+        keyboard_press(place, meaning);
     }
     return EM_TRUE;
 }
@@ -129,7 +139,7 @@ EM_BOOL wheel_event(int, const EmscriptenWheelEvent* event, void*) {
 }
 
 EM_BOOL blur_event(int, const EmscriptenFocusEvent*, void*) {
-    input_feed_release_all();
+    keyboard_release_all();
     return EM_FALSE;
 }
 

@@ -103,6 +103,12 @@ class Browser:
             actions.key_up(held)
         actions.perform()
 
+    def press_place(self, character, place):
+        """Presses the key of a keyboard that types a character at a place of the American one."""
+        for kind in ("keyDown", "keyUp"):
+            self.driver.execute_cdp_cmd("Input.dispatchKeyEvent", {
+                "type": kind, "key": character, "code": place})
+
     def picture(self):
         png = self.driver.get_screenshot_as_png()
         return Image.open(io.BytesIO(png)).convert("RGB")

@@ -130,7 +130,9 @@ def make_map(browser):
     browser.click(*MADE_PLACES)
     browser.press("2")
     browser.press("s", held=Keys.CONTROL)
-    browser.press("a-b" + Keys.ENTER)
+    browser.press("a")
+    browser.press_place("-", "Slash")  # as on a German keyboard
+    browser.press("b" + Keys.ENTER)
     browser.wait("the kept map", lambda: browser.script(
         "return store.writing === 0 && Module.FS.analyzePath('/player/" + MADE_PATH + "').exists"))
     browser.driver.refresh()
