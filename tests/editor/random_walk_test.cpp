@@ -3,7 +3,6 @@
 #include <random>
 
 #include "maps/reader.h"
-#include "maps/writer.h"
 #include "program/frame.h"
 #include "render/camera.h"
 #include "rules/screens.h"
@@ -30,7 +29,7 @@ class editor_walk_test : public screen_test {
     editor_walk_test() {
         file_put("resources/pushdown_maps.txt", "good maps/good\nbroken maps/broken\nnone none\n");
         file_put("resources/turing_maps.txt", "good maps/good\nbroken maps/broken\n");
-        file_put("maps/good", file_get((maps_folder() / "turing/first_tape").string()));
+        file_put("maps/good", file_get(QUORREL_SOURCE_DIR "/resources/maps/turing/first_tape"));
         file_put("maps/broken",
                  "map 1e9 -7 .3\nwin 77\ndeck -3 99 7 0\nhand 9223372036854775807\ntape -1\n"
                  "goal 200 99 9223372036854775807 255 255 255\nstone 9\nstone 65535\n. 0 0\n"
@@ -82,9 +81,7 @@ class editor_walk_test : public screen_test {
     static void expect_reads_back() {
         std::string texts[2];
         for (std::string& text : texts) {
-            text_builder builder = {};
-            map_write(builder);
-            text = string_of(text_builder_text(builder));
+            text = map_text();
             file_put("map", text);
             map_load("map");
         }

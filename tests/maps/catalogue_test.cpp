@@ -102,6 +102,7 @@ TEST_F(catalogue_test, CustomMapsStayInTheirFolder) {
         {turing_machine, "my map!", "custom_turing_machines/my_map_"},
         {state_machine, "a/B_9", "custom_state_machines/a/B_9"},
         {pushdown_machine, "../x", "custom_pushdown_machines/__/x"},
+        {pushdown_machine, "/etc/x", "custom_pushdown_machines//etc/x"},
         {pushdown_machine, "", "custom_pushdown_machines/"},
         {pushdown_machine, "\xc3\xa4.@[`{", "custom_pushdown_machines/_______"},
         {3, "x", "x"},

@@ -37,24 +37,16 @@ class player_files_test : public game_test {
         return std::filesystem::current_path().lexically_relative(folder);
     }
 
-    std::string readable(str path) {
-        file_id file = file_open(path, file_mode_read);
-        std::string text(static_cast<std::size_t>(file_size(file)), '?');
-        file_read(file, file_size(file), text.data());
-        file_close(file);
-        return file_failed(file) ? "none" : text;
-    }
-
     const std::string folder;
 };
 
 TEST_F(player_files_test, only_a_directory_with_resources_of_its_own_is_played_in_as_it_is) {
     file_put(folder + "/whole/resources/own", "own");
     EXPECT_EQ(enter("whole"), "whole");
-    EXPECT_EQ(readable("resources/state_maps.txt"), "none");
+    EXPECT_EQ(file_read_back("resources/state_maps.txt"), "failed");
     EXPECT_EQ(enter("start"), "home/quorrel");
-    EXPECT_EQ(readable("resources/state_maps.txt"), "a maps/a\nb maps/b\nc maps/c\n");
-    EXPECT_EQ(readable("resources/font"), "font");
+    EXPECT_EQ(file_read_back("resources/state_maps.txt"), "a maps/a\nb maps/b\nc maps/c\n");
+    EXPECT_EQ(file_read_back("resources/font"), "font");
     EXPECT_FALSE(std::filesystem::exists("resources/font"));
     EXPECT_EQ(enter("home/quorrel"), "home/quorrel");
     EXPECT_EQ(enter("start", "../made/deep"), "made/deep");

@@ -12,7 +12,6 @@
 #include <sstream>
 
 #include "maps/catalogue.h"
-#include "maps/writer.h"
 #include "render/camera.h"
 #include "render/goal_text.h"
 #include "rules/cards.h"
@@ -131,9 +130,7 @@ std::map<std::string, std::string> facts_now() {
 
 lines map_lines() {
     i64 mark = arenas[arena_persistent].offset;
-    text_builder map = {};
-    map_write(map);
-    lines written = lines_of(string_of(text_builder_text(map)));
+    lines written = lines_of(map_text());
     arena_rewind(arena_persistent, mark);
     return written;
 }

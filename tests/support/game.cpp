@@ -11,7 +11,9 @@
 
 #include "game/turn_update.h"
 #include "maps/nimbers.h"
+#include "maps/writer.h"
 #include "menus/player_setup.h"
+#include "platform/file.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "program/globals.h"
@@ -41,8 +43,22 @@ game_test::~game_test() {
     std::filesystem::remove_all(folder);
 }
 
-std::filesystem::path maps_folder() {
-    return std::filesystem::path(QUORREL_SOURCE_DIR) / "resources/maps";
+i64 family_named(std::string_view name) {
+    return std::find(std::begin(family_names), std::end(family_names), name) - family_names;
+}
+
+std::vector<shipped_map> shipped_maps() {
+    std::vector<shipped_map> maps;
+    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
+        std::filesystem::path folder = QUORREL_SOURCE_DIR "/resources/maps";
+        for (const auto& entry :
+             std::filesystem::recursive_directory_iterator(folder / family_names[kind])) {
+            if (entry.is_regular_file()) {
+                maps.push_back({kind, entry.path(), file_get(entry.path())});
+            }
+        }
+    }
+    return maps;
 }
 
 str str_of(std::string_view text) {
@@ -67,6 +83,22 @@ std::string file_get(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string file_read_back(std::string_view path) {
+    file_id file = file_open(str_of(path), file_mode_read);
+    std::string text(static_cast<std::size_t>(file_size(file)), '?');
+    file_read(file, file_size(file), text.data());
+    file_close(file);
+    return file_failed(file) ? "failed" : text;
+}
+
+std::vector<std::string> names_in(const std::filesystem::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        names.push_back(entry.path().filename());
+    }
+    return names;
+}
+
 std::string kept_text() {
     std::vector<std::tuple<std::filesystem::file_time_type, std::size_t, std::string>> files;
     std::error_code none;
@@ -83,12 +115,11 @@ std::string kept_text() {
 }
 
 std::string text_broken(std::string text, std::mt19937_64& random) {
-    constexpr std::string_view words[] = {"\"",   " ",
-                                          "\n",   "-",
-                                          ".",    "goal ",
-                                          "=> ",  "stone 70000",
-                                          "map ", "99999999999999999999",
-                                          "\xff", std::string_view("\0", 1)};
+    // clang-format off
+    constexpr std::string_view words[] = {
+        "\"", " ", "\n", "-", ".", "goal ", "=> ", "stone 70000", "map ", "99999999999999999999",
+        "\xff", std::string_view("\0", 1)};
+    // clang-format on
     for (u64 changes = 1 + random() % 8; changes > 0; --changes) {
         std::size_t place = random() % (text.size() + 1);
         std::string piece(words[random() % std::size(words)]);
@@ -98,6 +129,12 @@ std::string text_broken(std::string text, std::mt19937_64& random) {
         text.replace(place, random() % 16 == 0 ? text.npos : random() % 12, piece);
     }
     return text;
+}
+
+std::string map_text() {
+    text_builder text = {};
+    map_write(text);
+    return string_of(text_builder_text(text));
 }
 
 void map_make(i64 kind, std::string_view states, const std::vector<arc>& arcs,

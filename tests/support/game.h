@@ -36,14 +36,26 @@ class game_test : public testing::Test {
 // Every global at its start value and both arenas empty; their memory is taken once.
 void globals_start();
 
-// The folder of the maps that ship.
-std::filesystem::path maps_folder();
+constexpr std::string_view family_names[] = {"state", "pushdown", "turing"};
+// By its name, `machine_kind_count` for none.
+i64 family_named(std::string_view name);
+
+// A map that ships, or a broken copy of one.
+struct shipped_map {
+    i64 kind;
+    std::filesystem::path path;
+    std::string text;
+};
+std::vector<shipped_map> shipped_maps();
 
 str str_of(std::string_view text);
 std::string string_of(str text);
 
 void file_put(const std::string& path, std::string_view content);
 std::string file_get(const std::string& path);
+// Through the platform, "failed" for a file that it cannot read.
+std::string file_read_back(std::string_view path);
+std::vector<std::string> names_in(const std::filesystem::path& folder);
 
 // While it lives, no file can grow beyond `bytes`, as on a full disk.
 struct full_disk {
@@ -71,6 +83,9 @@ std::string output_of(action act) {
     act();
     return testing::internal::GetCapturedStdout();
 }
+
+// The loaded map as it is written.
+std::string map_text();
 
 struct arc {
     u16 from;

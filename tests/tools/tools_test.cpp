@@ -23,8 +23,6 @@ class tools_test : public screen_test {
     }
 };
 
-const std::vector<std::string> families = {"state", "pushdown", "turing"};
-
 std::string joined(const remarks& found) {
     std::string text;
     for (const std::string& remark : found) {
@@ -42,7 +40,7 @@ TEST_F(tools_test, WhatIsDoubtfulIsNamed) {
         in >> check >> family;
         std::getline(in >> std::ws, text);
         std::replace(text.begin(), text.end(), ';', '\n');
-        machine_kind = std::find(families.begin(), families.end(), family) - families.begin();
+        machine_kind = family_named(family);
         settings = {};
         std::string found;
         output_of([&] {
@@ -81,37 +79,27 @@ u8 seat_bound_to_win() {
 }
 
 TEST_F(tools_test, ShippedMapsAreSilentAndAHardSeatThatCanWinDoes) {
-    i64 maps = 0;
-    for (machine_kind = 0; machine_kind < machine_kind_count; ++machine_kind) {
-        std::filesystem::path family =
-            maps_folder() / families[static_cast<std::size_t>(machine_kind)];
-        for (const auto& map : std::filesystem::recursive_directory_iterator(family)) {
-            if (!map.is_regular_file()) {
-                continue;
-            }
-            SCOPED_TRACE(map.path());
-            const std::string text = file_get(map.path());
-            const bool cyclic = map.path().parent_path().filename() == "cyclic";
-            maps += 1;
-            settings = {};
-            output_of([&] { map_read(str_of(text)); });
-            EXPECT_EQ(
-                joined(lines_check(str_of(text), static_cast<machine_kind_value>(machine_kind))),
-                "");
-            EXPECT_EQ(joined(map_check(cyclic)), "");
-            EXPECT_EQ(joined(layout_check()), "");
-            for (const char* seats : {"20", "02", "21", "22"}) {
-                if (machine_kind == state_machine && !cyclic) {
-                    map_read(str_of(text));
-                    seats_make(seats);
-                    game_start();
-                    u8 bound = seat_bound_to_win();
-                    EXPECT_TRUE(bound == no_winner || bound == turn.winner) << seats;
-                }
+    std::vector<shipped_map> maps = shipped_maps();
+    EXPECT_GE(maps.size(), 3 * 14U);
+    for (const shipped_map& map : maps) {
+        SCOPED_TRACE(map.path);
+        const bool cyclic = map.path.parent_path().filename() == "cyclic";
+        machine_kind = map.kind;
+        settings = {};
+        output_of([&] { map_read(str_of(map.text)); });
+        auto family = static_cast<machine_kind_value>(map.kind);
+        EXPECT_EQ(joined(lines_check(str_of(map.text), family)), "");
+        EXPECT_EQ(joined(map_check(cyclic)) + joined(layout_check()), "");
+        for (const char* seats : {"20", "02", "21", "22"}) {
+            if (machine_kind == state_machine && !cyclic) {
+                map_read(str_of(map.text));
+                seats_make(seats);
+                game_start();
+                u8 bound = seat_bound_to_win();
+                EXPECT_TRUE(bound == no_winner || bound == turn.winner) << seats;
             }
         }
     }
-    EXPECT_GE(maps, 3 * 14);
 }
 
 // Wins of the first seat, turns of the first game, moves, passes, draws and unfinished games.
