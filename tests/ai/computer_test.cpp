@@ -91,25 +91,6 @@ TEST_F(computer_test, EveryStrengthChooses) {
     });
 }
 
-// State 2 wins, state 1 does not.
-TEST_F(computer_test, StrengthsDifferInHowTheyTakeAWin) {
-    i64 wins[strength_count] = {};
-    for (u64 seed = 1; seed <= 300; ++seed) {
-        for (u64 strength = 0; strength < strength_count; ++strength) {
-            map_make(state_machine, "...", {{0, 1}, {1, 2}, {0, 2}}, {0});
-            seats_make(std::to_string(strength));
-            random_seed(seed);
-            bool careless = random_below(100) < 50;
-            random_seed(seed);
-            computer_act();
-            wins[strength] += stones[0] == 2;
-            EXPECT_TRUE(strength != 1 || (stones[0] == 1) == careless);
-        }
-    }
-    EXPECT_EQ(wins[0], 0);
-    EXPECT_EQ(wins[2], 300);
-}
-
 // A card to follow with is worth 16 of the cards with which others may move the stone on.
 TEST_F(computer_test, TheHardSeatWeighsItsCardsAgainstTheOthers) {
     // The rule of the way on from state 2, which the seat's other card fits.

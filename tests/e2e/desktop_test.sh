@@ -152,3 +152,11 @@ game_launch WAYLAND_DISPLAY=quorrel-test ASAN_OPTIONS=detect_leaks=0 # SDL2 keep
 window=$(xwininfo -root -children | awk '/Weston/ { print $1 }')
 buttons_agree "scale 2"
 quit_press
+desktop_end
+
+say "without a display one line is said"
+status=0
+env -u DISPLAY -u WAYLAND_DISPLAY "$program" >"$output" 2>/dev/null || status=$?
+[ "$status" -eq 1 ] || fail "exit status $status instead of 1"
+grep -c '' "$output" | grep -qx 1 || fail "not one line"
+grep -q '^failed to open the display: ' "$output" || fail "not the line expected"

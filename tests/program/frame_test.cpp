@@ -5,14 +5,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <map>
 
-#include "game/hand_panel.h"
 #include "maps/catalogue.h"
-#include "render/camera.h"
 #include "rules/cards.h"
 #include "rules/screens.h"
-#include "rules/selection.h"
 #include "tests/support/screen.h"
 
 namespace {
@@ -53,24 +49,6 @@ TEST_F(frame_test, StartUp) {
     EXPECT_EQ(numbers_of(gpu_op::pipeline_cull_enable), std::vector<i64>{1});
     EXPECT_EQ(numbers_of(gpu_op::pipeline_cull_orientation), std::vector<i64>{1});
     EXPECT_EQ(numbers_of(gpu_op::pipeline_blend_factor), (std::vector<i64>{3, 9}));
-}
-
-TEST_F(frame_test, StartingAgainStartsAnew) {
-    begin();
-    settings.hand_size = tape_head = 3;
-    turn.winner = 1;
-    camera.zoom = 2;
-    flight.moving_stone = 0;
-    hand_row.hand_scroll_dragging = app.help_visible = true;
-    end();
-    EXPECT_EQ(live_objects(), 0);
-    EXPECT_FALSE(headless_window_is_open());
-    begin();
-    EXPECT_EQ(settings.hand_size + tape_head, 8);
-    EXPECT_EQ(turn.winner, no_winner);
-    EXPECT_EQ(flight.moving_stone, no_index);
-    EXPECT_FALSE(hand_row.hand_scroll_dragging || app.help_visible);
-    EXPECT_EQ(camera.zoom, 1);
 }
 
 TEST_F(frame_test, EscapeGoesBackFromEveryScreen) {
@@ -129,49 +107,6 @@ TEST_F(frame_test, AGpuErrorEndsTheProgramAtOnce) {
         frame();
     };
     EXPECT_EXIT(fail(), testing::ExitedWithCode(0), "^gl error: 1286\nopen$");
-}
-
-// The pictures, the texts and the maps in turn: cut, empty, filled with bytes or missing.
-TEST_F(frame_test, RunsOnWithAnyFilesMissingOrBroken) {
-    for (const char* family : {"state", "pushdown", "turing"}) {
-        file_put("resources/" + std::string(family) + "_maps.txt", "only maps/one\n");
-    }
-    file_put("maps/one", "stone 0\n. 0 0\n=> 0 0 0 0 0 \"*\"\n");
-    for (const char* extension : {".png", ".txt", ""}) {
-        std::map<std::string, std::string> whole;
-        for (const auto& file : std::filesystem::recursive_directory_iterator(".")) {
-            if (file.is_regular_file() && file.path().extension() == extension) {
-                std::string path = file.path().string().substr(2);
-                whole[path] = file_get(path);
-            }
-        }
-        for (i64 damage = 0; damage < 4; ++damage) {
-            for (const auto& [path, content] : whole) {
-                std::string half = content.substr(0, content.size() / 2);
-                file_put(path, damage == 0 ? half : damage == 1 ? "" : std::string(500, '\xb7'));
-                if (damage == 3) {
-                    std::filesystem::remove(path);
-                }
-            }
-            std::string said = output_of([&] {
-                begin();
-                for (machine_kind = 0; machine_kind < machine_kind_count; ++machine_kind) {
-                    screens = {};
-                    for (f64 button_y : {-336.0, -352.0, -336.0, 0.0}) {  // to a game
-                        click(0, button_y);
-                    }
-                    EXPECT_FALSE(screens.map_list_open);
-                }
-                machine_kind = 0;
-            });
-            end();
-            EXPECT_EQ(live_objects(), 0) << extension << damage;
-            for (const auto& [path, content] : whole) {
-                EXPECT_TRUE(damage < 3 || said.find(path) != said.npos) << path;
-                file_put(path, content);
-            }
-        }
-    }
 }
 
 }  // namespace

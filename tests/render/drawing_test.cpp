@@ -101,42 +101,6 @@ TEST_F(drawing_test, TheWorldIsSeenThroughTheCamera) {
     world_point seen = view_world_point(612, 466);
     EXPECT_EQ(seen.x, 150);
     EXPECT_EQ(seen.y, 75);
-    text_draw("AbT~G%A", 0, 0, 256, some_tint, screen_space, text_icons);
-    std::vector<gpu_draw> draws = headless_draws();
-    EXPECT_EQ(draws.at(1).uv_rect, (std::array<f32, 4>{0, 0, 1, 1}));
-    EXPECT_EQ(draws.at(1).colour, (std::array{1.0f, 0.0f, 0.0f, 1.0f}));
-    EXPECT_EQ(draws.at(2).colour, (std::array{0.1f, 0.2f, 0.3f, 0.4f}));
-    EXPECT_EQ(draws.at(5).texture, font.texture);
-    headless_forget_calls();
-    card_draw({6, 6, 1}, 0, 0, 64);  // of no known kind
-    EXPECT_EQ(headless_draws()[1].texture, 0U);
-    EXPECT_EQ(headless_draws()[1].colour, (std::array{0.0f, 0.0f, 0.0f, 1.0f}));
-    card_draw({4, 4, 1}, 0, 0, 64);
-    EXPECT_EQ(headless_draws()[2].colour, (std::array{0.3f / 7, 0.0f, 1.0f / 7, 1.0f}));
-}
-
-// Around (300, 200), 64 by 32: from 268 to 332 and from 184 to 216.
-TEST_F(drawing_test, AButtonReportsTheLeftClickOnce) {
-    for (auto [x, y, button, over, clicked] :
-         {std::tuple{268.0, 184.0, u32{mouse_left}, true, true},
-          {331.9, 215.9, mouse_left, true, true},
-          {267.9, 200.0, mouse_left, false, false},
-          {300.0, 183.9, mouse_left, false, false},
-          {332.0, 200.0, mouse_left, false, false},
-          {300.0, 216.0, mouse_left, false, false},
-          {300.0, 200.0, mouse_right, true, false}}) {
-        headless_mouse_move(x, 832 - y);
-        headless_mouse_press(button);
-        for (bool expected : {clicked, false}) {
-            input_poll();
-            headless_forget_calls();
-            EXPECT_EQ(button_draw("Go", 300, 200, 64, 32), expected) << x << ' ' << y;
-            EXPECT_EQ(drawn(), std::string("[Go] -212 -216 64 32\n") +
-                                   (over ? "white -244 -232 64 32 (1 1 1 0.5)\n" : ""));
-        }
-        headless_mouse_release(button);
-        input_poll();
-    }
 }
 
 TEST_F(drawing_test, KeysAndWheelMoveTheCamera) {

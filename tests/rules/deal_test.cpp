@@ -43,25 +43,6 @@ TEST_F(deal_test, AGameIsDealtFromTheShuffledDeckInOrder) {
     });
 }
 
-TEST_F(deal_test, EveryTuringSeatIsDealtAGoal) {
-    map_make(turing_machine, ".", {}, {0});
-    settings.deck_copies = settings.tape_length = 0;
-    seats_make("H0H1");
-    players[0].goal.target = 5;
-    random_state before = random_generator;
-    game_start();
-    EXPECT_EQ(players[0].goal.target, 0);  // the default goal
-    for (i64 target : {10, 11, 12}) {
-        dyn_array_push(goals, {0, 0, target, {}, {}});
-    }
-    game_start();
-    EXPECT_EQ(draws_since(before), 4);
-    random_generator = before;
-    for (const player& seat : players) {
-        EXPECT_EQ(seat.goal.target, 10 + static_cast<i64>(random_below(3)));
-    }
-}
-
 TEST_F(deal_test, AStartLoadsTheSelectedMapAgain) {
     file_put("resources/pushdown_maps.txt", "one maps/one\n");
     file_put("maps/one", "hand 2\nstone 1\n. 0 0\n. 1 0\n");

@@ -3,8 +3,6 @@
 #include <sstream>
 
 #include "game/turn_update.h"
-#include "platform/headless/headless.h"
-#include "platform/input.h"
 #include "rules/cards.h"
 #include "rules/selection.h"
 #include "tests/support/game.h"
@@ -23,13 +21,6 @@ class turns_test : public game_test {
         pile_set(players[0].hand, "Aa1 Cb2 Dd4");
         pile_set(deck.cards, "Ee5 Ff6");
         pile_set(tape, "Aa1 Bb2");
-    }
-
-    void update_with(u32 key) {
-        headless_key_press(key);
-        input_poll();
-        turn_update();
-        input_poll();
     }
 };
 
@@ -123,49 +114,6 @@ TEST_F(turns_test, TheTurnPassesAndIsRevealed) {
         EXPECT_FALSE(turn.card_drawn);
         EXPECT_EQ(turn.winner, no_winner);
     }
-}
-
-TEST_F(turns_test, AWinnerStopsTheComputersAndSpaceRestarts) {
-    board_make(state_machine, "H0");
-    for (i8 seat : {i8{1}, i8{0}}) {
-        turn.winner = 0;
-        turn.current_player = seat;
-        const std::string before = game_text();
-        turn_update();
-        EXPECT_EQ(game_text(), before);
-    }
-    update_with(key_space);
-    EXPECT_EQ(turn.winner, no_winner);
-    turn.turn_revealed = false;
-    turn.current_player = 1;
-    turn.think_timer = 0.4;
-    update_with(key_space);  // a computer's turn is not taken up
-    EXPECT_FALSE(turn.turn_revealed);
-}
-
-TEST_F(turns_test, AComputerSeatWaitsForTheMoveThatIsShown) {
-    board_make(state_machine, "0");
-    selection = {0, 1, 0, no_card};
-    random_state before = random_generator;
-    turn_update();
-    EXPECT_EQ(stones[0], 1);
-    EXPECT_EQ(random_generator, before);
-}
-
-TEST_F(turns_test, EveryUpdateRefillsAnEmptyDeck) {
-    board_make(pushdown_machine, "H");
-    deck.cards.count = 0;
-    pile_set(discard_pile.cards, "Bb2");
-    turn.move_timer = 0.4;
-    turn_update();
-    EXPECT_EQ(deck.cards.count, 0);  // not while a move is shown
-    turn.move_timer = 0;
-    turn_update();
-    EXPECT_EQ(pile_text(deck.cards), "Bb2");
-    hand_draw();
-    hand_draw();
-    EXPECT_EQ(pile_text(players[0].hand), "Aa1 Cb2 Dd4 Bb2 Aa1");
-    EXPECT_TRUE(turn.card_drawn);
 }
 
 // A case is an action in quotes, the head and the tape: the head and the tape afterwards.
