@@ -90,8 +90,8 @@ std::string files_get(const std::string& path) {
     return found != files.end() ? found->second.text : std::string();
 }
 
-void files_fill_disk() {
-    disk_full = true;
+void files_fill_disk(bool full) {
+    disk_full = full;
 }
 
 int files_open_count() {

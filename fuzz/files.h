@@ -15,8 +15,8 @@ void files_put(const std::string& path, std::string_view text);
 // Empty for a file that is not there.
 std::string files_get(const std::string& path);
 
-// From now on to the next reset nothing can be written: the disk is full.
-void files_fill_disk();
+// Whether nothing can be written any more, until the next reset: the disk is full.
+void files_fill_disk(bool full);
 
 // How many files are open.
 int files_open_count();

@@ -1,4 +1,5 @@
 // A player does anything, in any order and at once: every byte is an act, each followed by a frame.
+// Who leaves the game comes back at once.
 
 #include <algorithm>
 #include <string>
@@ -53,7 +54,8 @@ enum act : u8 {
     act_wheel_back = 240,
     act_caps_lock = 244,
     act_pass_time = 246,  // of a move or of a computer that thinks
-    act_fill_disk = 255,
+    act_fill_disk = 254,
+    act_free_disk = 255,
 };
 
 void point_at(place p) {
@@ -109,7 +111,7 @@ void act_do(u8 byte, fuzz_input& input) {
         turn.think_timer = 0;
         turn.move_timer = std::min(turn.move_timer, frame_dt);
     } else {
-        files_fill_disk();
+        files_fill_disk(byte < act_free_disk);
     }
 }
 
@@ -140,9 +142,9 @@ int LLVMFuzzerTestOneInput(const u8* data, std::size_t size) {
     fuzz_begin();
     title_map_build();
     catalogues_load();
-    app.running = true;
     fuzz_input input(data, size);
-    while (app.running && !input.rest.empty()) {
+    while (!input.rest.empty()) {
+        app.running = true;
         act_do(input.byte(), input);
         program_frame();
     }
