@@ -11,16 +11,14 @@ highlight="186 108 48" # behind the selected card and the tape's head, over a ba
 plain="81 81 108"
 accepting="168 217 255"
 stone="73 100 151"
-declare -A seat_shade=([red]="146 0 0" [blue]="0 0 146" [green]="0 146 0")
+declare -A seat_shade=([red]="146 0 0" [blue]="0 0 146")
 shading=24
-declare -A ink=([red]="255 0 0" [blue]="0 0 255" [white]="255 255 255")
+declare -A ink=([red]="255 0 0" [blue]="0 0 255")
 
 declare -A buttons=(
-    [family_before]="352 112" [family_after]="672 112"
     [play_game]="512 752" [editor]="816 752"
-    [seats_fewer]="352 96" [seats_ok]="512 768" [second_seat_colour]="480 288"
-    [first_seat_stronger]="768 192" [second_seat_stronger]="768 288"
-    [map_before]="352 112" [map_after]="672 112" [map_play]="512 752" [map_edit]="512 752"
+    [seats_fewer]="352 96" [seats_ok]="512 768" [second_seat_stronger]="768 288"
+    [map_after]="672 112" [map_play]="512 752"
     [deck]="384 80" [end_turn]="944 80"
 )
 
