@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The picture on desktops of all sizes: what is drawn and what reacts agree. The title's buttons are
 # found by their colours in the window and pressed three pixels inside and outside their edges.
+# QUORREL_STORM is for how many seconds the window gets another size in every frame.
 
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 
@@ -69,6 +70,11 @@ quit_press() {
     [ ! -s "$output" ] || fail "the program had something to say"
 }
 
+# Whether the window keeps its place and size for a second.
+window_rests() {
+    [ "$(for _ in {1..10}; do window_geometry && sleep 0.1; done | sort -u | wc -l)" -eq 4 ]
+}
+
 desktop_end() {
     kill "${pids[@]}" "$virtual_display" 2>/dev/null || true
     wait || true
@@ -122,10 +128,14 @@ desktop_start 1280x1024 dwm
 game_launch
 wait_until window_find
 buttons_agree "1280 tiled"
-for step in {1..60}; do
-    xdotool windowsize "$window" $((300 + step * 17 % 900)) $((200 + step * 29 % 800)) key F11
-done
-sleep 5 # the keys that wait are taken one a frame
+for ((step = 0; step < 60 * ${QUORREL_STORM:-2}; ++step)); do
+    echo "windowsize $window $((1 + step * 170 % 1301)) $((1 + step * 290 % 1103))"
+    ((step % 3)) || echo "key --delay 0 F11"
+    echo "sleep 0.016"
+done | xdotool -
+patience=100 wait_until window_rests # the keys that wait are taken one a frame
+xdotool windowmove "$window" 40 60 windowsize "$window" 701 507
+wait_until window_is 701x507
 buttons_agree "1280 after a storm of sizes"
 quit_press
 desktop_end

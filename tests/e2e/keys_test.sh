@@ -53,6 +53,18 @@ keys_press() {
     done
 }
 
+picture() {
+    import -silent -window "$window" rgb:- | sha1sum
+}
+
+# Whether the board does not move: the key d moves it.
+board_stands() {
+    local before
+    before=$(picture)
+    sleep 0.3
+    [ "$(picture)" = "$before" ]
+}
+
 export LC_ALL=C.UTF-8
 display_start
 game_start 1024x832
@@ -63,6 +75,22 @@ for keyboard in "${!keyboards[@]}"; do
     name_typed "$typed" keys_press "$keyboard" ${keyboards[$keyboard]}
 done
 name_typed aBc keys a Caps_Lock b Caps_Lock c
+
+say "both shift keys count as one; a key without a symbol is none"
+both_shifts() {
+    xdotool keydown 50 keydown 62 key --delay 0 38 keyup 50 key --delay 0 56 keyup 62 key --delay 0 247 54
+}
+name_typed ABc both_shifts
+
+say "a key that is held while another window has the keys is let go of"
+keys 1
+board_stands || fail "the board moves by itself"
+xdotool keydown d
+! board_stands || fail "a held key does not move the board"
+xdotool windowfocus --sync "$(xwininfo -root | awk '/Window id/ { print $4 }')" keyup d
+board_stands || fail "the key is still held"
+xdotool windowfocus --sync "$window" keydown Shift_L keyup Shift_L
+board_stands || fail "the key is held again"
 keys Escape
 wait_until title_is_shown
 keys Escape
