@@ -6,28 +6,23 @@ namespace {
 
 constexpr u32 channels = 4;
 
-// Adds up the four pixels that become one.
-struct pixel_sum {
-    u32 weighted[channels - 1] = {};
-    u32 plain[channels - 1] = {};
-    u32 alpha = 0;
+u32 alpha_of(const u8* pixel) {
+    return pixel[channels - 1];
+}
 
-    void add(const u8* pixel) {
-        for (u32 c = 0; c < channels - 1; ++c) {
-            weighted[c] += u32{pixel[c]} * pixel[channels - 1];
-            plain[c] += pixel[c];
-        }
-        alpha += pixel[channels - 1];
+// The mean of four pixels, weighted by their alpha; without a division where the weights are equal.
+void mean_put(const u8* a, const u8* b, const u8* c, const u8* d, u8* to) {
+    u32 alpha = alpha_of(a) + alpha_of(b) + alpha_of(c) + alpha_of(d);
+    bool even =
+        alpha_of(a) == alpha_of(b) && alpha_of(a) == alpha_of(c) && alpha_of(a) == alpha_of(d);
+    for (u32 i = 0; i < channels - 1; ++i) {
+        u32 plain = u32{a[i]} + b[i] + c[i] + d[i];
+        u32 weighted =
+            a[i] * alpha_of(a) + b[i] * alpha_of(b) + c[i] * alpha_of(c) + d[i] * alpha_of(d);
+        to[i] = static_cast<u8>(even ? (plain + 2) / 4 : (weighted + alpha / 2) / alpha);
     }
-
-    void mean_put(u8* pixel) const {
-        for (u32 c = 0; c < channels - 1; ++c) {
-            u32 mean = alpha > 0 ? (weighted[c] + alpha / 2) / alpha : (plain[c] + 2) / 4;
-            pixel[c] = static_cast<u8>(mean);
-        }
-        pixel[channels - 1] = static_cast<u8>((alpha + 2) / 4);
-    }
-};
+    to[channels - 1] = static_cast<u8>((alpha + 2) / 4);
+}
 
 }  // namespace
 
@@ -41,12 +36,7 @@ mipmap mipmap_half(const u8* pixels, u32 width, u32 height) {
         for (u32 x = 0; x < half.width; ++x, to += channels) {
             u32 left = channels * 2 * x;
             u32 right = 2 * x + 1 < width ? left + channels : left;
-            pixel_sum sum;
-            sum.add(upper + left);
-            sum.add(upper + right);
-            sum.add(lower + left);
-            sum.add(lower + right);
-            sum.mean_put(to);
+            mean_put(upper + left, upper + right, lower + left, lower + right, to);
         }
     }
     return half;

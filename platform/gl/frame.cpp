@@ -1,7 +1,8 @@
 #include "platform/gl/frame.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -46,12 +47,14 @@ void frame_keep(frame_call call, std::initializer_list<u32> words) {
 
 void frame_keep_reals(frame_call call, std::initializer_list<u32> words,
                       std::span<const f32> reals) {
-    kept.push_back(static_cast<u32>(call));
-    kept.push_back(static_cast<u32>(words.size() + reals.size()));
-    kept.insert(kept.end(), words);
-    for (f32 real : reals) {
-        std::memcpy(&kept.emplace_back(), &real, sizeof real);
-    }
+    std::size_t at = kept.size();
+    std::size_t count = words.size() + reals.size();
+    kept.resize(at + 2 + count);
+    u32* place = &kept[at];
+    *place++ = static_cast<u32>(call);
+    *place++ = static_cast<u32>(count);
+    place = std::copy(words.begin(), words.end(), place);
+    std::transform(reals.begin(), reals.end(), place, std::bit_cast<u32, f32>);
 }
 
 void frame_flush() {
