@@ -68,7 +68,7 @@ card_set deck_values() {
 // two numbers counted at once, those of the hand stand above the lower 8 bits, those of the deck's
 // kinds, at most 216, in them.
 struct card_sums {
-    u32 by_byte[card_value_count / 8][256];
+    u32 by_byte[sizeof(card_set)][256];
 };
 
 struct card_tally {
@@ -89,8 +89,10 @@ card_sums sums_make(const hand_table& hand) {
         ones[value] = static_cast<u32>(hand.counts[value] << tally_shift) + others;
     }
     card_sums sums;
+    for (auto& of_byte : sums.by_byte) {
+        of_byte[0] = 0;
+    }
     for (i64 byte = 0; byte < card_value_count / 8; ++byte) {
-        sums.by_byte[byte][0] = 0;
         for (u32 bits = 1; bits < 256; ++bits) {
             u32 lowest = ones[byte * 8 + std::countr_zero(bits)];
             sums.by_byte[byte][bits] = sums.by_byte[byte][bits & (bits - 1)] + lowest;
@@ -101,8 +103,11 @@ card_sums sums_make(const hand_table& hand) {
 
 card_tally cards_tally(const card_sums& sums, const card_set& set) {
     u32 sum = 0;
-    for (i64 byte = 0; byte < card_value_count / 8; ++byte) {
-        sum += sums.by_byte[byte][set.words[byte / 8] >> (byte % 8 * 8) & 255];
+    const auto* of_byte = sums.by_byte;
+    for (u64 word : set.words) {
+        for (i64 i = 0; i < 8; ++i, ++of_byte, word >>= 8) {
+            sum += (*of_byte)[word & 255];
+        }
     }
     return {sum >> tally_shift, sum & ((1 << tally_shift) - 1)};
 }
@@ -151,7 +156,7 @@ struct outlook {
     i64 others;  // ways to play any card of the deck's kinds from it
 };
 
-constexpr i64 outlook_bytes = i64{8} * 1024 * 1024;  // at most, half of the frame arena
+constexpr i64 outlook_bytes = i64{12} * 1024 * 1024;  // at most, of the 16 MiB of the frame arena
 
 // The outlooks of every state under some of the hand's values as top cards. States that no
 // transition leaves share row 0, which stays empty.
@@ -203,9 +208,9 @@ void answers_add(outlook_table& table, const rule_answers& answers, const card_s
 // Fills the table for its top cards.
 void outlooks_compute(outlook_table& table, const stone_table& located, const card_sums& sums) {
     std::fill(table.cells, table.cells + table.row_count * table.width, outlook{});
+    rule_answers answers;
     for (const transition& arc : game_map.transitions) {
         if (transition_exists(arc)) {
-            rule_answers answers;
             rule_answers_find(answers, arc.rule, table.tops, table.top_count);
             answers_add(table, answers, sums, outlooks_of(table, arc.from));
         }

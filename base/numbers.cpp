@@ -22,12 +22,14 @@ f64 first_place(f64 value, i64& integer_count) {
     return place;
 }
 
-// From 10^22 on powers of ten are rounded, and so are the decimals': a rest may fall under 0 or
-// reach ten places, and its digit is bounded. The digits shown of smaller values never are.
+// The digits up to the one by which the last decimal is rounded. From 10^22 on powers of ten are
+// rounded, and so are the decimals': a rest may fall under 0 or reach ten places, and its digit is
+// bounded. The digits shown of smaller values never are.
 void digits_take(decimal_digits& number, f64 value, f64 place) {
-    for (u8& digit : number.digits) {
-        digit = static_cast<u8>(std::clamp(value / place, 0.0, 9.0));
-        value -= digit * place;
+    i64 count = std::min(number.integer_count + decimal_count + 1, number_digit_count);
+    for (i64 i = 0; i < count; ++i) {
+        number.digits[i] = static_cast<u8>(std::clamp(value / place, 0.0, 9.0));
+        value -= number.digits[i] * place;
         place /= 10;
     }
 }
@@ -76,7 +78,7 @@ str digits_write(i64 value, char (&bytes)[int_digit_count + 1]) {
 
 decimal_digits number_digits(f64 value) {
     assert(!(value < 0));
-    decimal_digits number;
+    decimal_digits number = {};
     if (!(value < 1e64)) {
         std::fill(number.digits, number.digits + number_digit_count, u8{9});
         number.integer_count = number_digit_count;

@@ -14,7 +14,8 @@ struct decimal_digits {
 };
 
 // The digits of `value` >= 0, rounded at the fourth decimal; the decimals follow the integer
-// digits, those past the 64th digit are 0. From 10^64 on, and for a NaN, all 64 digits are 9.
+// digits, those past the 64th digit are 0, and what comes after the fourth means nothing. From
+// 10^64 on, and for a NaN, all 64 digits are 9.
 decimal_digits number_digits(f64 value);
 
 // At most four decimals, without trailing zeros or a bare point: 2.5, 7, -0.0001; "infinity",

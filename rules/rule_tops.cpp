@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <functional>
 #include <iterator>
 
 #include "rules/rule_parser.h"
@@ -29,7 +30,10 @@ constexpr i64 operations_first = tops_first + property_count;
 constexpr i64 operation_limit = 2 * rule_length_limit;
 constexpr i64 place_limit = operations_first + operation_limit;
 
-constexpr i64 lane_count = 8;  // top cards for which the list is worked through at once
+// The list is worked through for so many top cards at once.
+constexpr i64 lane_count = 8;
+constexpr i64 lane_words = std::size(card_set().words);
+constexpr i64 row_words = lane_count * lane_words;
 
 struct operation {
     char sign;  // '&', '|' or '^'
@@ -38,9 +42,10 @@ struct operation {
 };
 
 operation operations[place_limit];
-i64 place_count;              // places of the rule that is looked at
-bool is_needed[place_limit];  // by the result
-card_set lanes[place_limit][lane_count];
+i64 place_count;                   // places of the rule that is looked at
+card examples[card_value_count];   // by answer: a top card that it is for
+bool is_needed[place_limit];       // by the result
+u64 rows[place_limit][row_words];  // of every place its set for each of these top cards
 
 u16 operation_write(char sign, u16 left, u16 right) {
     assert(place_count < place_limit);
@@ -102,27 +107,42 @@ void needed_mark(i64 result) {
 }
 
 // The values of a field that are asked of the top card are told apart from each other and from the
-// rest; numbers the combinations for a card.
-i64 distinction(card top) {
-    i64 number = 0;
+// rest: a number for each value, so that the sum over a card's fields tells apart all that the rule
+// can.
+struct field_distinctions {
+    i64 of[card_field_count][field_value_count];
+};
+
+constexpr i64 field_distinction_count = field_value_count + 1;
+constexpr i64 distinction_count =
+    field_distinction_count * field_distinction_count * field_distinction_count;
+
+field_distinctions distinctions_find() {
+    field_distinctions found;
+    i64 unit = 1;
     for (i64 field = 0; field < card_field_count; ++field) {
-        const card_field_info& info = card_fields[field];
-        i64 value = top.*info.value - info.first_value;
-        bool is_asked = is_needed[tops_first + field * field_value_count + value];
-        number = number * (field_value_count + 1) + (is_asked ? 1 + value : 0);
+        for (i64 i = 0; i < field_value_count; ++i) {
+            bool is_asked = is_needed[tops_first + field * field_value_count + i];
+            found.of[field][i] = is_asked ? unit * (1 + i) : 0;
+        }
+        unit *= field_distinction_count;
     }
-    return number;
+    return found;
 }
 
-// Gives every top card its answer; `examples` becomes one of the cards for each.
-void tops_sort(rule_answers& answers, const card* tops, i64 count, card* examples) {
-    constexpr i64 distinctions =
-        (field_value_count + 1) * (field_value_count + 1) * (field_value_count + 1);
-    u8 answer_of[distinctions];
-    bool is_known[distinctions] = {};
+i64 distinction(const field_distinctions& distinctions, card top) {
+    return distinctions.of[field_colour][top.colour] + distinctions.of[field_shape][top.shape] +
+           distinctions.of[field_number][top.number - 1];
+}
+
+// Gives every top card its answer.
+void tops_sort(rule_answers& answers, const card* tops, i64 count) {
+    field_distinctions distinctions = distinctions_find();
+    u8 answer_of[distinction_count];
+    bool is_known[distinction_count] = {};
     answers.count = 0;
     for (i64 i = 0; i < count; ++i) {
-        i64 number = distinction(tops[i]);
+        i64 number = distinction(distinctions, tops[i]);
         if (!is_known[number]) {
             is_known[number] = true;
             answer_of[number] = static_cast<u8>(answers.count);
@@ -133,54 +153,73 @@ void tops_sort(rule_answers& answers, const card* tops, i64 count, card* example
     }
 }
 
-card_set given_set(i64 p, card top) {
-    if (p >= tops_first) {
-        return card_has(top, property_at(p - tops_first)) ? all_cards : card_set{};
-    }
-    if (p >= played_first) {
-        return cards_having(property_at(p - played_first));
-    }
-    return p == place_all ? all_cards : card_set{};
+void lane_write(i64 p, i64 lane, const card_set& set) {
+    std::copy(set.words, set.words + lane_words, rows[p] + lane * lane_words);
 }
 
-void given_fill(i64 p, const card* tops, i64 count) {
-    for (i64 i = 0; i < count; ++i) {
-        lanes[p][i] = given_set(p, tops[i]);
+card_set lane_read(i64 p, i64 lane) {
+    card_set set;
+    const u64* first = rows[p] + lane * lane_words;
+    std::copy(first, first + lane_words, set.words);
+    return set;
+}
+
+void constant_fill(i64 p, const card_set& set) {
+    for (i64 lane = 0; lane < lane_count; ++lane) {
+        lane_write(p, lane, set);
+    }
+}
+
+// The places that no rule and no top card changes.
+bool constants_fill() {
+    constant_fill(place_none, {});
+    constant_fill(place_all, all_cards);
+    for (i64 i = 0; i < property_count; ++i) {
+        constant_fill(played_first + i, cards_having(property_at(i)));
+    }
+    return true;
+}
+
+void tops_fill(const card* tops, i64 count) {
+    for (i64 i = 0; i < property_count; ++i) {
+        if (is_needed[tops_first + i]) {
+            card_property property = property_at(i);
+            for (i64 lane = 0; lane < count; ++lane) {
+                lane_write(tops_first + i, lane,
+                           card_has(tops[lane], property) ? all_cards : card_set{});
+            }
+        }
     }
 }
 
 template <typename combining>
-void lanes_combine(i64 p, combining combine) {
-    const card_set* left = lanes[operations[p].left];
-    const card_set* right = lanes[operations[p].right];
-    for (i64 i = 0; i < lane_count; ++i) {
-        lanes[p][i] = combine(left[i], right[i]);
+void rows_combine(i64 p, combining combine) {
+    const u64* left = rows[operations[p].left];
+    const u64* right = rows[operations[p].right];
+    for (i64 i = 0; i < row_words; ++i) {
+        rows[p][i] = combine(left[i], right[i]);
     }
 }
 
 void operation_work(i64 p) {
     switch (operations[p].sign) {
         case '&':
-            lanes_combine(p, [](const card_set& a, const card_set& b) { return a & b; });
+            rows_combine(p, std::bit_and<u64>());
             break;
         case '|':
-            lanes_combine(p, [](const card_set& a, const card_set& b) { return a | b; });
+            rows_combine(p, std::bit_or<u64>());
             break;
         default:
             assert(operations[p].sign == '^');
-            lanes_combine(p, [](const card_set& a, const card_set& b) { return a ^ b; });
+            rows_combine(p, std::bit_xor<u64>());
     }
 }
 
 // Works the list through up to `result` for at most `lane_count` top cards.
 void places_work(i64 result, const card* tops, i64 count) {
-    for (i64 p = 0; p <= result; ++p) {
-        if (!is_needed[p]) {
-            continue;
-        }
-        if (p < operations_first) {
-            given_fill(p, tops, count);
-        } else {
+    tops_fill(tops, count);
+    for (i64 p = operations_first; p <= result; ++p) {
+        if (is_needed[p]) {
             operation_work(p);
         }
     }
@@ -190,14 +229,16 @@ void places_work(i64 result, const card* tops, i64 count) {
 
 void rule_answers_find(rule_answers& answers, str rule, const card* tops, i64 count) {
     assert(0 <= count && count <= card_value_count);
+    [[maybe_unused]] static const bool filled = constants_fill();
     place_count = operations_first;
     i64 result = rule_evaluate(rule, written_down{}).index;
     needed_mark(result);
-    card examples[card_value_count];
-    tops_sort(answers, tops, count, examples);
+    tops_sort(answers, tops, count);
     for (i64 first = 0; first < answers.count; first += lane_count) {
         i64 some = std::min(lane_count, answers.count - first);
         places_work(result, examples + first, some);
-        std::copy(lanes[result], lanes[result] + some, answers.matching + first);
+        for (i64 lane = 0; lane < some; ++lane) {
+            answers.matching[first + lane] = lane_read(result, lane);
+        }
     }
 }
