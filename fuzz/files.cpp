@@ -15,6 +15,8 @@ struct stored_file {
     i64 age;  // grows with every write
 };
 
+constexpr std::size_t name_limit = 255;  // bytes of a path's last name
+
 using file_table = std::map<std::string, stored_file>;
 
 struct open_file {
@@ -35,7 +37,8 @@ i64 last_age;
 std::string path_of(str path) {
     std::string text(path.data, static_cast<std::size_t>(path.length));
     const bool can_be = !text.ends_with('/') && text.find('\0') == text.npos;
-    return can_be ? text : std::string();
+    const std::size_t name_size = text.size() - (text.rfind('/') + 1);
+    return can_be && name_size <= name_limit ? text : std::string();
 }
 
 open_file* open_file_of(file_id file) {

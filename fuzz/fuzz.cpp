@@ -36,6 +36,7 @@ start start_up() {
     fuzz_ship_file("resources/font.png");
     file_set_fallback(QUORREL_SOURCE_DIR);  // there the pictures lie
     program_start();
+    file_set_fallback({});
     start made = {{}, texture_set, quad_mesh, simple_shader, gamma_shader, font};
     std::copy(arenas, arenas + arena_count, made.memory);
     for (arena& a : made.memory) {

@@ -1,5 +1,6 @@
 #include "program/map_import.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "base/message.h"
@@ -14,6 +15,7 @@
 namespace {
 
 constexpr str extension = ".quorrel";
+constexpr i64 name_limit = 200;  // bytes; file systems take 255 with a number
 
 bool refuse(str path, const char* reason) {
     std::fprintf(stderr, "quorrel: %.*s: %s\n", static_cast<int>(path.length), path.data, reason);
@@ -24,10 +26,13 @@ bool is_name_byte(char c) {
     return ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z') || ('0' <= c && c <= '9');
 }
 
-// What a name on the list or of a file cannot hold becomes "_".
+// A name as the list and a file can have it: other bytes become "_", what is too long is cut.
 str name_clean(str name) {
+    if (name.length == 0) {
+        return "unnamed";
+    }
     text_builder clean = {};
-    for (char byte : name) {
+    for (char byte : str(name.data, std::min(name.length, name_limit))) {
         text_builder_put(clean, is_name_byte(byte) ? byte : '_');
     }
     return text_builder_text(clean);

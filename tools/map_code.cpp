@@ -10,7 +10,8 @@ namespace {
 
 constexpr std::string_view code_letters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
-constexpr int raw_window = -15;  // the largest, without zlib's own head
+constexpr int raw_window = -15;              // the largest, without zlib's own head
+constexpr std::size_t most_inflated = 1032;  // bytes that one deflated byte can become
 
 void stream_set(z_stream& stream, std::string_view in, std::string& out) {
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(in.data()));
@@ -31,7 +32,7 @@ std::string deflated(std::string_view bytes) {
 }
 
 bool inflated(std::string_view bytes, std::string& out) {
-    out.assign(code_bytes_limit, '\0');
+    out.assign(std::min(code_bytes_limit, most_inflated * bytes.size()), '\0');
     z_stream stream = {};
     inflateInit2(&stream, raw_window);
     stream_set(stream, bytes, out);
