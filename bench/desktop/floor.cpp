@@ -1,5 +1,6 @@
 // The least that a program with a window and OpenGL 3.3 does: one shader, sixty-four quads, then it
-// waits. What the game takes is told as a ratio to what this takes.
+// waits for keys, each of which changes the colours. What the game takes is told as a ratio to what
+// this takes.
 
 #include <SDL.h>
 #include <epoxy/gl.h>
@@ -24,14 +25,14 @@ void section_add(GLuint program, GLenum stage, const char* text) {
     glAttachShader(program, shader);
 }
 
-void quads_draw(GLint box, GLint tint) {
+void quads_draw(GLint box, GLint tint, float blue) {
     glClearColor(0, 0, 0.2f, 1);
     glClear(GL_COLOR_BUFFER_BIT);
     for (int i = 0; i < 64; ++i) {
         auto column = static_cast<float>(i % 8);
         auto row = static_cast<float>(i / 8);
         glUniform4f(box, column * 0.25f - 1, row * 0.25f - 1, 0.2f, 0.2f);
-        glUniform4f(tint, column / 8, row / 8, 0.5f, 1);
+        glUniform4f(tint, column / 8, row / 8, blue, 1);
         glDrawArrays(GL_TRIANGLE_STRIP, 0, 4);
     }
 }
@@ -61,9 +62,18 @@ int main() {
     glBufferData(GL_ARRAY_BUFFER, sizeof corners, corners, GL_STATIC_DRAW);
     glEnableVertexAttribArray(0);
     glVertexAttribPointer(0, 2, GL_FLOAT, GL_FALSE, 0, nullptr);
-    quads_draw(glGetUniformLocation(program, "box"), glGetUniformLocation(program, "tint"));
+    GLint box = glGetUniformLocation(program, "box");
+    GLint tint = glGetUniformLocation(program, "tint");
+    float blue = 0.25f;
+    quads_draw(box, tint, blue);
     SDL_GL_SwapWindow(window);
-    for (SDL_Event event; SDL_WaitEvent(&event) != 0 && event.type != SDL_QUIT;) {}
+    for (SDL_Event event; SDL_WaitEvent(&event) != 0 && event.type != SDL_QUIT;) {
+        if (event.type == SDL_KEYDOWN) {
+            blue = 1 - blue;
+            quads_draw(box, tint, blue);
+            SDL_GL_SwapWindow(window);
+        }
+    }
     SDL_Quit();
     return 0;
 }

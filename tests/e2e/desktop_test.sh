@@ -125,6 +125,10 @@ quit_press
 desktop_end
 
 desktop_start 1280x1024 dwm
+say "without the OpenGL that it needs one line is said"
+game_launch MESA_GL_VERSION_OVERRIDE=2.1
+game_ends_with 1
+grep -q '^failed to open the display: ' "$output" && [ "$(wc -l <"$output")" -eq 1 ] || fail "not the line expected"
 game_launch
 wait_until window_find
 buttons_agree "1280 tiled"
