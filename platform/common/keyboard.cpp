@@ -42,8 +42,9 @@ void press_feed(const key_meaning& meaning) {
     }
 }
 
-bool is_pressed_by(const key_meaning& meaning) {
-    return meaning.key != 0 && !is_down(meaning.key);
+// Whether a key has a code and no place that is down means it.
+bool is_free(u32 key) {
+    return key != 0 && !is_down(key);
 }
 
 }  // namespace
@@ -55,7 +56,7 @@ key_meaning key_meaning_typed(char character) {
 
 void keyboard_press(u32 place, const key_meaning& meaning) {
     keyboard_release(place);
-    if (is_pressed_by(meaning)) {
+    if (is_free(meaning.key)) {
         press_feed(meaning);
     }
     keys_down.push_back({place, meaning.key});
@@ -69,13 +70,13 @@ void keyboard_release(u32 place) {
     }
     u32 key = found->key;
     keys_down.erase(found);
-    if (is_pressed_by({key, false, false})) {
+    if (is_free(key)) {
         input_feed_key(key, false);
     }
 }
 
 void keyboard_type(const key_meaning& meaning) {
-    if (is_pressed_by(meaning)) {
+    if (is_free(meaning.key)) {
         press_feed(meaning);
         input_feed_key(meaning.key, false);
     }

@@ -109,6 +109,9 @@ class Browser:
             self.driver.execute_cdp_cmd("Input.dispatchKeyEvent", {
                 "type": kind, "key": character, "code": place})
 
+    def hold(self, key, down):
+        (ActionChains(self.driver).key_down if down else ActionChains(self.driver).key_up)(key).perform()
+
     def picture(self):
         png = self.driver.get_screenshot_as_png()
         return Image.open(io.BytesIO(png)).convert("RGB")

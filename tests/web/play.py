@@ -1,18 +1,16 @@
 """Plays the page in a directory: play.py DIRECTORY. Ends with status 1 at the first fault."""
 
 import base64
-import functools
-import http.server
 import pathlib
 import sys
 import tempfile
-import threading
 import time
 import zlib
 
 from selenium.webdriver.common.keys import Keys
 
 from browser import Browser
+from server import Server
 
 BACKGROUND = (0, 0, 123)
 PANEL = (0, 0, 59)
@@ -55,27 +53,6 @@ MADE_PLACES = [(384, 416), (640, 416)]
 MADE_PREVIEW = dict(zip(MADE_PLACES, (STONE, ACCEPTING)))
 
 NO_DATABASE = "Object.defineProperty(window, 'indexedDB', {value: undefined});"
-
-
-class Server:
-    """Serves a directory on the loopback address, below a path of its own."""
-
-    class Handler(http.server.SimpleHTTPRequestHandler):
-        def log_message(self, *_):
-            pass
-
-        def translate_path(self, path):
-            return super().translate_path(path.removeprefix("/some/where"))
-
-    def __init__(self, directory):
-        handler = functools.partial(self.Handler, directory=directory)
-        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), handler)
-        self.address = f"http://127.0.0.1:{self.server.server_port}/some/where/"
-        threading.Thread(target=self.server.serve_forever, daemon=True).start()
-
-    def stop(self):
-        self.server.shutdown()
-        self.server.server_close()
 
 
 def say(what):
