@@ -152,6 +152,11 @@ keys F11
 wait_until window_is 2560x1440
 buttons_agree "2560 by 1440 fullscreen"
 [ $((${last_box##* } - $(awk '{ print $2 }' <<<"$last_box"))) -gt 800 ] || fail "the picture is small"
+xrandr --newmode small 60 1280 1280 1280 1280 800 800 800 800
+xrandr --addmode screen small
+xrandr --output screen --mode small
+wait_until window_is 1280x800
+buttons_agree "fullscreen on a display that became 1280 by 800"
 quit_press
 desktop_end
 
