@@ -115,6 +115,7 @@ void state_add(world_point cursor) {
     map_add_state(map_units(cursor.x - game_map.origin_x), map_units(cursor.y - game_map.origin_y),
                   0);
     selection.selected_state = static_cast<u16>(game_map.states.count - 1);
+    assert(state_exists(selection.selected_state));
     selection.target_state = no_index;
 }
 

@@ -46,6 +46,7 @@ void card_step_apply(card& c, i64 step) {
 }
 
 void card_row_frame(card& c, f64 y) {
+    assert(measures[goal_editing.new_goal.measure].cards > 0);
     card_step_apply(c, row_step_clicked(y));
     char symbol = card_symbol(c, measures[goal_editing.new_goal.measure].field);
     text_draw_icons({&symbol, 1}, render_target.width / 2.0, y);

@@ -24,6 +24,7 @@ void index_change(u16& index, u16 from, u16 to) {
 }
 
 void state_renumber(u16 from, u16 to) {
+    assert(from != to);
     for (transition& arc : game_map.transitions) {
         index_change(arc.from, from, to);
         index_change(arc.to, from, to);

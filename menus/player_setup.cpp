@@ -46,9 +46,11 @@ void seats_adjust() {
         seat_colour_set(players.data[i], i);
     }
     players.count = player_count;
+    assert(players.count <= players.capacity);
 }
 
 void strength_choose(player& seat, menu_centre centre, f64 y) {
+    assert(seat.is_computer);
     i64 strength = static_cast<i64>(seat.strength) + menu_stepper(centre.x + 160, y, 96);
     seat.strength = static_cast<u64>(std::clamp(strength, i64{0}, i64{strength_count} - 1));
     label_draw(strength_names[seat.strength], centre.x + 160, y);

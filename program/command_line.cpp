@@ -1,6 +1,7 @@
 #include "program/command_line.h"
 
 #include <getopt.h>
+#include <cassert>
 
 #include <cstdio>
 #include <cstring>
@@ -89,6 +90,7 @@ int command_line_read(int argument_count, char** arguments, command_line& comman
             return status;
         }
     }
+    assert(optind <= argument_count);
     command.files = arguments + optind;
     command.file_count = argument_count - optind;
     return command_play;

@@ -1,5 +1,6 @@
 #include "program/frame.h"
 
+#include <cassert>
 #include <cstdlib>
 
 #include "base/arena.h"
@@ -95,6 +96,7 @@ void screen_frame() {
 }
 
 void gpu_error_stop(u32 code) {
+    assert(code != 0);
     message_write({"gl error: ", number_text(code), "\n"});
     std::exit(0);
 }
@@ -128,6 +130,7 @@ void program_start() {
 }
 
 bool program_frame() {
+    assert(arenas[arena_frame].base != nullptr);  // between start and end
     arena_rewind(arena_frame, 0);
     input_poll();
     if (display_is_closed()) {

@@ -1,6 +1,7 @@
 #include "program/map_import.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstdio>
 
 #include "base/message.h"
@@ -45,6 +46,7 @@ i64 family_of_file(str path, str text) {
 }
 
 str name_numbered(str name, i64 number) {
+    assert(number >= 1);
     if (number == 1) {
         return name;
     }
@@ -96,6 +98,7 @@ bool map_import(str path, i64 family) {
 }
 
 bool map_text_import(str name, str text, i64 family) {
+    assert(0 <= family && family < machine_kind_count);
     machine_kind = family;
     current_catalogue = &catalogues[machine_kind];
     str clean = name_clean(name);
@@ -109,6 +112,7 @@ bool map_text_import(str name, str text, i64 family) {
         return refuse(place, "cannot be written");
     }
     catalogue_add(numbered, place);
+    assert(catalogue_find(numbered) != nullptr);
     selected_entry = catalogue_find(numbered) - current_catalogue->data;
     message_write({"map ", numbered, " is ", place, "\n"});
     return true;

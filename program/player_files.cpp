@@ -1,5 +1,7 @@
 #include "program/player_files.h"
 
+#include <cassert>
+
 #include "base/text_builder.h"
 #include "maps/catalogue.h"
 #include "maps/file_text.h"
@@ -66,6 +68,7 @@ bool file_update(str path, str content) {
 
 // Brings one catalogue up to the one that ships.
 void catalogue_refresh(str path, str data, bool restore) {
+    assert(data.length > 0);
     str record = path_join(shipped_record, str_after_last(path, '/'));
     str shipped, before, player;
     if (!file_read_all(path_join(data, path), shipped)) {

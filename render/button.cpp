@@ -1,5 +1,7 @@
 #include "render/button.h"
 
+#include <cassert>
+
 #include "render/sprites.h"
 #include "render/text.h"
 #include "render/view.h"
@@ -11,6 +13,7 @@ constexpr colour hover_veil = {1, 1, 1, 0.5f};
 }  // namespace
 
 bool button_draw(str label, f64 centre_x, f64 centre_y, f64 width, f64 height) {
+    assert(width > 0 && height > 0);
     box face = box_around(centre_x, centre_y, width, height);
     sprite_draw(texture_gradient3, face, colour_white);
     label_draw(label, centre_x, centre_y);

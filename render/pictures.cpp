@@ -1,5 +1,7 @@
 #include "render/pictures.h"
 
+#include <cassert>
+
 #include "base/arena.h"
 #include "platform/gpu.h"
 
@@ -58,6 +60,7 @@ u32 picture_load(str path) {
 }
 
 u32 texture_make(const image& picture, u32 minification, u32 magnification) {
+    assert(picture.width > 0 && picture.height > 0);
     u32 texture = texture_create();
     texture_bind(texture_2d, texture);
     texture_image_2d(texture_2d, 0, texture_format_rgba, picture.width, picture.height,
