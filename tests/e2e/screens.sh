@@ -5,7 +5,6 @@ background="0 0 123" # 0.2 of linear blue
 panel="0 0 59"       # of a menu, over the background
 band="0 0 65"        # above and below the board
 box="0 0 43"         # of the turn cover and the winner's banner
-highlight="186 108 48" # behind the selected card and the tape's head, over a band
 
 # Pictures are shaded: these are the colours in their middles, checked within `shading`.
 plain="81 81 108"

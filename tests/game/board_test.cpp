@@ -1,5 +1,7 @@
-// What scenarios do not show of the board and its panels: the edges of all boxes, selections that
-// outlive their map, all six seats.
+// What scenarios do not show of the board and its panels: the edges of all boxes, seats in every
+// state of a turn, and maps of any size.
+
+#include <iterator>
 
 #include "menus/player_setup.h"
 #include "rules/cards.h"
@@ -32,27 +34,16 @@ std::string selected_text() {
            index_text(selection.selected_transition) + index_text(selection.selected_card);
 }
 
-// Boxes include left and bottom edges; the bands take no clicks for the board.
+// A case is a place: what a click there selects. Boxes include left and bottom edges; the bands
+// take no clicks for the board.
 TEST_F(board_test, WhereClicksHit) {
-    struct {
-        f64 x, y;
-        const char* selected;
-    } const rows[] = {
-        // clang-format off
-        {-32, 0, "1---"}, {-33, 0, "----"}, {31, 0, "1---"}, {32, 0, "----"}, {0, -32, "1---"},
-        {0, -33, "----"}, {0, 31, "1---"}, {0, 32, "----"}, {-128, -239, "0---"},
-        {-128, -240, "----"}, {128, 255, "2---"}, {128, 256, "----"}, {-208, -400, "---0"},
-        {-81, -273, "---0"}, {-80, -300, "----"}, {-64, -300, "---1"}, {-64, -401, "----"},
-        {-64, -272, "----"},
-        // clang-format on
-    };
     game_map.states[0].y = -240.0 / 128;
     game_map.states[2].y = 256.0 / 128;
-    for (const auto& row : rows) {
+    golden_check("game/clicks", [](const std::string& place) {
         selection = {};
-        click(row.x, row.y);
-        EXPECT_EQ(selected_text(), row.selected) << row.x << ' ' << row.y;
-    }
+        click(std::stod(place), std::stod(place.substr(place.find(' '))));
+        return selected_text();
+    });
     selection.selected_card = 1;
     click(0, -336);
     EXPECT_EQ(selection.selected_card, no_card);
@@ -65,33 +56,63 @@ TEST_F(board_test, WhereClicksHit) {
     EXPECT_EQ(selected_text(), "----");
 }
 
-// A state that the map lacks counts as none until a map has it again.
+// The deck and the sign are 128 wide, from (-192, 272) and (368, 272) on.
+TEST_F(board_test, WhereDeckAndSignHit) {
+    golden_check("game/piles", [](const std::string& place) {
+        pile_set(deck.cards, "Aa1");
+        pile_set(players[0].hand, "Ba1");
+        turn = {};
+        turn.turn_revealed = true;
+        turn.card_drawn = place[0] == 's';
+        std::size_t blank = place.find(' ');
+        click(std::stod(place.substr(blank)), std::stod(place.substr(place.rfind(' '))));
+        return std::to_string(players[0].hand.count) + " seat " +
+               std::to_string(turn.current_player);
+    });
+}
+
+// A state that the map lacks counts as none until a map has it again. A case is what is selected
+// and the clicks: a digit that state, "R" the right button.
 TEST_F(board_test, ASelectionOutlivesItsMap) {
     map_add_transition(7, 7, 0, 0, 0, {});
     map_add_transition(2, 1, 0, 0, 0, {});
     map_add_transition(2, 1, 0, 0, 0, {});
-    struct {
-        u16 state, target;
-        const char *clicks, *selected;  // a digit clicks that state, "R" the right button
-    } const rows[] = {
-        {7, 7, "", "77-3"},  {7, no_index, "R", "7---"}, {7, 8, "R", "78--"},   {1, 7, "R", "-7-3"},
-        {7, 1, "R", "7--3"}, {7, 1, "2", "2--3"},        {1, 7, "2", "12-3"},   {2, 1, "", "2113"},
-        {2, 1, "R", "2--3"}, {2, 1, "RR", "---3"},       {2, 1, "RRR", "----"}, {2, 1, "1", "2--3"},
-        {2, 1, "0", "20-3"}, {2, 2, "2", "2--3"},
-    };
-    for (const auto& row : rows) {
-        selection = {row.state, row.target, no_index, 3};
-        for (const char* act = row.clicks; *act != '\0'; ++act) {
-            click(*act == 'R' ? 0 : 128.0 * (*act - '1'), 0,
-                  *act == 'R' ? mouse_right : mouse_left);
+    golden_check("game/selections", [](const std::string& given) {
+        auto state = [&](std::size_t place) {
+            return given[place] == '-' ? no_index : static_cast<u16>(given[place] - '0');
+        };
+        selection = {state(0), state(1), no_index, 3};
+        for (char act : given.substr(3)) {
+            click(act == 'R' ? 0 : 128.0 * (act - '1'), 0, act == 'R' ? mouse_right : mouse_left);
         }
         frame();
-        EXPECT_EQ(selected_text(), row.selected) << row.clicks;
-    }
+        return selected_text();
+    });
     selection = {7, 7, no_index, no_card};
     map_make(state_machine, "........", {{7, 7}});
     frame();
     EXPECT_EQ(selection.selected_transition, 0);
+}
+
+TEST_F(board_test, WhatNamesMissingStatesLeavesNoTrace) {
+    map_add_transition(0, 1, 0, 8, 0, "x");
+    game_map.states[1].x = 0;  // at one place: the rule without an arrow
+    dyn_array_push(stones, 0);
+    frame();
+    const std::string whole = drawn();
+    EXPECT_EQ(whole.find("arrow"), whole.npos);
+    map_add_transition(0, 3, 0, 0, 0, "x");
+    map_add_transition(no_index, 0, 0, 0, 0, "x");
+    map_add_transition(7, 7, 0, 0, 0, "x");
+    for (u16 state : {u16{3}, u16{no_index}}) {
+        dyn_array_push(stones, state);
+    }
+    for (u16 flying : {u16{1}, u16{9}}) {
+        flight.moving_stone = flying;
+        frame();
+        EXPECT_EQ(drawn(), whole);
+        EXPECT_EQ(flight.moving_stone, no_index);
+    }
 }
 
 TEST_F(board_test, NimbersAreSigned) {

@@ -1,6 +1,7 @@
 #include "maps/nimbers.h"
 
 #include <algorithm>
+#include <numeric>
 #include <random>
 #include <sstream>
 
@@ -38,9 +39,7 @@ TEST_F(nimbers_test, TheSmallestExcludedValue) {
         std::mt19937_64 random(seed);
         std::size_t count = 2 + random() % 40;
         std::vector<u16> order(count);
-        for (std::size_t i = 0; i < count; ++i) {
-            order[i] = static_cast<u16>(i);
-        }
+        std::iota(order.begin(), order.end(), u16{0});
         std::shuffle(order.begin(), order.end(), random);
         std::vector<arc> arcs;
         for (u64 left = random() % (count * 5); left > 0; --left) {

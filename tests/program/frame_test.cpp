@@ -53,29 +53,28 @@ TEST_F(frame_test, StartUp) {
 
 TEST_F(frame_test, EscapeGoesBackFromEveryScreen) {
     // The flags of title, set-up, list and editor.
-    const struct {
-        screen_flags from, to;
-    } rows[] = {{{true, false, false, false, false}, {true, false, false, false, false}},
-                {{false, false, true, false, false}, {false, true, false, false, false}},
-                {{false, false, true, true, false}, {false, false, false, true, false}},
-                {{false, false, false, true, true}, {true, false, false, false, false}},
-                {{false, true, false, false, false}, {true, false, false, false, false}},
-                {{false, false, false, false, false}, {false, true, false, false, false}}};
+    const std::pair<screen_flags, screen_flags> rows[] = {
+        {{true, false, false, false, false}, {true, false, false, false, false}},
+        {{false, false, true, false, false}, {false, true, false, false, false}},
+        {{false, false, true, true, false}, {false, false, false, true, false}},
+        {{false, false, false, true, true}, {true, false, false, false, false}},
+        {{false, true, false, false, false}, {true, false, false, false, false}},
+        {{false, false, false, false, false}, {false, true, false, false, false}}};
     begin();
     seats_make("HH");
     auto text = [](const screen_flags& s) {
         return std::vector<bool>{s.title_menu_open, s.player_setup_open, s.map_list_open,
                                  s.editor_open, s.text_entry_open};
     };
-    for (const auto& row : rows) {
-        screens = row.from;
+    for (const auto& [from, to] : rows) {
+        screens = from;
         turn.move_timer = 0.3;
         app.help_visible = app.running = true;
         frame();
-        EXPECT_EQ(turn.move_timer < 0.3, &row == rows + 5);  // in the game alone turns go on
+        EXPECT_EQ(turn.move_timer < 0.3, text(from) == text({false, false, false, false, false}));
         headless_key_press(key_escape);
-        EXPECT_EQ(frame(), !row.from.title_menu_open);
-        EXPECT_EQ(text(screens), text(row.to)) << &row - rows;
+        EXPECT_EQ(frame(), !from.title_menu_open);
+        EXPECT_EQ(text(screens), text(to));
         EXPECT_FALSE(app.help_visible);
     }
 }

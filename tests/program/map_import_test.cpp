@@ -57,55 +57,32 @@ TEST_F(map_import_test, lines_tell_the_family) {
         EXPECT_TRUE(text_is_map(str_of(map.text)));
         EXPECT_EQ(map_family_find(str_of(map.text)), map.kind) << map.path;
     }
-    struct {
-        const char* text;
-        i64 family;
-    } const rows[] = {
-        {"=> 0 1 0 0 0 \"A&B\"\n", state_machine},
-        {"hand 3", pushdown_machine},
-        {"goal 0 2 3\n", turing_machine},
-        {"deck 1 1 1 1\n=> 0 1 0 0 0 \"!A\"\n", pushdown_machine},
-        {"deck 1 1 1 1\n=> 0 1 0 0 0 \"A\"\n=> 0 1 0 0 0 \".L\"", turing_machine},
-        {"deck 1 1 1 1\nhand 1\ntape 1\n=> 0 1 0 0 0 \"AR\"", turing_machine},
-        {"deck 1 1 1 1\n=> 0 1 0 0 0 \"A\"", no_family},
-        {"deck 1 1 1 1\n=> 0 1\n", no_family},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(map_family_find(str_of(row.text)), row.family) << row.text;
-    }
+    golden_check("program/families", [](std::string text) {
+        std::replace(text.begin(), text.end(), ';', '\n');
+        i64 family = map_family_find(str_of(text));
+        return family == no_family ? "none" : std::string(family_names[family]);
+    });
 }
 
+// A case are the arguments: the status and the number of files, or what is said of them.
 TEST(command_line_test, arguments_are_understood_or_refused) {
-    struct {
-        std::vector<const char*> arguments;
-        int status;
-        i64 files = 0;
-    } const rows[] = {
-        {{}, command_play},
-        {{"a", "--fullscreen", "b"}, command_play, 2},
-        {{"--directory", "d", "--family=turing", "--restore-maps"}, command_play},
-        {{"--", "--help"}, command_play, 1},
-        {{"--help"}, 0},
-        {{"--version"}, 0},
-        {{"--directory"}, 2},
-        {{"--family=none"}, 2},
-        {{"-x"}, 2},
-    };
-    for (const auto& row : rows) {
-        std::vector<const char*> words = {"quorrel"};
-        words.insert(words.end(), row.arguments.begin(), row.arguments.end());
-        int count = static_cast<int>(words.size());
-        words.push_back(nullptr);
+    golden_check("program/arguments", [](const std::string& given) {
+        std::vector<std::string> words = words_of("quorrel " + given);
+        std::vector<char*> pointers;
+        for (std::string& word : words) {
+            pointers.push_back(word.data());
+        }
+        pointers.push_back(nullptr);
         command_line command;
+        int status = 0;
         testing::internal::CaptureStderr();
         output_of([&] {
-            EXPECT_EQ(command_line_read(count, const_cast<char**>(words.data()), command),
-                      row.status);
+            status = command_line_read(static_cast<int>(words.size()), pointers.data(), command);
         });
         std::string error = testing::internal::GetCapturedStderr();
-        EXPECT_EQ(std::count(error.begin(), error.end(), '\n'), row.status == 2) << error;
-        EXPECT_EQ(command.file_count, row.files);
-    }
+        std::replace(error.begin(), error.end(), '\n', ';');
+        return std::to_string(status) + " " + std::to_string(command.file_count) + " " + error;
+    });
 }
 
 }  // namespace

@@ -101,16 +101,28 @@ TEST_F(drawing_test, TheWorldIsSeenThroughTheCamera) {
     world_point seen = view_world_point(612, 466);
     EXPECT_EQ(seen.x, 150);
     EXPECT_EQ(seen.y, 75);
+    text_draw("AbT~G%A", 0, 0, 256, some_tint, screen_space, text_icons);
+    std::vector<gpu_draw> draws = headless_draws();
+    EXPECT_EQ(draws.at(1).uv_rect, (std::array<f32, 4>{0, 0, 1, 1}));
+    EXPECT_EQ(draws.at(1).colour, (std::array{1.0f, 0.0f, 0.0f, 1.0f}));
+    EXPECT_EQ(draws.at(2).colour, (std::array{0.1f, 0.2f, 0.3f, 0.4f}));
+    EXPECT_EQ(draws.at(5).texture, font.texture);
+    headless_forget_calls();
+    card_draw({6, 6, 1}, 0, 0, 64);  // of no known kind
+    EXPECT_EQ(headless_draws()[1].texture, 0U);
+    EXPECT_EQ(headless_draws()[1].colour, (std::array{0.0f, 0.0f, 0.0f, 1.0f}));
+    card_draw({4, 4, 1}, 0, 0, 64);
+    EXPECT_EQ(headless_draws()[2].colour, (std::array{0.3f / 7, 0.0f, 1.0f / 7, 1.0f}));
 }
 
 TEST_F(drawing_test, KeysAndWheelMoveTheCamera) {
+    // clang-format off
     const struct {
         u32 key;
         int frames;
         f64 wheel, pointer_y;
         bool typing;
         f64 x, y, zoom;
-        // clang-format off
     } rows[] = {
         {key_a, 60, 0, 0, false, -120, 4, 2}, {key_d, 60, 0, 0, false, 136, 4, 2},
         {key_w, 60, 0, 0, false, 8, 132, 2}, {key_s, 60, 0, 0, false, 8, -124, 2},
@@ -119,8 +131,7 @@ TEST_F(drawing_test, KeysAndWheelMoveTheCamera) {
         {key_r, 1, 0, 0, false, 0, 0, 1}, {key_r, 1, 0, 0, true, 8, 4, 2},
         // The wheel rests over the bottom panel, the keys while a text is typed.
         {key_z, 1, 1, 655, false, 8, 4, 2.25}, {key_z, 1, 1, 656, false, 8, 4, 2},
-        {key_d, 60, 1, 0, true, 8, 4, 2.25}, {key_e, 60, 0, 0, true, 8, 4, 2},
-    };
+        {key_d, 60, 1, 0, true, 8, 4, 2.25}, {key_e, 60, 0, 0, true, 8, 4, 2}};
     // clang-format on
     auto step = [] {
         input_poll();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <map>
 #include <sstream>
 
 #include "render/pictures.h"
@@ -44,16 +43,11 @@ std::string numbers_of(gpu_op op) {
 
 TEST_F(renderer_test, EachPictureGetsItsSlot) {
     std::istringstream said(output_of(renderer_init));
-    std::map<u32, std::string> lines;  // handles count up from 1 in the order of loading
-    while (std::getline(said, lines[static_cast<u32>(lines.size()) + 1])) {}
-    const char* const names[] = {"circle",        "triangle",   "square",        "pentagon",
-                                 "hexagon",       "star",       "white",         "eye",
-                                 "stack",         "similarity", "gradient1",     "gradient2",
-                                 "gradient3",     "player",     "next_turn2",    "self_arrow",
-                                 "state_machine", "pushdown_m", "turing_machine"};
+    std::vector<std::string> lines(1);  // handles count up from 1 in the order of loading
+    while (std::getline(said, lines.emplace_back())) {}
     for (i64 slot = 0; slot < texture_slot_count; ++slot) {
-        EXPECT_NE(lines[texture_set.textures[slot]].find(names[slot]), std::string::npos)
-            << names[slot];
+        const std::string path = "resources/" + picture_name(slot) + ".png";
+        EXPECT_NE(lines.at(texture_set.textures[slot]).find(path), std::string::npos) << path;
     }
     // Clamped on both axes; with smaller copies, but for the target.
     EXPECT_EQ(numbers_of(gpu_op::texture_parameter_wrap).substr(0, 16), "1 0 2 ; 1 1 2 ; ");
@@ -97,6 +91,8 @@ TEST_F(renderer_test, AShaderOrATargetThatFailsIsNamed) {
     i64 textures = headless_live_objects(gpu_op::texture_create);
     headless_set_frame_buffer_status(8);
     EXPECT_EQ(output_of(render_target_rebuild), "frame buffer error: unsupported\n");
+    std::string texture = std::to_string(render_target.texture);
+    EXPECT_TRUE(numbers_of(gpu_op::frame_buffer_texture).ends_with("0 3 0 " + texture + " 0 ; "));
     EXPECT_EQ(headless_live_objects(gpu_op::texture_create), textures);
     EXPECT_EQ(headless_live_objects(gpu_op::frame_buffer_create), 1);
 }

@@ -3,6 +3,8 @@
 #include <sstream>
 
 #include "game/turn_update.h"
+#include "platform/headless/headless.h"
+#include "platform/input.h"
 #include "rules/cards.h"
 #include "rules/selection.h"
 #include "tests/support/game.h"
@@ -43,77 +45,33 @@ TEST_F(turns_test, IncompleteOrStaleSelectionsMoveNothing) {
     }
 }
 
-TEST_F(turns_test, AMoveDoesWhatItsFamilySays) {
-    // clang-format off
-    struct {
-        i64 kind;
-        selection_record chosen;
-        const char *hand, *discard, *tape;
-        i64 head;
-    } const rows[] = {
-        {state_machine, {0, 1, 0, no_card}, "Aa1 Cb2 Dd4", "", "Aa1 Bb2", 1},
-        {pushdown_machine, {0, 1, 0, 1}, "Aa1 Dd4", "Cb2", "Aa1 Bb2", 1},
-        {pushdown_machine, {0, 1, 1, 0}, "Cb2 Dd4", "Aa1", "Aa1 Bb2", 1},
-        {turing_machine, {0, 1, 0, no_card}, "Aa1 Cb2 Dd4", "", "Aa1 Cb2", 1},
-        {turing_machine, {0, 0, 4, no_card}, "Aa1 Cb2 Dd4", "", "Aa1 Bb4", 0},
-        {turing_machine, {0, 2, 5, 2}, "Aa1 Cb2 Dd4", "", "Aa1 Bb2", 1},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(&row - rows);
-        board_make(row.kind, "HH");
-        tape_head = 1;
-        discard_pile.cards.count = 0;
-        turn = {};
-        selection = row.chosen;
-        stone_stack[0] = 2;
-        game_map.origin_y = 100;
+TEST_F(turns_test, TheTurnPassesAndIsRevealed) {
+    golden_check("rules/passes", [&](const std::string& given) {
+        std::istringstream in(given);
+        std::string seats;
+        int from = 0;
+        in >> seats >> from >> turn.turn_revealed;
+        board_make(state_machine, seats);
+        turn = {static_cast<i8>(from), 0, no_winner, turn.turn_revealed, true, 0.001, 0, false};
         turn_update();
-        EXPECT_EQ(stones[0] + 10 * stones[1], row.chosen.target_state);
-        EXPECT_EQ(pile_text(players[0].hand), row.hand);
-        EXPECT_EQ(pile_text(discard_pile.cards), row.discard);
-        EXPECT_EQ(pile_text(tape), row.tape);
-        EXPECT_EQ(tape_head, row.head);
-        EXPECT_EQ(flight.moving_stone, 0);
-        EXPECT_EQ(flight.moving_from[1], 116);
-        EXPECT_EQ(turn.move_timer, 0.5);
-        // 0.5 less 30 times the double nearest to 1/60 is still a little above 0.
-        EXPECT_EQ(move_finish(), 31);
-        EXPECT_EQ(turn.current_player, 1);
-        EXPECT_EQ(selection.selected_state & selection.target_state, no_index);
-        EXPECT_EQ(selection.selected_card, no_card);
-    }
+        return game_text().substr(game_text().find("seat"));
+    });
 }
 
-TEST_F(turns_test, TheTurnPassesAndIsRevealed) {
-    // clang-format off
-    struct {
-        const char* seats;
-        i8 from, to;
-        bool revealed_before, revealed;
-        f64 think;
-    } const rows[] = {
-        {"H", 0, 0, false, true, 0}, {"H", 0, 0, true, true, 0}, {"0", 0, 0, true, true, 0.4},
-        {"H0", 0, 1, true, false, 0.4}, {"H0", 1, 0, false, true, 0}, {"HH", 1, 0, true, false, 0},
-        {"HH0", 1, 2, true, false, 0.4}, {"HH0", 2, 0, false, false, 0},
-        {"012", 2, 0, true, false, 0.4},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.seats);
-        board_make(state_machine, row.seats);
-        turn = {};
-        turn.current_player = row.from;
-        turn.turn_revealed = row.revealed_before;
-        turn.card_drawn = true;
-        turn.move_timer = 0.001;
-        turn_update();
-        EXPECT_EQ(turn.current_player, row.to);
-        EXPECT_EQ(turn.turn_revealed, row.revealed);
-        EXPECT_EQ(turn.think_timer, row.think);
-        EXPECT_FALSE(turn.card_drawn);
-        EXPECT_EQ(turn.winner, no_winner);
-    }
+TEST_F(turns_test, EveryUpdateRefillsAnEmptyDeck) {
+    board_make(pushdown_machine, "H");
+    deck.cards.count = 0;
+    pile_set(discard_pile.cards, "Bb2");
+    turn.move_timer = 0.4;
+    turn_update();
+    EXPECT_EQ(deck.cards.count, 0);  // not while a move is shown
+    turn.move_timer = 0;
+    turn_update();
+    EXPECT_EQ(pile_text(deck.cards), "Bb2");
+    hand_draw();
+    hand_draw();
+    EXPECT_EQ(pile_text(players[0].hand), "Aa1 Cb2 Dd4 Bb2 Aa1");
+    EXPECT_TRUE(turn.card_drawn);
 }
 
 // A case is an action in quotes, the head and the tape: the head and the tape afterwards.

@@ -131,6 +131,11 @@ std::string text_broken(std::string text, std::mt19937_64& random) {
     return text;
 }
 
+std::vector<std::string> words_of(const std::string& text) {
+    std::istringstream in(text);
+    return {std::istream_iterator<std::string>(in), {}};
+}
+
 std::string map_text() {
     text_builder text = {};
     map_write(text);
@@ -174,8 +179,7 @@ card card_of(std::string_view text) {
 
 void pile_set(dyn_array<card>& pile, std::string_view text) {
     pile.count = 0;
-    std::istringstream words{std::string(text)};
-    for (std::string word; words >> word;) {
+    for (const std::string& word : words_of(std::string(text))) {
         dyn_array_push(pile, card_of(word));
     }
 }

@@ -87,6 +87,9 @@ std::string output_of(action act) {
 // The loaded map as it is written.
 std::string map_text();
 
+// The words between its blanks.
+std::vector<std::string> words_of(const std::string& text);
+
 struct arc {
     u16 from;
     u16 to;

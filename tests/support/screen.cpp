@@ -12,13 +12,6 @@
 
 namespace {
 
-// clang-format off
-constexpr const char* picture_names[] = {
-    "circle", "triangle", "square", "pentagon", "hexagon", "star", "white", "eye", "stack",
-    "similarity", "gradient1", "gradient2", "gradient3", "player", "next_turn2", "self_arrow",
-    "state_machine", "pushdown_machine", "turing_machine", "unknown"};
-// clang-format on
-
 std::string font_text() {
     std::ostringstream text;
     text << "i font.png\n";
@@ -77,15 +70,14 @@ std::string tint_text(const gpu_draw& draw) {
 }
 
 // `texture_slot_count` for a texture that is no picture's.
-std::size_t slot_of(const gpu_draw& draw) {
+i64 slot_of(const gpu_draw& draw) {
     const u32* begin = texture_set.textures;
-    return static_cast<std::size_t>(std::find(begin, begin + texture_slot_count, draw.texture) -
-                                    begin);
+    return std::find(begin, begin + texture_slot_count, draw.texture) - begin;
 }
 
 std::string picture_line(const gpu_draw& draw) {
     corners place(draw);
-    return picture_names[slot_of(draw)] + (" " + number(place.low.x)) + number(place.low.y) +
+    return picture_name(slot_of(draw)) + " " + number(place.low.x) + number(place.low.y) +
            number(place.width()) + number(place.height()) + tint_text(draw);
 }
 
@@ -98,15 +90,13 @@ std::string arrow_line(const gpu_draw& shaft, const gpu_draw& head) {
 
 // The place of the colour among those of cards, 6 for none.
 i64 colour_index_of(const std::array<f32, 4>& tint) {
-    i64 index = 0;
-    while (index < 6) {
+    for (i64 index = 0; index < 6; ++index) {
         const colour& c = colour_rgba(index);
         if (tint == std::array{c.r, c.g, c.b, c.a}) {
-            break;
+            return index;
         }
-        index += 1;
     }
-    return index;
+    return 6;
 }
 
 std::string card_line(const draw_group& group) {
@@ -126,10 +116,10 @@ std::string spelling_of(const gpu_draw& draw, bool icons) {
             icons && std::string_view("ABCDEFabcdefT~").find(letter) != std::string::npos;
         return escaped ? std::string{'%', letter} : std::string{letter};
     }
-    std::size_t slot = slot_of(draw);
+    i64 slot = slot_of(draw);
     i64 dot = colour_index_of(draw.colour);
     bool is_dot = slot == texture_circle && dot < 6;
-    char letter = static_cast<char>(is_dot ? 'A' + dot : 'a' + static_cast<i64>(slot));
+    char letter = static_cast<char>(is_dot ? 'A' + dot : 'a' + slot);
     return {slot == texture_eye ? 'T' : slot == texture_similarity ? '~' : letter};
 }
 
@@ -201,15 +191,25 @@ std::string button_line(const gpu_draw& face, const draw_group& label) {
 
 }  // namespace
 
+std::string picture_name(i64 slot) {
+    // clang-format off
+    constexpr const char* names[] = {
+        "circle", "triangle", "square", "pentagon", "hexagon", "star", "white", "eye", "stack",
+        "similarity", "gradient1", "gradient2", "gradient3", "player", "next_turn2", "self_arrow",
+        "state_machine", "pushdown_machine", "turing_machine", "unknown"};
+    // clang-format on
+    return names[slot];
+}
+
 screen_test::screen_test() {
     std::string white = file_get(QUORREL_SOURCE_DIR "/resources/white.png");
     for (i64 slot = 0; slot < texture_slot_count; ++slot) {
-        file_put(std::string("resources/") + picture_names[slot] + ".png", white);
+        file_put("resources/" + picture_name(slot) + ".png", white);
     }
     file_put("resources/font.png", white);
     file_put("resources/font_info.txt", font_text());
-    for (const char* family : {"state", "pushdown", "turing"}) {
-        file_put(std::string("resources/") + family + "_maps.txt", "");
+    for (std::string_view family : family_names) {
+        file_put("resources/" + std::string(family) + "_maps.txt", "");
     }
 }
 

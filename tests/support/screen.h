@@ -37,6 +37,8 @@ struct point {
     f64 y;
 };
 
+// The name of a slot's picture file, "unknown" for none.
+std::string picture_name(i64 slot);
 // Where the unit quad's point (u, v) of a draw lands.
 point place_of(const gpu_draw& draw, f64 u, f64 v);
 
