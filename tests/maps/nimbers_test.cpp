@@ -77,8 +77,16 @@ TEST_F(nimbers_test, AMapMayHaveAMillionTransitions) {
     }
     EXPECT_EQ(output_of(nimbers_compute), "");
     EXPECT_EQ(state_nimber(1), 1);
+    while (game_map.states.count < no_index) {  // with as many states the search gives up
+        map_add_state(0, 0, 0);
+    }
+    for (transition& arc : game_map.transitions) {
+        arc.from = no_index - 1;
+    }
     arena_rewind(arena_frame, 0);
+    EXPECT_EQ(output_of(nimbers_compute), failure);
     map_add_transition(1, 0, 0, 0, 0, {});
+    arena_rewind(arena_frame, 0);
     EXPECT_EQ(output_of(nimbers_compute), failure);
     EXPECT_EQ(state_nimber(1), no_nimber);
 }

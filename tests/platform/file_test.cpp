@@ -71,16 +71,13 @@ TEST_F(file_test, only_regular_files_open) {
         EXPECT_TRUE(path[0] == 'm' || path[0] == '/' || !file_replace(path, "new"));
     }
     EXPECT_FALSE(file_replace("folder/", "new") || file_replace("a/below", "new"));
-    EXPECT_FALSE(file_replace("folder/" + std::string(300, 'n'), "new"));
     EXPECT_TRUE(fs::is_fifo("pipe"));
-    EXPECT_EQ(file_get("a"), "content");
     // What the target became while it was written.
     file_id file = file_open("late/target", file_mode_write);
     fs::create_directory("late/target");
     file_close(file);
     EXPECT_TRUE(file_failed(file));
     EXPECT_EQ(names_in("late"), std::vector<std::string>{"target"});
-    EXPECT_EQ(names_in("folder"), std::vector<std::string>{});
 }
 
 TEST_F(file_test, a_failed_or_discarded_write_leaves_the_old_file_whole_and_nothing_beside_it) {
@@ -102,7 +99,10 @@ TEST_F(file_test, a_replaced_file_keeps_its_permissions_and_its_link) {
     file_put("real", "old");
     fs::permissions("real", fs::perms::owner_read | fs::perms::owner_write);
     fs::create_symlink("real", "link");
-    EXPECT_TRUE(file_replace("link", "new"));
+    const mode_t mask = umask(026);
+    EXPECT_TRUE(file_replace("link", "new") && file_replace("fresh", "") && file_replace("z", ""));
+    EXPECT_EQ(umask(mask), 026U);
+    EXPECT_EQ(fs::status("fresh").permissions(), fs::perms(0640));
     EXPECT_TRUE(fs::is_symlink("link"));
     EXPECT_EQ(file_get("real"), "new");
     EXPECT_EQ(fs::status("real").permissions(), fs::perms::owner_read | fs::perms::owner_write);

@@ -43,6 +43,10 @@ TEST_F(frame_test, StartUp) {
     random_state seeded = random_generator;
     random_seed(12345);
     EXPECT_EQ(random_generator, seeded);
+    frame();
+    i64 used = arenas[arena_frame].offset;
+    frame();
+    EXPECT_EQ(arenas[arena_frame].offset, used);
     // What the renderer loaded was given back before the title map and the catalogues came.
     EXPECT_LT(arenas[arena_persistent].offset, 4096);
     EXPECT_EQ(catalogues[turing_machine].count, 1);

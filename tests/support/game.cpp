@@ -137,8 +137,10 @@ std::vector<std::string> words_of(const std::string& text) {
 }
 
 std::string map_text() {
+    const i64 used = arenas[arena_persistent].offset;
     text_builder text = {};
     map_write(text);
+    arena_rewind(arena_persistent, used);
     return string_of(text_builder_text(text));
 }
 

@@ -84,7 +84,7 @@ std::string output_of(action act) {
     return testing::internal::GetCapturedStdout();
 }
 
-// The loaded map as it is written.
+// The loaded map as it is written; the arena is left as it was.
 std::string map_text();
 
 // The words between its blanks.

@@ -78,7 +78,8 @@ i64 slot_of(const gpu_draw& draw) {
 std::string picture_line(const gpu_draw& draw) {
     corners place(draw);
     return picture_name(slot_of(draw)) + " " + number(place.low.x) + number(place.low.y) +
-           number(place.width()) + number(place.height()) + tint_text(draw);
+           number(place.width()) + number(place.height()) +
+           (draw.uv_rect == std::array{0.0f, 0.0f, 1.0f, 1.0f} ? "" : "in part ") + tint_text(draw);
 }
 
 std::string arrow_line(const gpu_draw& shaft, const gpu_draw& head) {

@@ -56,29 +56,7 @@ TEST_F(tools_test, WhatIsDoubtfulIsNamed) {
     });
 }
 
-u8 nimber_sum() {
-    u8 sum = 0;
-    for (u16 state : stones) {
-        sum ^= state_nimber(state);
-    }
-    return sum;
-}
-
-// Plays to the end; the hard seat that was first to move from a sum other than 0, none for none.
-u8 seat_bound_to_win() {
-    u8 bound = no_winner;
-    for (i64 updates = 0; turn.winner == no_winner && updates < 100'000; ++updates) {
-        if (bound == no_winner && turn.move_timer <= 0 &&
-            current_seat().strength == strength_hard && nimber_sum() != 0) {
-            bound = static_cast<u8>(turn.current_player);
-        }
-        arena_rewind(arena_frame, 0);
-        turn_update();
-    }
-    return bound;
-}
-
-TEST_F(tools_test, ShippedMapsAreSilentAndAHardSeatThatCanWinDoes) {
+TEST_F(tools_test, ShippedMapsAreSilent) {
     std::vector<shipped_map> maps = shipped_maps();
     EXPECT_GE(maps.size(), 3 * 14U);
     for (const shipped_map& map : maps) {
@@ -90,15 +68,6 @@ TEST_F(tools_test, ShippedMapsAreSilentAndAHardSeatThatCanWinDoes) {
         auto family = static_cast<machine_kind_value>(map.kind);
         EXPECT_EQ(joined(lines_check(str_of(map.text), family)), "");
         EXPECT_EQ(joined(map_check(cyclic)) + joined(layout_check()), "");
-        for (const char* seats : {"20", "02", "21", "22"}) {
-            if (machine_kind == state_machine && !cyclic) {
-                map_read(str_of(map.text));
-                seats_make(seats);
-                game_start();
-                u8 bound = seat_bound_to_win();
-                EXPECT_TRUE(bound == no_winner || bound == turn.winner) << seats;
-            }
-        }
     }
 }
 
