@@ -15,9 +15,10 @@ shading=24
 declare -A ink=([red]="255 0 0" [blue]="0 0 255")
 
 declare -A buttons=(
+    [family_before]="352 112" [family_after]="672 112"
     [play_game]="512 752" [editor]="816 752"
     [seats_fewer]="352 96" [seats_ok]="512 768" [second_seat_stronger]="768 288"
-    [map_after]="672 112" [map_play]="512 752"
+    [map_after]="672 112" [map_play]="512 752" [map_edit]="512 752"
     [deck]="384 80" [end_turn]="944 80"
 )
 

@@ -30,7 +30,8 @@ TEST_F(catalogue_test, LinesBecomeEntries) {
         std::replace(text.begin(), text.end(), ';', '\n');
         file_put("list", text);
         catalogue list = {};
-        std::string read = output_of([&] { catalogue_load(list, "list"); }) + entries_text(list);
+        std::string read = output_of([&] { catalogue_load(list, "list"); });
+        read += entries_text(list);
         std::replace(read.begin(), read.end(), '\n', ';');
         return read;
     });

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <numeric>
 #include <random>
-#include <sstream>
 
 #include "tests/support/game.h"
 
@@ -12,26 +11,6 @@ namespace {
 using nimbers_test = game_test;
 
 constexpr const char* failure = "failed to calculate nimbers!\n";
-
-// A case is the number of states and the transitions: what is said and the nimbers.
-TEST_F(nimbers_test, SmallMaps) {
-    golden_check("maps/nimbers", [](const std::string& given) {
-        std::istringstream in(given);
-        std::size_t count = 0;
-        in >> count;
-        std::vector<arc> arcs;
-        for (arc a; in >> a.from >> a.to;) {
-            arcs.push_back(a);
-        }
-        std::string found =
-            output_of([&] { map_make(state_machine, std::string(count, '.'), arcs); });
-        found = found == "" ? "known" : found == failure ? "failed" : found;
-        for (u16 s = 0; s < count; ++s) {
-            found += " " + std::to_string(state_nimber(s));
-        }
-        return found;
-    });
-}
 
 // On any map without a cycle, a nimber is the smallest value that no successor has.
 TEST_F(nimbers_test, TheSmallestExcludedValue) {

@@ -43,16 +43,16 @@ TEST_F(frame_test, StartUp) {
     random_state seeded = random_generator;
     random_seed(12345);
     EXPECT_EQ(random_generator, seeded);
-    frame();
-    i64 used = arenas[arena_frame].offset;
-    frame();
-    EXPECT_EQ(arenas[arena_frame].offset, used);
     // What the renderer loaded was given back before the title map and the catalogues came.
     EXPECT_LT(arenas[arena_persistent].offset, 4096);
     EXPECT_EQ(catalogues[turing_machine].count, 1);
     EXPECT_EQ(numbers_of(gpu_op::pipeline_cull_enable), std::vector<i64>{1});
     EXPECT_EQ(numbers_of(gpu_op::pipeline_cull_orientation), std::vector<i64>{1});
     EXPECT_EQ(numbers_of(gpu_op::pipeline_blend_factor), (std::vector<i64>{3, 9}));
+    frame();
+    i64 used = arenas[arena_frame].offset;
+    frame();
+    EXPECT_EQ(arenas[arena_frame].offset, used);
 }
 
 TEST_F(frame_test, EscapeGoesBackFromEveryScreen) {

@@ -87,6 +87,7 @@ TEST_F(renderer_test, AShaderOrATargetThatFailsIsNamed) {
         EXPECT_EQ(headless_live_objects(gpu_op::shader_create), nth + 1);
     }
     headless_reset();
+    headless_record(true);
     init();
     i64 textures = headless_live_objects(gpu_op::texture_create);
     headless_set_frame_buffer_status(8);
