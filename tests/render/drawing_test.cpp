@@ -2,14 +2,11 @@
 // through.
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <sstream>
 
 #include "game/card_drawing.h"
-#include "render/button.h"
 #include "render/camera.h"
-#include "render/font.h"
 #include "render/goal_text.h"
 #include "render/pictures.h"
 #include "render/renderer.h"
@@ -91,28 +88,6 @@ TEST_F(drawing_test, WhatIsDrawnWhere) {
         }
         return draws_text();
     });
-}
-
-TEST_F(drawing_test, TheWorldIsSeenThroughTheCamera) {
-    camera = {100, 50, 2, 256};
-    camera_matrices_build(1024, 832);
-    sprite_draw(texture_eye, {150, 75, 10, 20}, some_tint, world_space);
-    EXPECT_EQ(drawn(), "eye 100 50 20 40 (0.1 0.2 0.3 0.4)\n");
-    world_point seen = view_world_point(612, 466);
-    EXPECT_EQ(seen.x, 150);
-    EXPECT_EQ(seen.y, 75);
-    text_draw("AbT~G%A", 0, 0, 256, some_tint, screen_space, text_icons);
-    std::vector<gpu_draw> draws = headless_draws();
-    EXPECT_EQ(draws.at(1).uv_rect, (std::array<f32, 4>{0, 0, 1, 1}));
-    EXPECT_EQ(draws.at(1).colour, (std::array{1.0f, 0.0f, 0.0f, 1.0f}));
-    EXPECT_EQ(draws.at(2).colour, (std::array{0.1f, 0.2f, 0.3f, 0.4f}));
-    EXPECT_EQ(draws.at(5).texture, font.texture);
-    headless_forget_calls();
-    card_draw({6, 6, 1}, 0, 0, 64);  // of no known kind
-    EXPECT_EQ(headless_draws()[1].texture, 0U);
-    EXPECT_EQ(headless_draws()[1].colour, (std::array{0.0f, 0.0f, 0.0f, 1.0f}));
-    card_draw({4, 4, 1}, 0, 0, 64);
-    EXPECT_EQ(headless_draws()[2].colour, (std::array{0.3f / 7, 0.0f, 1.0f / 7, 1.0f}));
 }
 
 // A case is a held key, for how many frames, the wheel, the pointer's row and whether a text is

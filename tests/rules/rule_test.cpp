@@ -65,20 +65,4 @@ TEST_F(rule_test, TheFirst1024BytesThatCountAreJudged) {
     }
 }
 
-TEST_F(rule_test, NestingMayBeOfAnyDepth) {
-    for (auto [open, close, depth, cards] : {std::tuple{"(", ")", 511, 216},
-                                             {"(", ")", 512, 0},
-                                             {"(", ")", 100'000, 0},
-                                             {"!(", ")", 340, 216},
-                                             {"!(", ")", 339, 0},
-                                             {"!(A,", ")", 204, 216},
-                                             {"!(A,A,A,A,A,A,A,", ")", 60, 216},
-                                             {"!(!A,!A,!A,!A,!A,!A,!A,", ")", 40, 216},
-                                             {"~(", ")", 100'000, 0},
-                                             {"A&(", "", 100'000, 0}}) {
-        std::string rule = repeated(open, depth) + "*" + repeated(close, depth);
-        EXPECT_EQ(cards_allowed("", rule), cards) << open << depth;
-    }
-}
-
 }  // namespace

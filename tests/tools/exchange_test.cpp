@@ -30,14 +30,6 @@ TEST_F(exchange_test, ACodeHoldsAMap) {
         EXPECT_EQ(map.name, "my_map");
         EXPECT_EQ(map.text, "map 0 0 128\n* 0 0\n");
     }
-    std::string bytes;
-    for (int i = 0; i < 3000; ++i) {
-        bytes += static_cast<char>(i * i);
-        map = {pushdown_machine, "n", ". 0 0\n" + bytes};
-        named_map read;
-        ASSERT_TRUE(i % 100 != 0 || map_code_read(map_code(map), read));
-        EXPECT_TRUE(i % 100 != 0 || read.text == map.text);
-    }
 }
 
 TEST_F(exchange_test, WhatIsNoCodeIsRefused) {

@@ -22,19 +22,6 @@ TEST_F(explain_test, RulesAreSaidInWords) {
     });
 }
 
-// As a whole and in parts, a rule means what the game takes it for.
-TEST_F(explain_test, PartsMakeTheWhole) {
-    pile_set(discard_pile.cards, "Bb2");
-    for (const char* rule :
-         {"~(A,B)&!(T1)|c^2", "!(A,~(B|1),T(b,c))", "(A^B)&(T(~2,!A)|3)&(b|c)"}) {
-        rule_part whole = rule_parts_read(rule);
-        for (i64 value = 0; value < card_value_count; ++value) {
-            card played = card_of_value(value);
-            EXPECT_EQ(rule_part_holds(whole, played), rule_matches(str_of(rule), played));
-        }
-    }
-}
-
 TEST_F(explain_test, GoalsAndCardsAreSaidInWords) {
     EXPECT_EQ(goal_sentence({measure_sum, compare_exactly, 7, {}, {}}),
               "the numbers on the tape add up to exactly 7");
