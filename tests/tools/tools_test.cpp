@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "game/turn_update.h"
 #include "maps/reader.h"
-#include "rules/deal.h"
 #include "tests/support/screen.h"
 #include "tools/layout_check.h"
 #include "tools/line_check.h"
@@ -54,21 +52,6 @@ TEST_F(tools_test, WhatIsDoubtfulIsNamed) {
         });
         return found;
     });
-}
-
-TEST_F(tools_test, ShippedMapsAreSilent) {
-    std::vector<shipped_map> maps = shipped_maps();
-    EXPECT_GE(maps.size(), 3 * 14U);
-    for (const shipped_map& map : maps) {
-        SCOPED_TRACE(map.path);
-        const bool cyclic = map.path.parent_path().filename() == "cyclic";
-        machine_kind = map.kind;
-        settings = {};
-        output_of([&] { map_read(str_of(map.text)); });
-        auto family = static_cast<machine_kind_value>(map.kind);
-        EXPECT_EQ(joined(lines_check(str_of(map.text), family)), "");
-        EXPECT_EQ(joined(map_check(cyclic)) + joined(layout_check()), "");
-    }
 }
 
 // Wins of the first seat, turns of the first game, moves, passes, draws and unfinished games.
