@@ -49,10 +49,9 @@ TEST_F(frame_test, StartUp) {
     EXPECT_EQ(numbers_of(gpu_op::pipeline_cull_enable), std::vector<i64>{1});
     EXPECT_EQ(numbers_of(gpu_op::pipeline_cull_orientation), std::vector<i64>{1});
     EXPECT_EQ(numbers_of(gpu_op::pipeline_blend_factor), (std::vector<i64>{3, 9}));
+    arenas[arena_frame].offset = 1 << 20;
     frame();
-    i64 used = arenas[arena_frame].offset;
-    frame();
-    EXPECT_EQ(arenas[arena_frame].offset, used);
+    EXPECT_LT(arenas[arena_frame].offset, 1 << 20);
 }
 
 TEST_F(frame_test, EscapeGoesBackFromEveryScreen) {

@@ -14,6 +14,7 @@ TEST_F(check_test, NamesWhatIsBroken) {
         {"hand shares storage with tape", [] { players[1].hand.data = tape.data + 1; }},
         {"tape: outside the arena's used part", [] { tape.capacity = 1 << 20; }},
         {"stones: not in the persistent arena", [] { stones.arena_id = arena_frame; }},
+        {"deck: a card that does not exist", [] { deck.cards[1].number = 0; }},
         {"hand: a card that does not exist", [] { players[0].hand[0].shape = 6; }},
         {"a nimber is out of its range", [] { game_map.nimbers[1] = 128; }},
         {"a seat's kind of player does not exist", [] { players[1].strength = strength_count; }},
