@@ -79,6 +79,16 @@ void context_attributes(u32 options, u32 samples) {
     }
 }
 
+// Where the driver can, a context that is lost is told as a GPU error, which ends the game.
+SDL_GLContext context_make() {
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_RESET_NOTIFICATION, SDL_GL_CONTEXT_RESET_LOSE_CONTEXT);
+    if (SDL_GLContext made = SDL_GL_CreateContext(window); made != nullptr) {
+        return made;
+    }
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_RESET_NOTIFICATION, SDL_GL_CONTEXT_RESET_NO_NOTIFICATION);
+    return SDL_GL_CreateContext(window);
+}
+
 // Without its picture the window has the icon of its desktop's choice.
 void icon_set() {
     constexpr i64 icon_bytes_max = 4 * 256 * 256;
@@ -177,7 +187,7 @@ void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
         open_failed(SDL_GetError());
     }
     icon_set();
-    context = SDL_GL_CreateContext(window);
+    context = context_make();
     if (context == nullptr) {
         open_failed(SDL_GetError());
     }
