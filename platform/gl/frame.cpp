@@ -1,7 +1,6 @@
 #include "platform/gl/frame.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -54,7 +53,8 @@ void frame_keep_reals(frame_call call, std::initializer_list<u32> words,
     *place++ = static_cast<u32>(call);
     *place++ = static_cast<u32>(count);
     place = std::copy(words.begin(), words.end(), place);
-    std::transform(reals.begin(), reals.end(), place, std::bit_cast<u32, f32>);
+    std::span<const std::byte> bits = std::as_bytes(reals);
+    std::copy(bits.begin(), bits.end(), reinterpret_cast<std::byte*>(place));
 }
 
 void frame_flush() {
