@@ -35,7 +35,7 @@ function progress_show(status) {
 }
 
 function unkept_show() {
-    const maps = [...store.unkept].filter(path => path.includes("/custom_"))
+    const maps = [...store.unkept].filter(path => /\/custom_[^/]*\/[^.]/.test(path))
         .map(path => path.replace(/.*\//, ""));
     if (maps.length > 0) {
         const reason = store.reason || "the browser has no room for more";

@@ -53,6 +53,12 @@ MADE_PLACES = [(384, 416), (640, 416)]
 MADE_PREVIEW = dict(zip(MADE_PLACES, (STONE, ACCEPTING)))
 
 NO_DATABASE = "Object.defineProperty(window, 'indexedDB', {value: undefined});"
+FULL_DISK = """
+const put = IDBObjectStore.prototype.put;
+IDBObjectStore.prototype.put = function (...file) {
+    put.apply(this, file);
+    this.transaction.abort();
+};"""
 
 
 def say(what):
@@ -220,6 +226,14 @@ def main():
         browser.open(server.address)
         browser.wait_shows("the title menu", TITLE)
     server = Server(sys.argv[1])
+    with Browser(before=FULL_DISK) as browser:
+        say("on a full disk")
+        open_title(browser, server.address)
+        browser.click(EDITOR)
+        browser.wait_shows("the editor", BOARD)
+        browser.press("s", held=Keys.CONTROL)
+        browser.press("ab" + Keys.ENTER)
+        browser.wait_text("notice", "has no room for more: ab.")
     with Browser(before=NO_DATABASE) as browser:
         say("without a database, without WebGL 2")
         open_title(browser, server.address)
