@@ -1,6 +1,5 @@
 #include "maps/family.h"
 
-#include "maps/model.h"
 #include "maps/scan.h"
 
 namespace {
@@ -66,6 +65,15 @@ family_signs signs_find(str text) {
 }
 
 }  // namespace
+
+i64 family_named(str name) {
+    for (i64 family = 0; family < machine_kind_count; ++family) {
+        if (family_names[family] == name) {
+            return family;
+        }
+    }
+    return no_family;
+}
 
 bool text_is_map(str text) {
     return signs_find(text).map;

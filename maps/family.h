@@ -5,8 +5,15 @@
 
 #include "base/str.h"
 #include "base/types.h"
+#include "maps/model.h"
 
 inline constexpr i64 no_family = -1;
+
+// What command lines, kept files and codes call the families.
+inline constexpr str family_names[machine_kind_count] = {"state", "pushdown", "turing"};
+
+// The family of that name, `no_family` when there is none.
+i64 family_named(str name);
 
 // Whether a line of it is one that every map has: a view or a state, with its numbers.
 bool text_is_map(str text);

@@ -5,6 +5,7 @@
 
 #include "base/message.h"
 #include "base/text_builder.h"
+#include "maps/family.h"
 #include "maps/model.h"
 #include "maps/writer.h"
 #include "platform/file.h"
@@ -17,7 +18,6 @@ namespace {
 constexpr i64 kept_count = 100;
 constexpr i64 name_limit = 200;  // bytes; file systems take 255 with family and date
 constexpr i64 kept_path_limit = name_limit + 32;
-constexpr str family_names[machine_kind_count] = {"state", "pushdown", "turing"};
 
 // Mixes a value into a fingerprint.
 void print_add(u64& print, u64 value) {
@@ -151,12 +151,11 @@ bool kept_path_read(str path, str& name, i64& family) {
     str date = str_after_last(file, '.');
     str rest = {file.data, std::max(i64{0}, file.length - date.length - 1)};
     str word = str_after_last(rest, '.');
-    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
-        if (word == family_names[kind] && word.length < rest.length) {
-            name = {rest.data, rest.length - word.length - 1};
-            family = kind;
-            return true;
-        }
+    i64 named = family_named(word);
+    if (named == no_family || word.length == rest.length) {
+        return false;
     }
-    return false;
+    name = {rest.data, rest.length - word.length - 1};
+    family = named;
+    return true;
 }

@@ -141,6 +141,11 @@ void map_clear();
 bool state_exists(i64 index);
 // How many states an index can name; a file may hold more, which are only drawn.
 i64 named_state_count();
+// One value for each state that an index can name, in the frame arena.
+template <typename element>
+element* per_state(element value) {
+    return frame_array<element>(named_state_count(), value);
+}
 // Whether both of its states exist.
 bool transition_exists(const transition& arc);
 

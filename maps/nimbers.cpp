@@ -95,7 +95,7 @@ void nimbers_forget() {
 // once. As no state waits three times, the stack stays in the order of the map's states and
 // transitions.
 bool search(const successor_lists& lists, dyn_array<u16>& stack) {
-    u8* waited = frame_array<u8>(named_state_count(), 0);
+    u8* waited = per_state<u8>(0);
     for (i64 budget = step_budget; stack.count > 0;) {
         budget -= 1;
         if (budget == 0) {

@@ -49,7 +49,7 @@ f64 preview_factor() {
 }
 
 void preview_stones_draw(const map_placement& place) {
-    i64* drawn = frame_array<i64>(named_state_count(), 0);
+    i64* drawn = per_state<i64>(0);
     for (u16 state : stones) {
         if (state_exists(state)) {
             world_point centre = placed_centre(place, state);

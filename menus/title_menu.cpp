@@ -22,14 +22,14 @@ namespace {
 
 constexpr f64 half_height = 400;
 constexpr f64 picture_turn = 2.0943951023931953;  // radians per second
-constexpr str family_names[machine_kind_count] = {"State", "Pushdown", "Turing"};
+constexpr str family_titles[machine_kind_count] = {"State", "Pushdown", "Turing"};
 
 void family_choose(menu_centre centre) {
     assert(0 <= machine_kind && machine_kind < machine_kind_count);
     f64 y = centre.y + half_height - 96;
     machine_kind = floor_modulo(machine_kind + menu_stepper(centre.x, y, 160), machine_kind_count);
     label_draw("Game Mode", centre.x, centre.y + half_height - 48);
-    label_draw(family_names[machine_kind], centre.x, y);
+    label_draw(family_titles[machine_kind], centre.x, y);
 }
 
 void picture_draw(menu_centre centre) {

@@ -1,12 +1,10 @@
 #include "program/command_line.h"
 
 #include <getopt.h>
-#include <cassert>
 
+#include <cassert>
 #include <cstdio>
 #include <cstring>
-
-#include "maps/model.h"
 
 namespace {
 
@@ -44,14 +42,11 @@ constexpr option options[] = {
 };
 
 bool family_read(const char* name, i64& family) {
-    constexpr const char* names[machine_kind_count] = {"state", "pushdown", "turing"};
-    for (family = 0; family < machine_kind_count; ++family) {
-        if (std::strcmp(names[family], name) == 0) {
-            return true;
-        }
+    family = family_named({name, static_cast<i64>(std::strlen(name))});
+    if (family == no_family) {
+        std::fprintf(stderr, "quorrel: no such family: %s\n", name);
     }
-    std::fprintf(stderr, "quorrel: no such family: %s\n", name);
-    return false;
+    return family != no_family;
 }
 
 int answer(const char* text) {

@@ -31,7 +31,7 @@ struct gamma_shader_record {
     i32 gamma;
 };
 
-// The shell sets the size and the flag, this module the handles.
+// The size and the flag are set by `fullscreen_toggle`, the handles here.
 struct render_target_record {
     i32 width = 1024;  // pixels, of the window too
     i32 height = 832;

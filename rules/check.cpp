@@ -36,9 +36,9 @@ struct storage {
     std::uintptr_t end;
 };
 
-// Every array that outlives a frame.
+// Every array that outlives a frame, in this room and those below.
 struct storage_list {
-    storage items[8 + machine_kind_count + player_limit];
+    storage items[8 + 2 * machine_kind_count + player_limit];
     i64 count;
 };
 
@@ -91,6 +91,9 @@ str arrays_fault() {
     }
     for (const catalogue& family : catalogues) {
         check("catalogue", family);
+    }
+    for (const catalogue& family : known_catalogues) {
+        check("known catalogue", family);
     }
     return fault;
 }

@@ -2,7 +2,6 @@
 
 // Which moves are open, what a move does and how a turn ends; shared by human and computer seats.
 
-#include "base/arena.h"
 #include "base/str.h"
 #include "base/types.h"
 #include "maps/model.h"
@@ -13,12 +12,6 @@ inline constexpr f64 think_after_turn = 0.4;  // seconds a computer seat waits w
 
 // The first stone on `state`, `no_index` when there is none.
 u16 stone_find(u16 state);
-
-// One value for each state that an index can name, in the frame arena.
-template <typename element>
-element* per_state(element value) {
-    return frame_array<element>(named_state_count(), value);
-}
 
 // The first stone on every state and how many stand there, in the frame arena.
 struct stone_table {

@@ -39,8 +39,8 @@ option_form text_form(std::string_view name, std::string_view& text) {
 
 option_form family_form(i64& family) {
     return {"--family", true, [&family](std::string_view value) {
-                family = name_find(family_names, value);
-                return family >= 0;
+                family = family_named(str_from(value));
+                return family != no_family;
             }};
 }
 

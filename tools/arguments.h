@@ -18,9 +18,6 @@ enum exit_status { all_well = 0, doubtful = 1, not_understood = 2 };
 
 using words = std::vector<std::string_view>;
 
-inline constexpr std::string_view family_names[] = {"state", "pushdown", "turing"};
-static_assert(std::size(family_names) == machine_kind_count);
-
 // The place of `name` among `names`, -1 when it is none of them.
 template <std::size_t count>
 i64 name_find(const std::string_view (&names)[count], std::string_view name) {

@@ -45,7 +45,7 @@ int check_command(words arguments) {
     if (!options_take(arguments, {flag_form("--cyclic", cyclic), seats_form})) {
         return not_understood;
     }
-    i64 family = arguments.empty() ? no_family : name_find(family_names, arguments[0]);
+    i64 family = arguments.empty() ? no_family : family_named(str_from(arguments[0]));
     if (family == no_family || arguments.size() < 2) {
         return complain("check", "wants a family and files");
     }

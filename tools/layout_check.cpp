@@ -40,16 +40,11 @@ struct drawn_board {
 const shape unit_quad = rectangle_shape(0, 0, 1, 1);
 const shape arrow_tip = {{0, 0}, {1, 0}, {0.5, 1}};
 
-std::string arc_name(std::size_t index, const transition& arc) {
-    return "transition " + std::to_string(index) + " (" + std::to_string(arc.from) + " to " +
-           std::to_string(arc.to) + ")";
-}
-
-drawn_arc arc_draw(std::size_t index) {
-    const transition& arc = game_map.transitions[static_cast<i64>(index)];
+drawn_arc arc_draw(i64 index) {
+    const transition& arc = game_map.transitions[index];
     std::vector<gpu_draw> draws =
         draws_of([&] { transition_draw(on_board, arc, transition_tint); });
-    drawn_arc drawn = {arc, arc_name(index, arc), {}, {}, {}};
+    drawn_arc drawn = {arc, transition_name(index), {}, {}, {}};
     std::size_t used = 0;
     if (arc.from == arc.to) {
         drawn.ring_centre = placed(draws[0], loop_ring_centre);
@@ -60,7 +55,7 @@ drawn_arc arc_draw(std::size_t index) {
         drawn.lines.push_back(placed(draws[1], arrow_tip));
         used = 2;
     }
-    if (is_caption(static_cast<i64>(index))) {
+    if (is_caption(index)) {
         drawn.lines.clear();
     }
     std::vector<shape> glyphs;
@@ -88,14 +83,10 @@ drawn_board board_draw() {
     }
     for (i64 t = 0; t < game_map.transitions.count; ++t) {
         if (transition_exists(game_map.transitions[t])) {
-            board.arcs.push_back(arc_draw(static_cast<std::size_t>(t)));
+            board.arcs.push_back(arc_draw(t));
         }
     }
     return board;
-}
-
-std::string state_name(std::size_t state) {
-    return "state " + std::to_string(state);
 }
 
 bool any_overlaps(const std::vector<shape>& lines, const shape& s) {

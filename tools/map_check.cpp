@@ -16,16 +16,6 @@ namespace {
 // Searching the tapes takes the cube of their length; a longer one does not fit a window.
 constexpr i64 tape_search_limit = 64;
 
-std::string state_name(i64 state) {
-    return "state " + std::to_string(state);
-}
-
-std::string transition_name(i64 index) {
-    const transition& arc = game_map.transitions[index];
-    return "transition " + std::to_string(index) + " (" + std::to_string(arc.from) + " to " +
-           std::to_string(arc.to) + ")";
-}
-
 void references_check(remarks& found) {
     for (i64 i = 0; i < stones.count; ++i) {
         if (!state_exists(stones[i])) {

@@ -88,7 +88,7 @@ bool line_take(std::string_view& text, std::string_view& line) {
 }  // namespace
 
 std::string map_code(const named_map& map) {
-    std::string bytes(family_names[map.family]);
+    std::string bytes(view_of(family_names[map.family]));
     bytes += "\n" + map.name + "\n" + map.text;
     return base64(deflated(bytes));
 }
@@ -104,6 +104,6 @@ bool map_code_read(std::string_view code, named_map& map) {
     if (!line_take(rest, family) || !line_take(rest, name)) {
         return false;
     }
-    map = {name_find(family_names, family), std::string(name), std::string(rest)};
+    map = {family_named(str_from(family)), std::string(name), std::string(rest)};
     return map.family != no_family && text_is_map(str_from(map.text));
 }

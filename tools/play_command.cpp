@@ -137,7 +137,7 @@ int play_command(words arguments) {
     if (!options_take(arguments, {seats_form(options), games_form(options), seed_form(options)})) {
         return not_understood;
     }
-    i64 family = arguments.empty() ? no_family : name_find(family_names, arguments[0]);
+    i64 family = arguments.empty() ? no_family : family_named(str_from(arguments[0]));
     if (family == no_family || arguments.size() != 2 || options.seats.empty()) {
         return complain("play", "wants a family, a file and seats");
     }

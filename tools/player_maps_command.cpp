@@ -58,7 +58,7 @@ bool entry_select(std::string_view name, i64 family) {
 void family_list(i64 family, bool all) {
     for (const catalogue_entry& entry : catalogues[family]) {
         if (all || !view_of(entry.path).starts_with(shipped_folder)) {
-            put(family_names[family], ink_faint);
+            put(view_of(family_names[family]), ink_faint);
             put(" ");
             put(view_of(entry.name), ink_name);
             put(" ");
@@ -127,7 +127,7 @@ int list_command(words arguments) {
     if (!options_take(arguments, {text_form("--directory", directory), flag_form("--all", all)})) {
         return not_understood;
     }
-    i64 wanted = arguments.empty() ? no_family : name_find(family_names, arguments[0]);
+    i64 wanted = arguments.empty() ? no_family : family_named(str_from(arguments[0]));
     if (arguments.size() > 1 || (!arguments.empty() && wanted == no_family)) {
         return complain("list", "wants a family or nothing");
     }

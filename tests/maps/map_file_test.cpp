@@ -64,7 +64,7 @@ TEST_F(map_file_test, AMapThatMemoryCannotHoldChangesNothing) {
 TEST_F(map_file_test, RecordsAreReadAndWrittenInTheirCanonicalForm) {
     golden_check("maps/records", [](const std::string& given) {
         std::size_t end = given.find(' ');
-        machine_kind = family_named(given.substr(0, end));
+        machine_kind = family_named(str_of(given.substr(0, end)));
         std::string text = given.substr(end + 1);
         std::replace(text.begin(), text.end(), ';', '\n');
         std::string written[2];

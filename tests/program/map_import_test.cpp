@@ -10,8 +10,8 @@ namespace {
 class map_import_test : public game_test {
   protected:
     map_import_test() {
-        for (std::string_view family : family_names) {
-            file_put("resources/" + std::string(family) + "_maps.txt", "");
+        for (str family : family_names) {
+            file_put("resources/" + string_of(family) + "_maps.txt", "");
         }
         catalogues_load();
     }
@@ -60,7 +60,7 @@ TEST_F(map_import_test, lines_tell_the_family) {
     golden_check("program/families", [](std::string text) {
         std::replace(text.begin(), text.end(), ';', '\n');
         i64 family = map_family_find(str_of(text));
-        return family == no_family ? "none" : std::string(family_names[family]);
+        return family == no_family ? "none" : string_of(family_names[family]);
     });
 }
 

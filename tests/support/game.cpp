@@ -43,16 +43,12 @@ game_test::~game_test() {
     std::filesystem::remove_all(folder);
 }
 
-i64 family_named(std::string_view name) {
-    return std::find(std::begin(family_names), std::end(family_names), name) - family_names;
-}
-
 std::vector<shipped_map> shipped_maps() {
     std::vector<shipped_map> maps;
     for (i64 kind = 0; kind < machine_kind_count; ++kind) {
         std::filesystem::path folder = QUORREL_SOURCE_DIR "/resources/maps";
-        for (const auto& entry :
-             std::filesystem::recursive_directory_iterator(folder / family_names[kind])) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(
+                 folder / string_of(family_names[kind]))) {
             if (entry.is_regular_file()) {
                 maps.push_back({kind, entry.path(), file_get(entry.path())});
             }

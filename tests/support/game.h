@@ -17,6 +17,7 @@
 #include <string_view>
 #include <vector>
 
+#include "maps/family.h"
 #include "maps/model.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
@@ -35,10 +36,6 @@ class game_test : public testing::Test {
 
 // Every global at its start value and both arenas empty; their memory is taken once.
 void globals_start();
-
-constexpr std::string_view family_names[] = {"state", "pushdown", "turing"};
-// By its name, `machine_kind_count` for none.
-i64 family_named(std::string_view name);
 
 // A map that ships, or a broken copy of one.
 struct shipped_map {

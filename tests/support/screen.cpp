@@ -209,8 +209,8 @@ screen_test::screen_test() {
     }
     file_put("resources/font.png", white);
     file_put("resources/font_info.txt", font_text());
-    for (std::string_view family : family_names) {
-        file_put("resources/" + std::string(family) + "_maps.txt", "");
+    for (str family : family_names) {
+        file_put("resources/" + string_of(family) + "_maps.txt", "");
     }
 }
 

@@ -18,7 +18,7 @@ using teaching_test = game_test;
 const std::filesystem::path source = QUORREL_SOURCE_DIR;
 
 void map_start(const std::string& path, std::size_t seats, std::string hand) {
-    machine_kind = family_named(path.substr(0, path.find_first_of("/_")));
+    machine_kind = family_named(str_of(path.substr(0, path.find_first_of("/_"))));
     settings = {};
     tape_head = 0;
     map_load(str_of((source / "docs/teaching" / path).string()));

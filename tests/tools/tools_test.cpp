@@ -38,7 +38,7 @@ TEST_F(tools_test, WhatIsDoubtfulIsNamed) {
         in >> check >> family;
         std::getline(in >> std::ws, text);
         std::replace(text.begin(), text.end(), ';', '\n');
-        machine_kind = family_named(family);
+        machine_kind = family_named(str_of(family));
         settings = {};
         std::string found;
         output_of([&] {
