@@ -3,6 +3,7 @@
 #include "maps/reader.h"
 #include "render/renderer.h"
 #include "tests/support/screen.h"
+#include "tools/commands.h"
 #include "tools/map_code.h"
 #include "tools/map_svg.h"
 
@@ -30,6 +31,10 @@ TEST_F(exchange_test, ACodeHoldsAMap) {
         EXPECT_EQ(map.name, "my_map");
         EXPECT_EQ(map.text, "map 0 0 128\n* 0 0\n");
     }
+    file_put("resources/turing_maps.txt", "my_map maps/mine\n");
+    file_put("maps/mine", map.text);
+    EXPECT_EQ(output_of([] { list_command({"--all"}); }), "turing my_map maps/mine\n");
+    EXPECT_EQ(output_of([] { export_command({"my_map"}); }), map_code(map) + "\n");
 }
 
 TEST_F(exchange_test, WhatIsNoCodeIsRefused) {
