@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <optional>
 
 #include "rules/cards.h"
 #include "rules/random.h"
@@ -17,11 +18,11 @@
 // The hard seat takes the first candidate with the highest score: 16 for every pair of a transition
 // and another hand card with which it could go on, less one for every card of the deck's kinds with
 // which the moved stone could be moved on. Both depend on the played card only through the top of
-// the pile, and on the move only through the two states whose stones change; so the pairs are
-// counted per state and card value of the hand, and a move corrects their sum. Every rule is read
-// once for that: its text tells what it lets through under all of these top cards. Where states and
-// values are so many that their table would be too large, it is made for some of the values at a
-// time.
+// the pile, and on the move only through the two states whose stones change. So every state counts
+// for itself, under each card value of the hand, what it takes from the score when its only stone
+// leaves and what it adds when a stone enters. Every rule that plays a part is read once for that:
+// its text tells what it lets through under all of these top cards. Where states and values are so
+// many that their table would be too large, it is made for some of the values at a time.
 
 namespace {
 
@@ -150,96 +151,100 @@ candidate playable_pick(const stone_table& table, const card_sums& sums, i64 ind
     return picked;
 }
 
-// What a state counts under a certain top card of the pile.
-struct outlook {
-    i64 own;     // ways to play one of the other hand cards from it
-    i64 others;  // ways to play any card of the deck's kinds from it
-};
+constexpr i64 follow_score = 16;
 
-constexpr i64 outlook_bytes = i64{12} * 1024 * 1024;  // at most, of the 16 MiB of the frame arena
+constexpr i64 table_bytes = i64{12} * 1024 * 1024;  // at most, of the 16 MiB of the frame arena
 
-// The outlooks of every state under some of the hand's values as top cards. States that no
-// transition leaves share row 0, which stays empty.
-struct outlook_table {
-    i64* row;  // by state
+// What makes up the score of a move, under some of the hand's values as top cards. States that
+// change nothing share row 0, which stays empty.
+struct score_table {
+    i64* leaving;   // by state: its row of what the leaving of its only stone takes away
+    i64* entering;  // by state: its row of what a stone's entering adds
     i64 row_count;
-    outlook* cells;  // by row, then by top card
-    i64 width;       // top cards that there is room for
+    i64* cells;  // by row, then by top card
+    i64 width;   // top cards that there is room for
     card tops[card_value_count];
     i64 top_count;
-    i64 own_sums[card_value_count];  // of `own` over the states that hold a stone before the move
+    i64 staying[card_value_count];  // the score when all stones stay
 };
 
-outlook* outlooks_of(const outlook_table& table, i64 state) {
-    return table.cells + table.row[state] * table.width;
+i64* row_of(const score_table& table, i64 row) {
+    return table.cells + row * table.width;
 }
 
-outlook_table outlooks_make(i64 value_count) {
-    outlook_table table;
-    table.row = per_state<i64>(0);
+score_table scores_make(const stone_table& located, i64 value_count) {
+    score_table table;
+    table.leaving = per_state<i64>(0);
+    table.entering = per_state<i64>(0);
     table.row_count = 1;
-    for (const transition& arc : game_map.transitions) {
-        if (transition_exists(arc) && table.row[arc.from] == 0) {
-            table.row[arc.from] = table.row_count;
+    bool* is_target = per_state(false);
+    open_moves_visit(located, [&](const transition& arc, u16) { is_target[arc.to] = true; });
+    auto row_add = [&](i64& row) {
+        if (row == 0) {
+            row = table.row_count;
             table.row_count += 1;
         }
+    };
+    for (const transition& arc : game_map.transitions) {
+        if (transition_exists(arc) && located.count[arc.from] == 1) {
+            row_add(table.leaving[arc.from]);
+        }
+        if (transition_exists(arc) && is_target[arc.from]) {
+            row_add(table.entering[arc.from]);
+        }
     }
-    i64 row_limit = outlook_bytes / static_cast<i64>(sizeof(outlook)) / table.row_count;
-    table.width = std::clamp(row_limit, i64{1}, value_count);
-    table.cells = frame_array<outlook>(table.row_count * table.width, {});
+    i64 room = table_bytes / static_cast<i64>(sizeof(i64)) / table.row_count;
+    table.width = std::clamp(room, i64{1}, value_count);
+    table.cells = frame_array<i64>(table.row_count * table.width, 0);
     return table;
 }
 
-// Adds what a rule lets through to the outlooks of the state that its transition leaves.
-void answers_add(outlook_table& table, const rule_answers& answers, const card_sums& sums,
-                 outlook* outlooks) {
+// Adds what a rule lets through to the scores that the state counts in which its transition leaves.
+void answers_add(score_table& table, const rule_answers& answers, const card_sums& sums, u16 state,
+                 i64 stone_count) {
     card_tally tallies[card_value_count];
     for (i64 a = 0; a < answers.count; ++a) {
         tallies[a] = cards_tally(sums, answers.matching[a]);
     }
+    i64* leaving = row_of(table, table.leaving[state]);
+    i64* entering = row_of(table, table.entering[state]);
     for (i64 i = 0; i < table.top_count; ++i) {
         i64 a = answers.of_top[i];
         i64 played = card_set_has(answers.matching[a], table.tops[i]) ? 1 : 0;
-        outlooks[i].own += tallies[a].own - played;
-        outlooks[i].others += tallies[a].others;
+        i64 follow = follow_score * (tallies[a].own - played);
+        if (stone_count > 0) {
+            table.staying[i] += follow;
+        }
+        if (table.leaving[state] != 0) {
+            leaving[i] += follow;
+        }
+        if (table.entering[state] != 0) {
+            entering[i] += (stone_count == 0 ? follow : 0) - tallies[a].others;
+        }
     }
 }
 
 // Fills the table for its top cards.
-void outlooks_compute(outlook_table& table, const stone_table& located, const card_sums& sums) {
-    std::fill(table.cells, table.cells + table.row_count * table.width, outlook{});
+void scores_compute(score_table& table, const stone_table& located, const card_sums& sums) {
+    std::fill(table.cells, table.cells + table.row_count * table.width, 0);
+    std::fill(table.staying, table.staying + table.top_count, 0);
     rule_answers answers;
     for (const transition& arc : game_map.transitions) {
-        if (transition_exists(arc)) {
-            rule_answers_find(answers, arc.rule, table.tops, table.top_count);
-            answers_add(table, answers, sums, outlooks_of(table, arc.from));
+        if (!transition_exists(arc)) {
+            continue;
         }
-    }
-    std::fill(table.own_sums, table.own_sums + table.top_count, 0);
-    for (i64 s = 0; s < named_state_count(); ++s) {
-        if (located.count[s] > 0) {
-            for (i64 i = 0; i < table.top_count; ++i) {
-                table.own_sums[i] += outlooks_of(table, s)[i].own;
-            }
+        i64 stone_count = located.count[arc.from];
+        if (stone_count > 0 || table.entering[arc.from] != 0) {
+            rule_answers_find(answers, arc.rule, table.tops, table.top_count);
+            answers_add(table, answers, sums, arc.from, stone_count);
         }
     }
 }
 
 // Of the move with the top card at `i`.
-i64 move_score(const outlook_table& table, const stone_table& located, const transition& arc,
-               i64 i) {
-    i64 follow = table.own_sums[i];
-    const outlook& target = outlooks_of(table, arc.to)[i];
-    if (arc.from != arc.to) {
-        follow -= located.count[arc.from] == 1 ? outlooks_of(table, arc.from)[i].own : 0;
-        follow += located.count[arc.to] == 0 ? target.own : 0;
-    }
-    return 16 * follow - target.others;
-}
-
-// Whether `move` stands before `other` among the playable pairs.
-bool is_earlier(const candidate& move, const candidate& other) {
-    return move.arc != other.arc ? move.arc < other.arc : move.card_index < other.card_index;
+i64 move_score(const score_table& table, const transition& arc, i64 i) {
+    i64 lost = arc.from != arc.to ? row_of(table, table.leaving[arc.from])[i] : 0;
+    return table.staying[i] - lost + row_of(table, table.entering[arc.to])[i];
 }
 
 struct scored_candidate {
@@ -247,20 +252,36 @@ struct scored_candidate {
     i64 score = 0;
 };
 
-// Takes the better of `best` and the playable pairs with the table's top cards.
-void best_take(scored_candidate& best, const outlook_table& table, const stone_table& located,
+// Whether it is to be taken instead of `best`: for its score, then for standing before it among the
+// playable pairs.
+bool is_better(const scored_candidate& one, const scored_candidate& best) {
+    if (best.move.arc == nullptr) {
+        return true;
+    }
+    if (one.score != best.score) {
+        return one.score > best.score;
+    }
+    return one.move.arc != best.move.arc ? one.move.arc < best.move.arc
+                                         : one.move.card_index < best.move.card_index;
+}
+
+// Takes the better of `best` and the playable pairs with the table's top cards. Whether a pair is
+// playable is asked of those alone that would be the best.
+void best_take(scored_candidate& best, const score_table& table, const stone_table& located,
                const hand_table& hand) {
     open_moves_visit(located, [&](const transition& arc, u16 stone) {
-        card_set matching = rule_matching_cards(arc.rule);
+        std::optional<card_set> matching;
         for (i64 i = 0; i < table.top_count; ++i) {
-            if (!card_set_has(matching, table.tops[i])) {
+            candidate move = {hand.first[card_value(table.tops[i])], stone, &arc};
+            scored_candidate scored = {move, move_score(table, arc, i)};
+            if (!is_better(scored, best)) {
                 continue;
             }
-            candidate move = {hand.first[card_value(table.tops[i])], stone, &arc};
-            i64 score = move_score(table, located, arc, i);
-            bool ties = score == best.score && is_earlier(move, best.move);
-            if (best.move.arc == nullptr || score > best.score || ties) {
-                best = {move, score};
+            if (!matching) {
+                matching = rule_matching_cards(arc.rule);
+            }
+            if (card_set_has(*matching, table.tops[i])) {
+                best = scored;
             }
         }
     });
@@ -269,7 +290,7 @@ void best_take(scored_candidate& best, const outlook_table& table, const stone_t
 // The first playable pair with the highest score.
 candidate playable_best(const stone_table& located, const hand_table& hand, const card_sums& sums) {
     i64 held = card_value_count - std::count(hand.counts, hand.counts + card_value_count, 0);
-    outlook_table table = outlooks_make(held);
+    score_table table = scores_make(located, held);
     scored_candidate best;
     for (i64 value = 0; value < card_value_count;) {
         table.top_count = 0;
@@ -279,7 +300,7 @@ candidate playable_best(const stone_table& located, const hand_table& hand, cons
                 table.top_count += 1;
             }
         }
-        outlooks_compute(table, located, sums);
+        scores_compute(table, located, sums);
         best_take(best, table, located, hand);
     }
     assert(best.move.arc != nullptr);

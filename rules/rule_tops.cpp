@@ -9,9 +9,10 @@
 
 // Read over the domain `written_down`, a rule does not become a set but the operations that would
 // make it: a list of places, each the union, intersection or difference of two earlier ones. What a
-// rule says then depends on the top card through the properties alone that the places of its result
-// ask of it. Top cards that do not differ in them share an answer, and for the others the list is
-// worked through a few at a time.
+// place is depends on the top card through those of its fields alone that the place asks about.
+// Most places ask about one field at most; they are worked out once, for each value of the field.
+// The others are worked out for a few top cards at a time. Top cards that do not differ in the
+// properties asked for share an answer, which is worked out once.
 
 namespace {
 
@@ -30,10 +31,10 @@ constexpr i64 operations_first = tops_first + property_count;
 constexpr i64 operation_limit = 2 * rule_length_limit;
 constexpr i64 place_limit = operations_first + operation_limit;
 
-// The list is worked through for so many top cards at once.
+// Sets of a place that are worked out at once, and so many top cards: a place that asks about one
+// field has a set for each of its values, one that asks about none has the same set everywhere.
 constexpr i64 lane_count = 8;
-constexpr i64 lane_words = std::size(card_set().words);
-constexpr i64 row_words = lane_count * lane_words;
+static_assert(field_value_count <= lane_count);
 
 struct operation {
     char sign;  // '&', '|' or '^'
@@ -41,24 +42,38 @@ struct operation {
     u16 right;
 };
 
+constexpr u8 field_bit(i64 field) {
+    return static_cast<u8>(1 << field);
+}
+
+constexpr i64 field_set_count = 1 << card_field_count;
+
 operation operations[place_limit];
-i64 place_count;                   // places of the rule that is looked at
-card examples[card_value_count];   // by answer: a top card that it is for
-bool is_needed[place_limit];       // by the result
-u64 rows[place_limit][row_words];  // of every place its set for each of these top cards
+u8 asked_fields[place_limit];  // of the top card, as bits
+card_set sets[place_limit][lane_count];
+i64 place_count;               // places of the rule that is looked at
+bool is_needed[place_limit];   // by the result
+u16 many_asking[place_limit];  // the needed places that ask about more than one field
+i64 many_asking_count;
+card examples[card_value_count];  // by answer: a top card that it is for
 
 u16 operation_write(char sign, u16 left, u16 right) {
     assert(place_count < place_limit);
     operations[place_count] = {sign, left, right};
+    asked_fields[place_count] = asked_fields[left] | asked_fields[right];
     place_count += 1;
     return static_cast<u16>(place_count - 1);
 }
 
+// The place of a value, from 0, among those of its field.
+i64 value_index(card_property property) {
+    return property.value - card_fields[property.field].first_value;
+}
+
 i64 property_index(card_property property) {
-    const card_field_info& info = card_fields[property.field];
     static_assert(card_colour_count == field_value_count && card_shape_count == field_value_count &&
                   card_number_count == field_value_count);
-    return property.field * field_value_count + property.value - info.first_value;
+    return property.field * field_value_count + value_index(property);
 }
 
 card_property property_at(i64 index) {
@@ -153,75 +168,100 @@ void tops_sort(rule_answers& answers, const card* tops, i64 count) {
     }
 }
 
-void lane_write(i64 p, i64 lane, const card_set& set) {
-    std::copy(set.words, set.words + lane_words, rows[p] + lane * lane_words);
-}
-
-card_set lane_read(i64 p, i64 lane) {
-    card_set set;
-    const u64* first = rows[p] + lane * lane_words;
-    std::copy(first, first + lane_words, set.words);
-    return set;
-}
-
-void constant_fill(i64 p, const card_set& set) {
-    for (i64 lane = 0; lane < lane_count; ++lane) {
-        lane_write(p, lane, set);
-    }
-}
-
-// The places that no rule and no top card changes.
+// The places that no rule changes.
 bool constants_fill() {
-    constant_fill(place_none, {});
-    constant_fill(place_all, all_cards);
+    std::fill(sets[place_all], sets[place_all] + lane_count, all_cards);
     for (i64 i = 0; i < property_count; ++i) {
-        constant_fill(played_first + i, cards_having(property_at(i)));
+        card_property property = property_at(i);
+        card_set* played = sets[played_first + i];
+        std::fill(played, played + lane_count, cards_having(property));
+        sets[tops_first + i][value_index(property)] = all_cards;
+        asked_fields[tops_first + i] = field_bit(property.field);
     }
     return true;
 }
 
-void tops_fill(const card* tops, i64 count) {
-    for (i64 i = 0; i < property_count; ++i) {
-        if (is_needed[tops_first + i]) {
-            card_property property = property_at(i);
-            for (i64 lane = 0; lane < count; ++lane) {
-                lane_write(tops_first + i, lane,
-                           card_has(tops[lane], property) ? all_cards : card_set{});
-            }
+// Which set of a place is the one for each of the top cards at hand, by the fields that it asks
+// about.
+struct lane_table {
+    u8 of[field_set_count][lane_count];
+};
+
+// For a place to itself, and for places that ask about the same field to each other.
+constexpr lane_table lanes_alike() {
+    lane_table lanes = {};
+    for (auto& of_fields : lanes.of) {
+        for (u8 lane = 0; lane < lane_count; ++lane) {
+            of_fields[lane] = lane;
         }
     }
+    return lanes;
+}
+
+constexpr lane_table same_lanes = lanes_alike();
+
+// At most `lane_count` top cards.
+lane_table lanes_of(const card* tops, i64 count) {
+    lane_table lanes = same_lanes;
+    for (u8 field = 0; field < card_field_count; ++field) {
+        for (i64 lane = 0; lane < count; ++lane) {
+            u8 value = tops[lane].*card_fields[field].value;
+            i64 set = value_index({static_cast<card_field>(field), value});
+            lanes.of[field_bit(field)][lane] = static_cast<u8>(set);
+        }
+    }
+    return lanes;
 }
 
 template <typename combining>
-void rows_combine(i64 p, combining combine) {
-    const u64* left = rows[operations[p].left];
-    const u64* right = rows[operations[p].right];
-    for (i64 i = 0; i < row_words; ++i) {
-        rows[p][i] = combine(left[i], right[i]);
+void sets_combine(i64 p, const lane_table& lanes, combining combine) {
+    auto [sign, left, right] = operations[p];
+    const u8* left_lanes = lanes.of[asked_fields[left]];
+    const u8* right_lanes = lanes.of[asked_fields[right]];
+    for (i64 lane = 0; lane < lane_count; ++lane) {
+        sets[p][lane] = combine(sets[left][left_lanes[lane]], sets[right][right_lanes[lane]]);
     }
 }
 
-void operation_work(i64 p) {
+void operation_work(i64 p, const lane_table& lanes) {
     switch (operations[p].sign) {
         case '&':
-            rows_combine(p, std::bit_and<u64>());
+            sets_combine(p, lanes, std::bit_and<>());
             break;
         case '|':
-            rows_combine(p, std::bit_or<u64>());
+            sets_combine(p, lanes, std::bit_or<>());
             break;
         default:
             assert(operations[p].sign == '^');
-            rows_combine(p, std::bit_xor<u64>());
+            sets_combine(p, lanes, std::bit_xor<>());
     }
 }
 
-// Works the list through up to `result` for at most `lane_count` top cards.
-void places_work(i64 result, const card* tops, i64 count) {
-    tops_fill(tops, count);
+bool asks_about_many(i64 p) {
+    return (asked_fields[p] & (asked_fields[p] - 1)) != 0;
+}
+
+// Works out the needed places that ask about one field at most and lists the others.
+void places_work(i64 result) {
+    many_asking_count = 0;
     for (i64 p = operations_first; p <= result; ++p) {
-        if (is_needed[p]) {
-            operation_work(p);
+        if (is_needed[p] && asks_about_many(p)) {
+            many_asking[many_asking_count] = static_cast<u16>(p);
+            many_asking_count += 1;
+        } else if (is_needed[p]) {
+            operation_work(p, same_lanes);
         }
+    }
+}
+
+// Answers for at most `lane_count` top cards.
+void answers_work(card_set* answers, i64 result, const card* tops, i64 count) {
+    lane_table lanes = lanes_of(tops, count);
+    for (i64 i = 0; i < many_asking_count; ++i) {
+        operation_work(many_asking[i], lanes);
+    }
+    for (i64 lane = 0; lane < count; ++lane) {
+        answers[lane] = sets[result][lanes.of[asked_fields[result]][lane]];
     }
 }
 
@@ -233,12 +273,10 @@ void rule_answers_find(rule_answers& answers, str rule, const card* tops, i64 co
     place_count = operations_first;
     i64 result = rule_evaluate(rule, written_down{}).index;
     needed_mark(result);
+    places_work(result);
     tops_sort(answers, tops, count);
     for (i64 first = 0; first < answers.count; first += lane_count) {
-        i64 some = std::min(lane_count, answers.count - first);
-        places_work(result, examples + first, some);
-        for (i64 lane = 0; lane < some; ++lane) {
-            answers.matching[first + lane] = lane_read(result, lane);
-        }
+        answers_work(answers.matching + first, result, examples + first,
+                     std::min(lane_count, answers.count - first));
     }
 }

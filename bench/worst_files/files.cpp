@@ -131,12 +131,12 @@ std::string rules_all_different(std::size_t size) {
                    [&](std::size_t) { return with_rule(0, 1, curious_rule(random)); });
 }
 
-// The same, from as many states as there are rules.
+// The same, from as many states as there are rules, with a stone on each.
 std::string rules_everywhere(std::size_t size) {
     std::mt19937_64 random(1);
     std::size_t count = std::min<std::size_t>(size / 64, 65'000);
     std::string text = full_hands + repeated(".  \n", count);
-    for (std::size_t s = 0; s < count; s += 2) {
+    for (std::size_t s = 0; s < count; ++s) {
         text += "stone " + number(s) + "\n";
     }
     return text_of(size, text, [&](std::size_t line) {
