@@ -26,14 +26,11 @@ std::string entries_text(const catalogue& list) {
 
 // A case is a file with ';' for line feeds: its entries.
 TEST_F(catalogue_test, LinesBecomeEntries) {
-    golden_check("maps/entries", [](std::string text) {
-        std::replace(text.begin(), text.end(), ';', '\n');
-        file_put("list", text);
+    golden_check("maps/entries", [](const std::string& given) {
+        file_put("list", replaced(given, ';', '\n'));
         catalogue list = {};
         std::string read = output_of([&] { catalogue_load(list, "list"); });
-        read += entries_text(list);
-        std::replace(read.begin(), read.end(), '\n', ';');
-        return read;
+        return replaced(read + entries_text(list), '\n', ';');
     });
 }
 

@@ -65,8 +65,7 @@ TEST_F(map_file_test, RecordsAreReadAndWrittenInTheirCanonicalForm) {
     golden_check("maps/records", [](const std::string& given) {
         std::size_t end = given.find(' ');
         machine_kind = family_named(str_of(given.substr(0, end)));
-        std::string text = given.substr(end + 1);
-        std::replace(text.begin(), text.end(), ';', '\n');
+        std::string text = replaced(given.substr(end + 1), ';', '\n');
         std::string written[2];
         for (std::string& again : written) {
             game_map = {};
@@ -75,8 +74,7 @@ TEST_F(map_file_test, RecordsAreReadAndWrittenInTheirCanonicalForm) {
             again = text = map_text();
         }
         EXPECT_EQ(written[0], written[1]);
-        std::replace(text.begin(), text.end(), '\n', ';');
-        return text;
+        return replaced(text, '\n', ';');
     });
 }
 
@@ -84,11 +82,9 @@ TEST_F(map_file_test, RecordsAreReadAndWrittenInTheirCanonicalForm) {
 TEST_F(map_file_test, SettingsStayUntilAFileNamesThem) {
     machine_kind = turing_machine;
     golden_check("maps/settings", [](std::string text) {
-        std::replace(text.begin(), text.end(), ';', '\n');
+        text = replaced(text, ';', '\n');
         map_read(str_of(text));
-        text = map_text();
-        std::replace(text.begin(), text.end(), '\n', ';');
-        return text;
+        return replaced(map_text(), '\n', ';');
     });
     EXPECT_EQ(settings.hand_size, 7);
 }

@@ -57,9 +57,8 @@ TEST_F(map_import_test, lines_tell_the_family) {
         EXPECT_TRUE(text_is_map(str_of(map.text)));
         EXPECT_EQ(map_family_find(str_of(map.text)), map.kind) << map.path;
     }
-    golden_check("program/families", [](std::string text) {
-        std::replace(text.begin(), text.end(), ';', '\n');
-        i64 family = map_family_find(str_of(text));
+    golden_check("program/families", [](const std::string& given) {
+        i64 family = map_family_find(str_of(replaced(given, ';', '\n')));
         return family == no_family ? "none" : string_of(family_names[family]);
     });
 }
@@ -79,9 +78,8 @@ TEST(command_line_test, arguments_are_understood_or_refused) {
         output_of([&] {
             status = command_line_read(static_cast<int>(words.size()), pointers.data(), command);
         });
-        std::string error = testing::internal::GetCapturedStderr();
-        std::replace(error.begin(), error.end(), '\n', ';');
-        return std::to_string(status) + " " + std::to_string(command.file_count) + " " + error;
+        return std::to_string(status) + " " + std::to_string(command.file_count) + " " +
+               replaced(testing::internal::GetCapturedStderr(), '\n', ';');
     });
 }
 

@@ -79,8 +79,7 @@ TEST_F(drawing_test, WhatIsDrawnWhere) {
                       512, 416);
             return drawn_lines().at(0);
         } else {
-            std::string text = given.substr(verb.size() + 1);
-            std::replace(text.begin(), text.end(), ';', '\n');
+            std::string text = replaced(given.substr(verb.size() + 1), ';', '\n');
             text_draw(str_of(text), 500, 400, 256, some_tint, screen_space,
                       verb == "left"    ? text_left
                       : verb == "icons" ? text_icons

@@ -23,8 +23,7 @@ class font_test : public game_test {
 // its part of the picture, and the font's line height.
 TEST_F(font_test, glyph_lines) {
     golden_check("render/fonts", [&](const std::string& given) {
-        std::string content = given.substr(given.find(' ') + 1);
-        std::replace(content.begin(), content.end(), ';', '\n');
+        std::string content = replaced(given.substr(given.find(' ') + 1), ';', '\n');
         std::ostringstream read(load(content), std::ios::ate);
         const glyph& g = font.glyphs[std::stoul(given)];
         read << g.advance << ' ' << g.u << ' ' << g.v << ' ' << g.width << ' ' << g.height << " of "

@@ -120,9 +120,8 @@ std::map<std::string, std::string> facts_now() {
         std::string path = entry.path().string().substr(2);
         if (entry.is_regular_file() && !path.ends_with(".png") && !path.ends_with("info.txt") &&
             !path.ends_with("lock")) {
-            std::string content = file_get(path);
-            std::replace(content.begin(), content.end(), '\n', ';');
-            facts["file " + path.substr(0, path.find(".20"))] = content;  // without its date
+            std::string& fact = facts[path.substr(0, path.find(".20"))];  // without its date
+            fact = replaced(file_get(path), '\n', ';');
         }
     }
     return facts;
@@ -154,21 +153,27 @@ struct situation {
     lines picture = drawn_lines();
 };
 
-// The lines of `text` with those that begin with a button or a text drawn in rows, as on screen.
-std::string rows_joined(const std::string& text) {
-    std::string joined;
+// What a line tells of: a fact but for its seat, the map, the controls, one sort of picture.
+std::string kind_of(const std::string& line) {
+    bool control = line.starts_with("  + [") || line.starts_with("  + \"");
+    return control ? "control" : line.substr(0, line.find_first_of(" 0123456789:", 4));
+}
+
+// The lines of `text` with neighbours of one kind in rows, as on screen.
+std::string rows_joined(const std::string& text, std::size_t mark) {
+    std::string joined, kind;
     std::size_t width = 0;
     for (const std::string& line : lines_of(text)) {
-        bool control = line.starts_with("  + [") || line.starts_with("  + \"");
-        bool fits = control && width > 0 && width + line.size() < 100;
-        joined += fits ? "; " + line.substr(4) : (joined == "" ? "" : "\n") + line;
-        width = !control ? 0 : fits ? width + line.size() - 2 : line.size();
+        bool fits = kind_of(line) == kind && width + line.size() - mark < 98;
+        joined += fits ? "; " + line.substr(mark) : (joined == "" ? "" : "\n") + line;
+        width = fits ? width + 2 + line.size() - mark : line.size();
+        kind = kind_of(line);
     }
     return joined == "" ? "" : joined + "\n";
 }
 
 std::string changes_text(const situation& before, const situation& now, const std::string& said) {
-    std::string text = lines_added({}, lines_of(said), "  said: ");
+    std::string text;
     for (const auto& [name, value] : now.facts) {
         auto earlier = before.facts.find(name);
         if (earlier == before.facts.end() || earlier->second != value) {
@@ -178,10 +183,11 @@ std::string changes_text(const situation& before, const situation& now, const st
     for (const auto& [name, value] : before.facts) {
         text += now.facts.contains(name) ? "" : "  no " + name + "\n";
     }
-    return text + lines_removed(before.map, now.map, "  map - ") +
-           lines_added(before.map, now.map, "  map + ") +
+    return lines_added({}, lines_of(said), "  said: ") + rows_joined(text, 2) +
+           lines_removed(before.map, now.map, "  map - ") +
+           rows_joined(lines_added(before.map, now.map, "  map + "), 8) +
            lines_removed(before.picture, now.picture, "  - ") +
-           rows_joined(lines_added(before.picture, now.picture, "  + "));
+           rows_joined(lines_added(before.picture, now.picture, "  + "), 4);
 }
 
 u32 key_of(const std::string& name) {

@@ -61,6 +61,11 @@ str str_of(std::string_view text) {
     return {text.data(), static_cast<i64>(text.size())};
 }
 
+std::string replaced(std::string text, char from, char to) {
+    std::replace(text.begin(), text.end(), from, to);
+    return text;
+}
+
 std::string string_of(str text) {
     return {text.begin(), text.end()};
 }

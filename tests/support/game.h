@@ -70,6 +70,9 @@ struct full_disk {
 // newline.
 std::string kept_text();
 
+// The text with every `from` as `to`: cases and answers in one line have ';' for line feeds.
+std::string replaced(std::string text, char from, char to);
+
 // The text with a few of its parts cut, doubled or replaced.
 std::string text_broken(std::string text, std::mt19937_64& random);
 

@@ -17,15 +17,14 @@ using teaching_test = game_test;
 
 const std::filesystem::path source = QUORREL_SOURCE_DIR;
 
-void map_start(const std::string& path, std::size_t seats, std::string hand) {
+void map_start(const std::string& path, std::size_t seats, const std::string& hand) {
     machine_kind = family_named(str_of(path.substr(0, path.find_first_of("/_"))));
     settings = {};
     tape_head = 0;
     map_load(str_of((source / "docs/teaching" / path).string()));
     seats_make(std::string(seats, 'H'));
     game_start();
-    std::replace(hand.begin(), hand.end(), ',', ' ');
-    pile_set(players[0].hand, hand == "-" ? "" : hand);
+    pile_set(players[0].hand, hand == "-" ? "" : replaced(hand, ',', ' '));
 }
 
 // Selects "FROM>TO" or "FROM>TO:CARD" as a human does, and takes or refuses it.

@@ -33,11 +33,10 @@ std::string joined(const remarks& found) {
 // a cycle is meant.
 TEST_F(tools_test, WhatIsDoubtfulIsNamed) {
     golden_check("tools/checks", [](const std::string& given) {
-        std::istringstream in(given);
+        std::istringstream in(replaced(given, ';', '\n'));
         std::string check, family, text;
         in >> check >> family;
-        std::getline(in >> std::ws, text);
-        std::replace(text.begin(), text.end(), ';', '\n');
+        std::getline(in >> std::ws, text, '\0');
         machine_kind = family_named(str_of(family));
         settings = {};
         std::string found;
