@@ -105,5 +105,7 @@ u32 pipeline_get_error();
 // Shows the finished frame, at most 60 times a second.
 void pipeline_present();
 
-// Draws `count` indices of the bound vertex array from index `first` on.
+// Draws `count` indices of the bound vertex array from index `first` on. The vertices lie in the
+// unit square, and the program's matrix takes them to clip space: what then lies outside of it may
+// be left out.
 void draw_elements(u32 kind, u32 index_type, u32 first, u32 count, u32 base_vertex, u32 instances);

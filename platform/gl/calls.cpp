@@ -7,6 +7,7 @@
 #include <span>
 
 #include "platform/gl/constants.h"
+#include "platform/gl/coverage.h"
 #include "platform/gl/frame.h"
 #include "platform/gl/opengl.h"
 #include "platform/gl/state.h"
@@ -19,6 +20,16 @@ using words = std::span<const u32>;
 
 constexpr std::array<f32, 4> black = {0, 0, 0, 1};
 
+// What the game's next calls act on.
+struct selected_objects {
+    u32 unit;
+    u32 program;
+    u32 frame_buffer;
+};
+
+selected_objects selected;
+f32 coverage = 1;  // of what is drawn with the matrix that was set last
+
 template <std::size_t count>
 std::array<f32, count> reals_of(words from) {
     assert(from.size() == count);
@@ -27,7 +38,8 @@ std::array<f32, count> reals_of(words from) {
     return reals;
 }
 
-void uniform_run(frame_call call, i32 location, words values) {
+void uniform_run(frame_call call, u32 program, i32 location, words values) {
+    state_program(program);
     if (!state_uniform_is_new(location, values)) {
         return;
     }
@@ -66,11 +78,9 @@ void clear_run(GLenum mask) {
 
 void frame_call_run(frame_call call, words at) {
     switch (call) {
-        case frame_call::texture_unit:
-            state_texture_unit(at[0]);
-            break;
         case frame_call::texture_bind:
-            state_texture(at[0]);
+            state_texture_unit(at[0]);
+            state_texture(at[1]);
             break;
         case frame_call::vertex_array_bind:
             state_vertex_array(at[0]);
@@ -83,7 +93,7 @@ void frame_call_run(frame_call call, words at) {
         case frame_call::uniform_4f:
         case frame_call::uniform_matrix:
         case frame_call::uniform_matrix_transposed:
-            uniform_run(call, static_cast<i32>(at[0]), at.subspan(1));
+            uniform_run(call, at[0], static_cast<i32>(at[1]), at.subspan(2));
             break;
         case frame_call::frame_buffer_bind:
             state_frame_buffer(at[0]);
@@ -92,7 +102,7 @@ void frame_call_run(frame_call call, words at) {
             state_blend(at[0] != 0);
             break;
         case frame_call::viewport:
-            state_viewport(target_box(state_bound_frame_buffer(), box_of(at)));
+            state_viewport(target_box(at[0], box_of(at.subspan(1))));
             break;
         case frame_call::clear_color:
             state_clear_color(reals_of<4>(at));
@@ -104,16 +114,19 @@ void frame_call_run(frame_call call, words at) {
             glDrawElementsInstanced(at[0], static_cast<GLsizei>(at[1]), at[2], gl_offset(at[3]),
                                     static_cast<GLsizei>(at[4]));
             break;
+        case frame_call::part_end:
+            glFinish();
+            break;
     }
 }
 
 void texture_unit(u32 unit) {
-    frame_keep(frame_call::texture_unit, {unit});
+    selected.unit = unit;
 }
 
 void texture_bind([[maybe_unused]] u32 target, u32 texture) {
     assert(target == texture_2d);
-    frame_keep(frame_call::texture_bind, {texture});
+    frame_set(frame_call::texture_bind, {selected.unit, texture});
 }
 
 void texture_unbind(u32 target) {
@@ -121,7 +134,7 @@ void texture_unbind(u32 target) {
 }
 
 void vertex_array_bind(u32 array) {
-    frame_keep(frame_call::vertex_array_bind, {array});
+    frame_set(frame_call::vertex_array_bind, {array});
 }
 
 void vertex_array_unbind() {
@@ -129,31 +142,36 @@ void vertex_array_unbind() {
 }
 
 void shader_bind(u32 program) {
-    frame_keep(frame_call::shader_bind, {program});
+    selected.program = program;
+    coverage = 1;
+    frame_set(frame_call::shader_bind, {program});
 }
 
 void shader_uniform1i(i32 location, i32 value) {
-    frame_keep(frame_call::uniform_1i, {static_cast<u32>(location), static_cast<u32>(value)});
+    frame_set(frame_call::uniform_1i,
+              {selected.program, static_cast<u32>(location), static_cast<u32>(value)});
 }
 
 void shader_uniform1f(i32 location, f32 value) {
-    frame_keep_reals(frame_call::uniform_1f, {static_cast<u32>(location)}, {&value, 1});
+    frame_set(frame_call::uniform_1f, {selected.program, static_cast<u32>(location)}, {&value, 1});
 }
 
 void shader_uniform4f(i32 location, const f32* values) {
-    frame_keep_reals(frame_call::uniform_4f, {static_cast<u32>(location)}, {values, 4});
+    frame_set(frame_call::uniform_4f, {selected.program, static_cast<u32>(location)}, {values, 4});
 }
 
 void shader_uniform_matrix4fa(i32 location, [[maybe_unused]] u32 count, bool transpose,
                               const f32* values) {
     assert(count == 1);
-    frame_keep_reals(transpose ? frame_call::uniform_matrix_transposed : frame_call::uniform_matrix,
-                     {static_cast<u32>(location)}, {values, 16});
+    coverage = location < 0 || transpose ? 1 : unit_square_coverage(values);
+    frame_set(transpose ? frame_call::uniform_matrix_transposed : frame_call::uniform_matrix,
+              {selected.program, static_cast<u32>(location)}, {values, 16});
 }
 
 void frame_buffer_bind([[maybe_unused]] u32 target, u32 frame_buffer) {
     assert(target == frame_buffer_draw);
-    frame_keep(frame_call::frame_buffer_bind, {frame_buffer});
+    selected.frame_buffer = frame_buffer;
+    frame_set(frame_call::frame_buffer_bind, {frame_buffer});
 }
 
 void frame_buffer_unbind(u32 target) {
@@ -161,27 +179,30 @@ void frame_buffer_unbind(u32 target) {
 }
 
 void pipeline_blend_enable(bool enable) {
-    frame_keep(frame_call::blend_enable, {enable ? u32{1} : u32{0}});
+    frame_set(frame_call::blend_enable, {enable ? u32{1} : u32{0}});
 }
 
 void pipeline_viewport(i32 x, i32 y, i32 width, i32 height) {
-    frame_keep(frame_call::viewport, {static_cast<u32>(x), static_cast<u32>(y),
-                                      static_cast<u32>(width), static_cast<u32>(height)});
+    frame_set(frame_call::viewport,
+              {selected.frame_buffer, static_cast<u32>(x), static_cast<u32>(y),
+               static_cast<u32>(width), static_cast<u32>(height)});
 }
 
 void pipeline_clear_color(f32 red, f32 green, f32 blue, f32 alpha) {
-    frame_keep_reals(frame_call::clear_color, {}, std::array{red, green, blue, alpha});
+    frame_set(frame_call::clear_color, {}, std::array{red, green, blue, alpha});
 }
 
 void pipeline_clear(u32 mask) {
-    frame_keep(frame_call::clear, {gl_of(clear_masks, mask)});
+    frame_draw(frame_call::clear, {gl_of(clear_masks, mask)}, 1);
 }
 
 void draw_elements(u32 kind, u32 index_type, u32 first, u32 count, [[maybe_unused]] u32 base_vertex,
                    u32 instances) {
     assert(base_vertex == 0);  // OpenGL ES 3.0 knows no other
-    frame_keep(frame_call::draw_elements, {gl_of(primitives, kind), count,
-                                           gl_of(component_types, index_type), first, instances});
+    frame_draw(
+        frame_call::draw_elements,
+        {gl_of(primitives, kind), count, gl_of(component_types, index_type), first, instances},
+        coverage);
 }
 
 u32 pipeline_get_error() {

@@ -4,7 +4,8 @@
 //
 // A complete frame is drawn only when it shows something else than the frame drawn last, or when a
 // picture is asked for. So a board that nobody touches costs no drawing, while the game goes on
-// with every frame as ever.
+// with every frame as ever. A frame that takes long is drawn in parts, one each time that a frame
+// is complete, so that the game hears its player meanwhile.
 
 #include <initializer_list>
 #include <span>
@@ -19,34 +20,40 @@ void frame_ask();
 // While held, frames are not drawn: nobody can see them, or there is no time for it. A picture that
 // is asked for meanwhile is drawn afterwards.
 void frame_hold(bool hold);
-// Whether the frame completed last was drawn.
+// Whether a part of a picture is drawn, and another is to follow.
+bool frame_is_begun();
+// Whether with the frame completed last a picture became complete.
 bool frame_is_drawn();
 
 // For platform/gpu.h.
 
 enum class frame_call : u32 {
-    texture_unit,
-    texture_bind,
+    // What a draw is made with. Arguments that stand for what the game selected before come first.
+    texture_bind,  // unit, texture
     vertex_array_bind,
     shader_bind,
-    uniform_1i,
+    uniform_1i,  // program, location, value; the next ones alike
     uniform_1f,
     uniform_4f,
     uniform_matrix,
     uniform_matrix_transposed,
     frame_buffer_bind,
     blend_enable,
-    viewport,
+    viewport,  // frame buffer, box
     clear_color,
+    // What draws.
     clear,
     draw_elements,
+    // Waits until all that came before is drawn.
+    part_end,
 };
 
-// Keeps a call with its arguments as words.
-void frame_keep(frame_call call, std::initializer_list<u32> words);
-// The same for reals; a uniform's location comes before them.
-void frame_keep_reals(frame_call call, std::initializer_list<u32> words,
-                      std::span<const f32> reals);
+// Sets what draws are made with: arguments as words, then as reals. Kept with the next draw, unless
+// it is set to something else before, or was so already.
+void frame_set(frame_call call, std::initializer_list<u32> words, std::span<const f32> reals = {});
+// Keeps a draw that covers at most this share of what it draws into, from 0 to 1. One that covers
+// nothing is left out.
+void frame_draw(frame_call call, std::initializer_list<u32> words, f32 coverage);
 // Makes the calls kept so far, before one that cannot be kept: it makes, changes or asks for an
 // object. The frame is then drawn.
 void frame_flush();

@@ -43,5 +43,6 @@ void pipeline_present() {
         SDL_GL_SwapWindow(window);
     }
     sleep_until(pacing_frame_end(pace, now()));
-    frame_hold(!pace.has_time || !window_can_be_seen());
+    bool has_time = pace.has_time || frame_is_begun();
+    frame_hold(!has_time || !window_can_be_seen());
 }
