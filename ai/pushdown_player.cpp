@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <iterator>
 #include <optional>
 
 #include "rules/cards.h"
@@ -38,6 +39,7 @@ struct candidate {
 struct hand_table {
     i64 counts[card_value_count] = {};
     i64 first[card_value_count] = {};  // index in the hand of the first card of each value held
+    card_set held;                     // the values that are there
 };
 
 hand_table hand_sort() {
@@ -47,8 +49,20 @@ hand_table hand_sort() {
         i64 value = card_value(hand[j]);
         table.counts[value] += 1;
         table.first[value] = j;
+        card_set_add(table.held, hand[j]);
     }
     return table;
+}
+
+// How many cards of the hand have one of the values.
+i64 held_count(const hand_table& hand, const card_set& values) {
+    i64 count = 0;
+    for (i64 word = 0; word < static_cast<i64>(std::size(values.words)); ++word) {
+        for (u64 bits = values.words[word] & hand.held.words[word]; bits != 0; bits &= bits - 1) {
+            count += hand.counts[word * 64 + std::countr_zero(bits)];
+        }
+    }
+    return count;
 }
 
 card_set deck_values() {
@@ -124,24 +138,24 @@ i64 hand_nth(const card_set& values, i64 nth) {
     return index;
 }
 
-i64 playable_count(const stone_table& table, const card_sums& sums) {
+i64 playable_count(const stone_table& table, const hand_table& hand) {
     i64 count = 0;
     open_moves_visit(table, [&](const transition& arc, u16) {
-        count += cards_tally(sums, rule_matching_cards(arc.rule)).own;
+        count += held_count(hand, rule_matching_cards(arc.rule));
     });
     return count;
 }
 
 // The pair at `index` among the playable pairs of a transition and a card, in the transitions'
 // order and for each of them in the hand's.
-candidate playable_pick(const stone_table& table, const card_sums& sums, i64 index) {
+candidate playable_pick(const stone_table& table, const hand_table& hand, i64 index) {
     candidate picked = {};
     open_moves_visit(table, [&](const transition& arc, u16 stone) {
         if (index < 0) {
             return;
         }
         card_set matching = rule_matching_cards(arc.rule);
-        i64 pairs = cards_tally(sums, matching).own;
+        i64 pairs = held_count(hand, matching);
         if (index < pairs) {
             picked = {hand_nth(matching, index), stone, &arc};
         }
@@ -288,9 +302,9 @@ void best_take(scored_candidate& best, const score_table& table, const stone_tab
 }
 
 // The first playable pair with the highest score.
-candidate playable_best(const stone_table& located, const hand_table& hand, const card_sums& sums) {
-    i64 held = card_value_count - std::count(hand.counts, hand.counts + card_value_count, 0);
-    score_table table = scores_make(located, held);
+candidate playable_best(const stone_table& located, const hand_table& hand) {
+    card_sums sums = sums_make(hand);
+    score_table table = scores_make(located, card_set_count(hand.held));
     scored_candidate best;
     for (i64 value = 0; value < card_value_count;) {
         table.top_count = 0;
@@ -321,15 +335,14 @@ void draw_or_end() {
 void pushdown_machine_act() {
     stone_table table = stones_locate();
     hand_table hand = hand_sort();
-    card_sums sums = sums_make(hand);
-    i64 count = playable_count(table, sums);
+    i64 count = playable_count(table, hand);
     u64 strength = current_seat().strength;
     if (count == 0 || (strength == strength_easy && random_below(100) < 20)) {
         draw_or_end();
         return;
     }
-    candidate move = strength == strength_hard ? playable_best(table, hand, sums)
-                                               : playable_pick(table, sums, random_index(count));
+    candidate move = strength == strength_hard ? playable_best(table, hand)
+                                               : playable_pick(table, hand, random_index(count));
     stone_move(move.stone, move.arc->to);
     hand_play(move.card_index);
 }
