@@ -1,6 +1,8 @@
 // Plays the worst files of 256 KiB and 4 MiB, or of the KiB given, through every kind of frame and
 // prints what the dearest took: milliseconds of the processor's time, the least of three, on the
 // headless platform. Waiting for the disk does not count.
+//
+// With "--write" it writes the maps of 4 MiB into the working directory instead, as FAMILY.NUMBER.
 
 #include <time.h>
 #include <unistd.h>
@@ -246,9 +248,23 @@ void size_play(std::size_t kib) {
                 files::copy_options::overwrite_existing | files::copy_options::recursive);
 }
 
+void maps_write() {
+    int number = 0;
+    for (const worst_file& map : worst_maps()) {
+        std::string name = std::to_string(map.family);
+        name += '.';
+        name += std::to_string(++number);
+        file_put(name, map.make(std::size_t{4096} * 1024));
+    }
+}
+
 }  // namespace
 
 int main(int count, char** words) {
+    if (count == 2 && std::string(words[1]) == "--write") {
+        maps_write();
+        return EXIT_SUCCESS;
+    }
     namespace files = std::filesystem;
     files::path folder =
         files::temp_directory_path() / ("quorrel-worst-" + std::to_string(getpid()));
