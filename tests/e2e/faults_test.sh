@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Every system call of a save failed and killed in turn, on the real program: the map's file and the
-# list stay whole, and what the save replaced is kept. QUORREL_FAULTS=all tries every call, else a few
-# are tried.
+# Every system call of a save and of a deletion failed and killed in turn, on the real program: the
+# map's file and the list stay whole, and what goes is kept. QUORREL_FAULTS=all tries every call, else
+# a few are tried.
 
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 source tests/e2e/screens.sh
@@ -14,31 +14,17 @@ player="$work/player"
 folder="$player/custom_pushdown_machines"
 list="$player/resources/pushdown_maps.txt"
 
-# Starts the game on its editor with a map of one state.
+# Starts the game on its editor.
 editor_start() {
     game_start 1024x832
     wait_until title_is_shown
     push editor
     pixel_wait 512 8 "$band"
-    edit
 }
 
-edit() {
-    mouse_move 300 300
-    keys 1
-    settle
-}
-
-# Saves the map under a name of a file that holds "old" and of no entry on the list.
-save() {
-    mkdir -p "$folder"
-    echo old >"$folder/$1"
-    keys ctrl+s
-    for letter in $(grep -o . <<<"$1"); do
-        keys "$letter"
-    done
-    "${@:2}"
-    keys Return
+game_end() {
+    kill -KILL "$game" 2>/dev/null || true
+    wait "$game" 2>/dev/null || true
 }
 
 # Attaches strace with these options to the game.
@@ -57,9 +43,35 @@ kept_has() {
     cat "$player/kept/"* 2>/dev/null | grep -qx "$1"
 }
 
-# After a save of the map $1: its file is the old or the new one whole, the old one is kept before
-# it goes, and no line of the list is torn or lost.
-check() {
+# An act is prepared for a name, which may be done in a game that goes on; done while the game is
+# traced; seen to be done; and looked at afterwards.
+
+# A map of one state is saved under the name of a file that holds "old" and of no entry on the list.
+save_prepare() {
+    local letter
+    ! game_ended || editor_start
+    mouse_move 300 300
+    keys 1
+    settle
+    mkdir -p "$folder"
+    echo old >"$folder/$1"
+    keys ctrl+s
+    for letter in $(grep -o . <<<"$1"); do
+        keys "$letter"
+    done
+}
+
+save_do() {
+    keys Return
+}
+
+save_is_done() {
+    grep -q "^$1 " "$list"
+}
+
+# The file is the old or the new one whole, the old one is kept before it goes, and no line of the
+# list is torn or lost.
+save_check() {
     if ! grep -qx old "$folder/$1"; then
         grep -qx 'map 0 0 1' "$folder/$1" && tail -c 1 "$folder/$1" | cmp -s - <(echo) ||
             fail "$1 is torn after: $fault"
@@ -71,8 +83,73 @@ check() {
     rm -rf "$player/kept"
 }
 
-game_killed() {
-    wait "$game" 2>/dev/null || true
+# The first map of the list is deleted, in a game that knows no other list.
+delete_prepare() {
+    game_end
+    printf '# %s\nmap 0 0 128\n. 1 1\n' "$1" >"$player/maps/$1"
+    printf '%s\n' "$1 maps/$1" 'base maps/base' >"$list"
+    editor_start
+    keys ctrl+o
+    pixel_wait 120 20 "$panel"
+    settle
+}
+
+delete_do() {
+    click 816 752
+}
+
+delete_is_done() {
+    ! grep -q "^$1 " "$list"
+}
+
+# The list is the old or the new one, the map is in its file or kept, and the other one is untouched.
+delete_check() {
+    cmp -s "$list" <(printf '%s\n' "$1 maps/$1" 'base maps/base') ||
+        cmp -s "$list" <(echo 'base maps/base') || fail "the list is torn after: $fault"
+    grep -qxs "# $1" "$player/maps/$1" "$player/kept/$1".* ||
+        fail "$1 is lost after: $fault"
+    grep -qx 'hand 2' "$player/maps/base" || fail "the other map is gone after: $fault"
+    rm -rf "$player/kept" "$player/maps/$1"
+}
+
+# Does an act on a name under strace with these options, until it is done or the game has settled.
+act_try() {
+    "$1_prepare" "$2"
+    trace_start "${@:4}"
+    "$1_do"
+    "$3" "$1" "$2"
+    trace_end
+    "$1_check" "$2"
+}
+
+settled() {
+    settle
+}
+
+killed_or_done() {
+    wait_until eval "game_ended || $1_is_done $2"
+}
+
+# Fails and kills every call of an act.
+faults_try() {
+    local act=$1 number call nth faults tried=0
+    say "the system calls of a $act"
+    fault=none
+    act_try "$act" m0 settled
+    "${act}_is_done" m0 || fail "there was no $act"
+    mapfile -t faults < <(grep -o '^[a-z0-9]*' "$work/trace" | sort | uniq -c |
+        awk '{ for (i = 1; i <= $1; ++i) print $2 " " i }')
+    say "${#faults[@]} calls"
+    for ((number = 0; number < ${#faults[@]}; number += stride)); do
+        read -r call nth <<<"${faults[number]}"
+        fault="$call $nth failing"
+        act_try "$act" "m${number}0" settled -e "inject=$call:error=ENOSPC:when=$nth"
+        fault="$call $nth killed"
+        act_try "$act" "m${number}1" killed_or_done -e "inject=$call:signal=KILL:when=$nth"
+        game_end
+        tried=$((tried + 2))
+    done
+    say "$tried faults injected, nothing lost"
 }
 
 display_start
@@ -81,37 +158,8 @@ player_make
 mkdir "$player/maps"
 printf 'map 0 0 128\nhand 2\n. 0 0\n' >"$player/maps/base"
 echo 'base maps/base' >"$list"
-
-say "the system calls of a save"
 editor_start
-save m0 trace_start
-settle
-trace_end
-fault=none
-check m0
-grep -qx 'm0 custom_pushdown_machines/m0' "$list" || fail "m0 is not listed"
-mapfile -t faults < <(grep -o '^[a-z0-9]*' "$work/trace" | sort | uniq -c |
-    awk '{ for (i = 1; i <= $1; ++i) print $2 " " i }')
-say "${#faults[@]} calls"
-
-tried=0
-for ((number = 0; number < ${#faults[@]}; number += stride)); do
-    read -r call nth <<<"${faults[number]}"
-    fault="$call $nth failing"
-    save "m${number}0" trace_start -e "inject=$call:error=ENOSPC:when=$nth"
-    settle
-    trace_end
-    check "m${number}0"
-    edit
-    fault="$call $nth killed"
-    save "m${number}1" trace_start -e "inject=$call:signal=KILL:when=$nth"
-    wait_until eval 'game_ended || grep -q "m'$number'1 " "$list"'
-    trace_end
-    kill -KILL "$game" 2>/dev/null || true
-    game_killed
-    check "m${number}1"
-    tried=$((tried + 2))
-    editor_start
-done
+faults_try save
+faults_try delete
+editor_start
 [ -z "$(find "$player" -name '.quorrel-*')" ] || fail "temporary files stay"
-say "$tried faults injected, nothing lost"
