@@ -50,3 +50,7 @@ i64 pacing_frame_end(pacing& pace, i64 now) {
     pace.undrawn = pace.has_time ? 0 : pace.undrawn + 1;
     return now;
 }
+
+i64 pacing_earliest(const pacing& pace) {
+    return pace.due - frame_time;
+}

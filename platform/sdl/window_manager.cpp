@@ -3,14 +3,24 @@
 #include <SDL_syswm.h>
 #include <X11/Xatom.h>
 
-// A window manager leaves the number of a window of its own at the root window.
-bool window_manager_runs(SDL_Window* window) {
+namespace {
+
+// Null where the window is none of X11.
+Display* x11_display(SDL_Window* window) {
     SDL_SysWMinfo info = {};
     SDL_VERSION(&info.version);
-    if (SDL_GetWindowWMInfo(window, &info) == SDL_FALSE || info.subsystem != SDL_SYSWM_X11) {
+    bool known = SDL_GetWindowWMInfo(window, &info) != SDL_FALSE;
+    return known && info.subsystem == SDL_SYSWM_X11 ? info.info.x11.display : nullptr;
+}
+
+}  // namespace
+
+// A window manager leaves the number of a window of its own at the root window.
+bool window_manager_runs(SDL_Window* window) {
+    Display* display = x11_display(window);
+    if (display == nullptr) {
         return true;
     }
-    Display* display = info.info.x11.display;
     Atom type = None;
     int format = 0;
     unsigned long count = 0;
@@ -23,4 +33,9 @@ bool window_manager_runs(SDL_Window* window) {
         XFree(data);
     }
     return type == XA_WINDOW && count == 1;
+}
+
+int display_connection(SDL_Window* window) {
+    Display* display = x11_display(window);
+    return display != nullptr ? ConnectionNumber(display) : -1;
 }

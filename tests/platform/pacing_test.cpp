@@ -83,4 +83,14 @@ TEST(pacing, a_slow_game_is_drawn_nevertheless) {
     EXPECT_EQ(drawn, 10);
 }
 
+TEST(pacing, acts_bring_a_frame_forward_but_no_more_frames) {
+    pacing pace = pacing_begin(0);
+    i64 frames = 0;
+    for (i64 now = 0; now < 10 * second; ++frames) {
+        pacing_frame_end(pace, now);
+        now = std::max(now, pacing_earliest(pace));
+    }
+    EXPECT_NEAR(static_cast<f64>(frames), 600, 2) << "the mouse never rests";
+}
+
 }  // namespace
