@@ -60,7 +60,7 @@ void texture_image_2d(u32 target, u32 level, u32 format, u32 width, u32 height, 
     // Told how many smaller versions may follow, a driver has memory for all of them at once; else
     // it would take some for this one and then again for all.
     glTexParameteri(gl_of(texture_targets, target), GL_TEXTURE_MAX_LEVEL,
-                    std::bit_width(std::max(width, height)) - 1);
+                    static_cast<GLint>(std::bit_width(std::max(width, height))) - 1);
     glTexImage2D(gl_of(texture_targets, target), static_cast<GLint>(level),
                  static_cast<GLint>(gl_of(texture_formats, format)), static_cast<GLsizei>(width),
                  static_cast<GLsizei>(height), 0, gl_of(pixel_formats, pixels_format),
