@@ -92,11 +92,10 @@ struct card_tally {
 };
 
 constexpr i64 tally_shift = 8;
-constexpr i64 tally_limit = i64{1} << (32 - tally_shift);
 static_assert(card_value_count % 8 == 0 && card_value_count < 1 << tally_shift);
 
 card_sums sums_make(const hand_table& hand) {
-    assert(current_seat().hand.count < tally_limit);
+    assert(current_seat().hand.count < i64{1} << (32 - tally_shift));
     u32 ones[card_value_count];
     card_set kinds = deck_values();
     for (i64 value = 0; value < card_value_count; ++value) {
