@@ -27,6 +27,7 @@ enum input_key : u32 {
     key_s = 20,
     key_u = 22,
     key_w = 24,
+    key_y = 26,
     key_z = 27,
     key_0 = 28,  // key_0 + n is digit n
     key_1 = 29,
@@ -53,8 +54,13 @@ enum input_key : u32 {
     key_minus = 70,
     key_delete = 79,
     key_f1 = 96,
+    key_f2 = 97,
     key_f3 = 98,
+    key_f4 = 99,
+    key_f9 = 104,
     key_f11 = 106,
+    key_left = 112,  // the arrow keys
+    key_right = 113,
     key_count = 128,
 };
 

@@ -25,8 +25,13 @@ constexpr key_place named_keys[] = {
     {SDL_SCANCODE_LALT, key_alt},
     {SDL_SCANCODE_DELETE, key_delete},
     {SDL_SCANCODE_F1, key_f1},
+    {SDL_SCANCODE_F2, key_f2},
     {SDL_SCANCODE_F3, key_f3},
+    {SDL_SCANCODE_F4, key_f4},
+    {SDL_SCANCODE_F9, key_f9},
     {SDL_SCANCODE_F11, key_f11},
+    {SDL_SCANCODE_LEFT, key_left},
+    {SDL_SCANCODE_RIGHT, key_right},
 };
 
 // Where the American keyboard has them.

@@ -47,8 +47,13 @@ constexpr key_place key_places[] = {
     {"Minus", key_minus},
     {"Delete", key_delete},
     {"F1", key_f1},
+    {"F2", key_f2},
     {"F3", key_f3},
+    {"F4", key_f4},
+    {"F9", key_f9},
     {"F11", key_f11},
+    {"ArrowLeft", key_left},
+    {"ArrowRight", key_right},
 };
 // clang-format on
 
@@ -91,13 +96,13 @@ bool is_digit(u32 key) {
     return key >= key_0 && key <= key_9;
 }
 
-// With ctrl the game knows s and o; the other letters are the browser's. So is all with meta, and
-// all with alt but the signs that it chooses on some keyboards.
+// With ctrl the game knows o, s, y and z; the other letters are the browser's. So is all with meta,
+// and all with alt but the signs that it chooses on some keyboards.
 bool is_for_browser(const EmscriptenKeyboardEvent& event, const key_meaning& meaning) {
     bool is_sign = meaning.types && !is_letter(meaning.key) && !is_digit(meaning.key);
     return event.metaKey || (event.altKey && !is_sign) ||
-           (event.ctrlKey && is_letter(meaning.key) && meaning.key != key_s &&
-            meaning.key != key_o);
+           (event.ctrlKey && is_letter(meaning.key) && meaning.key != key_o &&
+            meaning.key != key_s && meaning.key != key_y && meaning.key != key_z);
 }
 
 EM_BOOL key_event(int type, const EmscriptenKeyboardEvent* event, void*) {

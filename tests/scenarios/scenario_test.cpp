@@ -195,8 +195,10 @@ u32 key_of(const std::string& name) {
         {"space", key_space}, {"enter", key_enter},   {"backspace", key_backspace},
         {"ctrl", key_ctrl},   {"escape", key_escape}, {"shift", key_shift},
         {"alt", key_alt},     {"delete", key_delete}, {"comma", key_comma},
-        {"f1", key_f1},       {"f3", key_f3},         {"f11", key_f11},
-        {"minus", key_minus}, {"slash", key_slash}};
+        {"f1", key_f1},       {"f2", key_f2},         {"f3", key_f3},
+        {"f4", key_f4},       {"f9", key_f9},         {"f11", key_f11},
+        {"left", key_left},   {"right", key_right},   {"minus", key_minus},
+        {"slash", key_slash}};
     auto found = codes.find(name);
     return found != codes.end() ? found->second
            : name[0] <= '9'     ? key_0 + static_cast<u32>(name[0] - '0')
