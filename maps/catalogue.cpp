@@ -1,6 +1,6 @@
 #include "maps/catalogue.h"
 
-#include "base/message.h"
+#include "base/tidings.h"
 #include "maps/kept.h"
 #include "maps/reader.h"
 #include "platform/file.h"
@@ -57,7 +57,7 @@ void catalogue_save() {
     bool written = catalogue_write(path, *current_catalogue, known_catalogues[machine_kind]);
     folder_unlock();
     if (!written) {
-        message_write({"failed to save catalogue: ", path, "\n"});
+        failure_tell({"failed to save catalogue: ", path});
     }
 }
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "base/message.h"
+#include "base/tidings.h"
 #include "maps/file_text.h"
 #include "maps/scan.h"
 #include "platform/file.h"
@@ -120,7 +120,7 @@ bool file_replace(str path, const catalogue& list, const catalogue& known) {
 
 void catalogue_load(catalogue& list, str path) {
     if (!entries_read(list, path)) {
-        message_write({"failed to open ", path, "\n"});
+        failure_tell({"failed to open ", path});
     }
 }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "base/message.h"
 #include "base/text_builder.h"
+#include "base/tidings.h"
 #include "maps/family.h"
 #include "maps/model.h"
 #include "maps/writer.h"
@@ -101,8 +101,8 @@ str kept_path_make(str path, char (&bytes)[kept_path_limit]) {
     return text_buffer_text(text);
 }
 
-void failure_tell(str path) {
-    message_write({"failed to keep map: ", path, "\n"});
+void keep_failure_tell(str path) {
+    failure_tell({"failed to keep map: ", path});
 }
 
 }  // namespace
@@ -110,7 +110,7 @@ void failure_tell(str path) {
 void map_file_keep(str path) {
     char bytes[kept_path_limit];
     if (file_is_own(path) && !file_keep(path, kept_path_make(path, bytes))) {
-        failure_tell(path);
+        keep_failure_tell(path);
     }
 }
 
@@ -137,7 +137,7 @@ void map_work_keep() {
               &file);
     file_close(file);
     if (file_failed(file)) {
-        failure_tell(map_work.path);
+        keep_failure_tell(map_work.path);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "base/message.h"
+#include "base/tidings.h"
 #include "maps/file_text.h"
 #include "maps/kept.h"
 #include "maps/model.h"
@@ -255,7 +256,7 @@ void map_load(str path) {
     map_lists counted = {};
     if (!file_read_all(path, text) || !map_fits(text, counted)) {
         arena_rewind(arena_persistent, mark);
-        message_write({"failed to load map: ", path, "\n"});
+        failure_tell({"failed to load map: ", path});
         return;
     }
     map_work_keep();

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/message.h"
+#include "base/tidings.h"
 #include "maps/catalogue.h"
 #include "maps/file_text.h"
 #include "maps/kept.h"
@@ -64,7 +65,7 @@ void map_save(str name) {
     str path = custom_map_path(name);
     message_write({"saving map ", name, " as ", path, "\n"});
     if (!map_file_write(path)) {
-        message_write({"failed to save map: ", path, "\n"});
+        failure_tell({"failed to save map: ", path});
         return;
     }
     map_work_is_saved(path);

@@ -6,6 +6,7 @@
 #include "base/arena.h"
 #include "base/message.h"
 #include "base/numbers.h"
+#include "base/tidings.h"
 #include "editor/editor.h"
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
@@ -95,6 +96,14 @@ void screen_frame() {
     }
 }
 
+// On the whole screen no title is seen.
+void tidings_show() {
+    str line;
+    if (!render_target.fullscreen && tidings_step(line)) {
+        display_tell(line);
+    }
+}
+
 void gpu_error_stop(u32 code) {
     assert(code != 0);
     message_write({"gl error: ", number_text(code), "\n"});
@@ -148,6 +157,7 @@ bool program_frame() {
     if (u32 error = pipeline_get_error()) {
         gpu_error_stop(error);
     }
+    tidings_show();
     system_sleep(frame_pause);
     pipeline_present();
     return app.running;

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/arena.h"
+#include "base/tidings.h"
 #include "editor/goal_editing.h"
 #include "editor/text_entry.h"
 #include "game/hand_panel.h"
@@ -70,6 +71,7 @@ void screen_globals_reset() {
 
 void globals_reset() {
     std::fill(arenas, arenas + arena_count, arena{});
+    tidings = {};
     map_globals_reset();
     game_globals_reset();
     screen_globals_reset();

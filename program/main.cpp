@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "base/tidings.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
 #include "platform/directory.h"
@@ -70,10 +71,14 @@ int main(int argument_count, char** arguments) {
         return not_to_be_done;
     }
     i64 imported_family = machine_kind;
+    tidings_record told = tidings;
     std::atexit(map_work_end);  // also when the GPU or the display ends the program
     program_start();
     if (command.file_count > 0) {
         machine_kind = imported_family;
+    }
+    if (!tidings.is_new) {
+        tidings = told;
     }
     if (command.fullscreen) {
         fullscreen_toggle();

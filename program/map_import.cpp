@@ -7,6 +7,7 @@
 #include "base/message.h"
 #include "base/numbers.h"
 #include "base/text_builder.h"
+#include "base/tidings.h"
 #include "maps/catalogue.h"
 #include "maps/family.h"
 #include "maps/file_text.h"
@@ -18,8 +19,10 @@ namespace {
 constexpr str extension = ".quorrel";
 constexpr i64 name_limit = 200;  // bytes; file systems take 255 with a number
 
-bool refuse(str path, const char* reason) {
-    std::fprintf(stderr, "quorrel: %.*s: %s\n", static_cast<int>(path.length), path.data, reason);
+bool refuse(str path, str reason) {
+    std::fprintf(stderr, "quorrel: %.*s: %.*s\n", static_cast<int>(path.length), path.data,
+                 static_cast<int>(reason.length), reason.data);
+    tiding_tell(tiding_refusal, {str_after_last(path, '/'), " ", reason});
     return false;
 }
 

@@ -95,6 +95,10 @@ function page_fullscreen(wanted) {
     changed.then(() => wanted && navigator.keyboard?.lock(["Escape"])).catch(fullscreen_tell);
 }
 
+function page_told(line) {
+    notice_show(line);
+}
+
 // Maps that come.
 
 // Asks the player; state when the question is left without an answer.

@@ -18,6 +18,7 @@ struct machine {
     i64 fullscreen_calls = 0;
     f64 pointer_x = 0.0;
     f64 pointer_y = 0.0;
+    std::string told = {};
 };
 
 machine now;
@@ -53,6 +54,10 @@ i64 headless_fullscreen_calls() {
 
 bool headless_is_fullscreen() {
     return now.fullscreen;
+}
+
+const std::string& headless_told() {
+    return now.told;
 }
 
 void headless_key_press(u32 key) {
@@ -121,6 +126,10 @@ void display_set_fullscreen(bool fullscreen) {
 void display_get_info(i32& width, i32& height) {
     width = now.screen_width;
     height = now.screen_height;
+}
+
+void display_tell(str line) {
+    now.told.assign(line.begin(), line.end());
 }
 
 void display_close() {

@@ -116,3 +116,5 @@ bool headless_window_is_open();
 // How often `display_set_fullscreen` was called, and its last argument.
 i64 headless_fullscreen_calls();
 bool headless_is_fullscreen();
+// The argument of the last `display_tell`.
+const std::string& headless_told();

@@ -31,6 +31,7 @@ view_size windowed_size;  // of the game's picture while the window is no fullsc
 view_size logical_size;   // of the game's picture now
 bool is_fullscreen;
 bool close_requested;
+std::string game_title;
 
 [[noreturn]] void open_failed(const char* reason) {
     message_write(
@@ -180,9 +181,9 @@ void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
     windowed_size = logical_size = {width, height};
     close_requested = false;
     view_size size = fitted_into(windowed_size, room_of(nullptr));
-    window =
-        SDL_CreateWindow(std::string(title.begin(), title.end()).c_str(), SDL_WINDOWPOS_CENTERED,
-                         SDL_WINDOWPOS_CENTERED, size.width, size.height, window_flags);
+    game_title.assign(title.begin(), title.end());
+    window = SDL_CreateWindow(game_title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                              size.width, size.height, window_flags);
     if (window == nullptr) {
         open_failed(SDL_GetError());
     }
@@ -243,6 +244,11 @@ void display_get_info(i32& width, i32& height) {
     view_size size = is_fullscreen ? logical_size : view_fullscreen(display_size());
     width = size.width;
     height = size.height;
+}
+
+void display_tell(str line) {
+    std::string told(line.begin(), line.end());
+    SDL_SetWindowTitle(window, (told.empty() ? game_title : game_title + " - " + told).c_str());
 }
 
 void display_close() {

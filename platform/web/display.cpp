@@ -14,6 +14,7 @@
 
 // clang-format off
 EM_JS(void, page_fullscreen_set, (bool wanted), { page_fullscreen(wanted !== 0); });
+EM_JS(void, page_tell, (const char* line, int length), { page_told(UTF8ToString(line, length)); });
 // clang-format on
 
 namespace {
@@ -96,6 +97,12 @@ void display_set_fullscreen(bool fullscreen) {
 void display_get_info(i32& width, i32& height) {
     width = logical_size.width;
     height = logical_size.height;
+}
+
+void display_tell(str line) {
+    if (line.length > 0) {
+        page_tell(line.data, static_cast<int>(line.length));
+    }
 }
 
 void display_close() {}

@@ -71,7 +71,7 @@ game_start() {
 
 window_find() {
     kill -0 "$game" 2>/dev/null || fail "the program ended before its window opened"
-    window=$(xdotool search --onlyvisible --name '^Quorrel$' 2>/dev/null)
+    window=$(xdotool search --onlyvisible --name '^Quorrel( - .*)?$' 2>/dev/null)
 }
 
 # Prints the window's place and size as X, Y, WIDTH and HEIGHT.

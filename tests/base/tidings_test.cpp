@@ -1,0 +1,45 @@
+#include "base/tidings.h"
+
+#include "tests/support/game.h"
+
+namespace {
+
+using tidings_test = game_test;
+
+std::string told(std::initializer_list<str> parts) {
+    tidings = {};
+    tiding_tell(tiding_news, parts);
+    return {tidings.text, static_cast<std::size_t>(tidings.length)};
+}
+
+TEST_F(tidings_test, whatever_the_bytes_are_a_line_is_shown) {
+    EXPECT_EQ(told({"failed: ", "für Zoë ☃ 𝄞"}), "failed: für Zoë ☃ 𝄞");
+    EXPECT_EQ(told({"a\n\x1b[1m\x7f\xc2\x9b"}), "a??[1m???");
+    EXPECT_EQ(told({"\xe2\x80\xae\xed\xa0\x80\xc0\x80\xf8\x90", "\xe2\x98"}), std::string(12, '?'));
+    const std::string longest = std::string(116, 'a') + "…";
+    EXPECT_EQ(told({str_of(std::string(116, 'a') + "☃☃"), " is no map"}), longest + " is no map");
+    const std::string all(400, 'b');
+    std::string cut = told({str_of(all), str_of(all), str_of(all), "c"});
+    EXPECT_LE(cut.size(), std::size_t{tiding_limit});
+    EXPECT_EQ(cut.substr(cut.size() - 4), "b…");
+}
+
+TEST_F(tidings_test, the_latest_is_shown_for_its_time_unless_a_graver_one_waits) {
+    str shown;
+    EXPECT_FALSE(tidings_step(shown));
+    EXPECT_EQ(output_of([] { failure_tell({"lost ", "it"}); }), "lost it\n");
+    tiding_tell(tiding_news, {"found"});
+    EXPECT_TRUE(tidings_step(shown));
+    EXPECT_EQ(shown, str("lost it"));
+    tiding_tell(tiding_news, {"found"});
+    EXPECT_TRUE(tidings_step(shown));
+    EXPECT_EQ(shown, str("found"));
+    for (i32 i = 1; i < tiding_frames; ++i) {
+        EXPECT_FALSE(tidings_step(shown));
+    }
+    EXPECT_TRUE(tidings_step(shown));
+    EXPECT_EQ(shown, str());
+    EXPECT_FALSE(tidings_step(shown));
+}
+
+}  // namespace
