@@ -65,7 +65,7 @@ void state_click_apply(u16 state) {
 }
 
 bool state_is_hovered(const pointer& mouse, world_point centre) {
-    return mouse.on_board && !screens.text_entry_open &&
+    return mouse.hovers && mouse.on_board && !screens.text_entry_open &&
            box_has(box_around(centre.x, centre.y, state_size, state_size), mouse.world.x,
                    mouse.world.y);
 }

@@ -51,7 +51,7 @@ hand_layout hand_measure(i64 count) {
 
 void hand_card_frame(i64 index, f64 x, const pointer& mouse) {
     bool hovered = machine_kind == pushdown_machine &&
-                   box_has({x, hand_y, card_size, card_size}, mouse.x, mouse.y);
+                   pointer_is_over(mouse, {x, hand_y, card_size, card_size});
     if (hovered && mouse.pressed) {
         selection.selected_card = selection.selected_card == index ? no_card : index;
     }
@@ -89,6 +89,16 @@ void drag_advance(const pointer& mouse, f64 track, bool thumb_hovered) {
     }
 }
 
+// How far a finger, or the middle button, has pulled the row itself, or the bar above it.
+f64 pulled(const hand_layout& row, f64 track) {
+    input_drag drag = input_dragged();
+    f64 from_y = render_target.height - drag.from_y;
+    if (from_y >= bottom_panel_height) {
+        return 0;
+    }
+    return from_y < hand_y + card_size ? -drag.dx / row.full_width : drag.dx / track;
+}
+
 void scroll_bar_frame(const hand_layout& row, const pointer& mouse) {
     if (row.count <= row.visible) {
         hand_row.hand_scroll = 0;
@@ -98,11 +108,12 @@ void scroll_bar_frame(const hand_layout& row, const pointer& mouse) {
     assert(row.full_width > 0);
     f64 fraction = track / row.full_width;
     box thumb = {bar_margin + hand_row.hand_scroll * track, bar_y, fraction * track, bar_height};
-    bool hovered = !hand_row.hand_scroll_dragging && box_has(thumb, mouse.x, mouse.y);
+    bool hovered = !hand_row.hand_scroll_dragging && pointer_is_over(mouse, thumb);
     drag_advance(mouse, track, hovered);
     if (mouse.y < bottom_panel_height) {
         hand_row.hand_scroll -= input_mouse_wheel() * wheel_step;
     }
+    hand_row.hand_scroll += pulled(row, track);
     hand_row.hand_scroll = std::clamp(hand_row.hand_scroll, 0.0, 1 - fraction);
     const colour& tint = hand_row.hand_scroll_dragging ? thumb_drag_tint
                          : hovered                     ? thumb_hover_tint

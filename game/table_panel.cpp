@@ -62,7 +62,7 @@ void table_draw() {
 
 void deck_frame(const pointer& mouse) {
     bool drawable = machine_kind == pushdown_machine && deck.cards.count > 0 && !turn.card_drawn;
-    if (!drawable || !box_has(place_of(deck), mouse.x, mouse.y)) {
+    if (!drawable || !pointer_is_over(mouse, place_of(deck))) {
         return;
     }
     if (mouse.pressed) {
@@ -79,7 +79,7 @@ void end_turn_frame(const pointer& mouse) {
     f64 y = render_target.height - card_step;
     box sign = {x, y, card_size, card_size};
     sprite_draw(texture_next_turn, sign, current_seat().colour);
-    if (deck.cards.count == 0 || !box_has(sign, mouse.x, mouse.y)) {
+    if (deck.cards.count == 0 || !pointer_is_over(mouse, sign)) {
         return;
     }
     if (mouse.pressed) {

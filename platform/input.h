@@ -1,6 +1,7 @@
 #pragma once
 
-// Keyboard and mouse, sampled once per frame by `input_poll`.
+// Keyboard, mouse and touch screen, sampled once per frame by `input_poll`. A finger that taps is a
+// mouse that clicks, one that rests presses the right button, one that moves drags the picture.
 //
 // "Pressed" and "released" are edges: true in the one frame whose poll found them, also when a key
 // went down and up between two polls. "Held" is a level. A poll finds one press, with the pointer
@@ -66,7 +67,12 @@ enum input_key : u32 {
 
 enum input_modifier : u32 { modifier_caps_lock = 1 << 4 };
 
-enum mouse_button : u32 { mouse_left = 2, mouse_right = 4, mouse_button_count = 8 };
+enum mouse_button : u32 {
+    mouse_left = 2,
+    mouse_middle = 3,
+    mouse_right = 4,
+    mouse_button_count = 8
+};
 
 void input_poll();
 
@@ -78,9 +84,24 @@ u32 input_key_modifiers();
 // Pixels from the picture's top-left corner; y grows downwards. In a window of other proportions
 // the pointer can be beyond the picture's edges.
 void input_mouse_position(f64& x, f64& y);
+// Whether the pointer is over the place that it points at. A mouse always is; a finger only in the
+// poll that finds its click, after which the position stays where it was.
+bool input_mouse_hovers();
 // Pixels moved since the poll before; y grows downwards.
 void input_mouse_moved(f64& dx, f64& dy);
 bool input_mouse_is_pressed(u32 button);
 bool input_mouse_is_released(u32 button);
 // Steps turned since the poll before, positive away from the player.
 f64 input_mouse_wheel();
+
+// How the player pulls at what the picture shows, with the middle button, one finger or two: what
+// was at (x, y) is to come to (x + dx, y + dy), and everything around it `zoom` times as large.
+struct input_drag {
+    f64 from_x, from_y;  // where the button or the first finger went down
+    f64 x, y;
+    f64 dx, dy;    // 0 and 0 when nothing was pulled
+    f64 zoom = 1;  // above 0; 1 unless two fingers moved apart or together
+};
+
+// Since the poll before. Places are pixels from the picture's top-left corner.
+input_drag input_dragged();

@@ -74,8 +74,7 @@ void keys_apply() {
 }
 
 bool game_is_shown() {
-    return !screens.title_menu_open && !screens.player_setup_open && !screens.map_list_open &&
-           !screens.editor_open;
+    return board_is_shown() && !screens.editor_open;
 }
 
 void screen_frame() {
@@ -147,7 +146,7 @@ bool program_frame() {
     }
     keys_apply();
     camera_matrices_build(render_target.width, render_target.height);
-    camera_input_apply(render_target.height);
+    camera_input_apply(render_target.width, render_target.height);
     if (game_is_shown()) {
         turn_update();
     }

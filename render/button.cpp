@@ -18,7 +18,7 @@ bool button_draw(str label, f64 centre_x, f64 centre_y, f64 width, f64 height) {
     sprite_draw(texture_gradient3, face, colour_white);
     label_draw(label, centre_x, centre_y);
     pointer mouse = pointer_read();
-    if (!box_has(face, mouse.x, mouse.y)) {
+    if (!pointer_is_over(mouse, face)) {
         return false;
     }
     box_fill(face, hover_veil);

@@ -52,6 +52,21 @@ void wheel_apply(i32 height) {
     }
 }
 
+// Pulls the board along, unless the drag began on the bottom panel, and keeps what is between the
+// fingers there also where the zoom ends.
+void drag_apply(i32 width, i32 height) {
+    input_drag drag = input_dragged();
+    if (!board_is_shown() || drag.from_y >= height - bottom_panel_height) {
+        return;
+    }
+    f64 zoom = std::clamp(camera.zoom * drag.zoom, zoom_min, zoom_max);
+    f64 x = drag.x - width / 2.0;
+    f64 y = height / 2.0 - drag.y;
+    camera.x += x / camera.zoom - (x + drag.dx) / zoom;
+    camera.y += y / camera.zoom - (y - drag.dy) / zoom;
+    camera.zoom = zoom;
+}
+
 void view_reset() {
     camera.x = 0;
     camera.y = 0;
@@ -72,12 +87,13 @@ void camera_matrices_build(i32 width, i32 height) {
                           translation(-centre_x, -centre_y);
 }
 
-void camera_input_apply(i32 height) {
+void camera_input_apply(i32 width, i32 height) {
     if (!screens.text_entry_open) {
         keys_apply();
     }
     wheel_apply(height);
     camera.zoom = std::clamp(camera.zoom, zoom_min, zoom_max);
+    drag_apply(width, height);
     if (input_key_is_pressed(key_r) && !screens.text_entry_open) {
         view_reset();
     }

@@ -28,6 +28,11 @@ pointer pointer_read() {
     mouse.world = view_world_point(mouse.x, mouse.y);
     mouse.on_board =
         bottom_panel_height < mouse.y && mouse.y < render_target.height - top_panel_height;
+    mouse.hovers = input_mouse_hovers();
     mouse.pressed = input_mouse_is_pressed(mouse_left);
     return mouse;
+}
+
+bool pointer_is_over(const pointer& mouse, const box& place) {
+    return mouse.hovers && box_has(place, mouse.x, mouse.y);
 }

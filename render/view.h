@@ -42,8 +42,12 @@ struct pointer {
     f64 y;
     world_point world;
     bool on_board;  // strictly between the two bands: only there states can be hovered and clicked
+    bool hovers;    // over the place, which a finger is only while it clicks
     bool pressed;   // the left button went down in this frame
 };
 
 // Read from this frame's input and matrices.
 pointer pointer_read();
+
+// Whether the pointer hovers over a box of the window.
+bool pointer_is_over(const pointer& mouse, const box& place);

@@ -2,3 +2,7 @@
 
 screen_flags screens;
 app_record app;
+
+bool board_is_shown() {
+    return !screens.title_menu_open && !screens.player_setup_open && !screens.map_list_open;
+}

@@ -15,6 +15,9 @@ struct screen_flags {
 
 extern screen_flags screens;
 
+// Whether no menu covers the board.
+bool board_is_shown();
+
 struct app_record {
     bool running = false;  // the loop goes on
     bool help_visible = false;

@@ -6,13 +6,25 @@
 
 namespace {
 
-enum class event_kind : u8 { key, button, release_all, caps_lock, pointer, motion, wheel };
+enum class event_kind : u8 {
+    key,
+    button,
+    release_all,
+    caps_lock,
+    pointer,
+    finger,
+    motion,
+    wheel,
+    grip,
+    drag,
+};
 
 struct input_event {
     event_kind kind;
     u32 code;  // of the key or button
     bool down;
     f64 x, y;
+    f64 dx = 0, dy = 0, zoom = 1;  // of a drag
     bool operator==(const input_event&) const = default;
 };
 
@@ -28,9 +40,11 @@ struct input_state {
     switches<key_count> keys;
     switches<mouse_button_count> buttons;
     bool caps_lock;
-    f64 x, y;    // pixels
-    f64 dx, dy;  // pixels since the last sample
-    f64 wheel;   // steps since the last sample
+    f64 x, y;      // pixels
+    bool touched;  // by a finger, which is gone after its click
+    f64 dx, dy;    // pixels since the last sample
+    f64 wheel;     // steps since the last sample
+    input_drag drag;
 };
 
 std::deque<input_event> waiting;
@@ -61,13 +75,48 @@ void edges_forget(switches<count>& all) {
     }
 }
 
+void drag_begin(f64 x, f64 y) {
+    sampled.drag.from_x = x;
+    sampled.drag.from_y = y;
+}
+
+// One drag after the other is a drag of the point that the first brings to where the second begins.
+void drag_add(const input_event& next) {
+    input_drag& drag = sampled.drag;
+    drag.x += (next.x - drag.x - drag.dx) / drag.zoom;
+    drag.y += (next.y - drag.y - drag.dy) / drag.zoom;
+    drag.dx = next.x + next.dx - drag.x;
+    drag.dy = next.y + next.dy - drag.y;
+    drag.zoom *= next.zoom;
+}
+
+void drag_forget() {
+    sampled.drag.dx = sampled.drag.dy = 0;
+    sampled.drag.zoom = 1;
+}
+
+void pointer_move(f64 x, f64 y) {
+    if (sampled.buttons.held[mouse_middle]) {
+        drag_add({event_kind::drag, 0, false, sampled.x, sampled.y, x - sampled.x, y - sampled.y});
+    }
+    sampled.x = x;
+    sampled.y = y;
+}
+
+void button_set(u32 button, bool down) {
+    if (button == mouse_middle && down) {
+        drag_begin(sampled.x, sampled.y);
+    }
+    switch_set(sampled.buttons, button, down);
+}
+
 void event_apply(const input_event& event) {
     switch (event.kind) {
         case event_kind::key:
             switch_set(sampled.keys, event.code, event.down);
             break;
         case event_kind::button:
-            switch_set(sampled.buttons, event.code, event.down);
+            button_set(event.code, event.down);
             break;
         case event_kind::release_all:
             switches_release(sampled.keys);
@@ -77,8 +126,15 @@ void event_apply(const input_event& event) {
             sampled.caps_lock = event.down;
             break;
         case event_kind::pointer:
-            sampled.x = event.x;
-            sampled.y = event.y;
+        case event_kind::finger:
+            pointer_move(event.x, event.y);
+            sampled.touched = event.kind == event_kind::finger;
+            break;
+        case event_kind::grip:
+            drag_begin(event.x, event.y);
+            break;
+        case event_kind::drag:
+            drag_add(event);
             break;
         case event_kind::motion:
             sampled.dx += event.x;
@@ -107,6 +163,7 @@ void sample_begin() {
     edges_forget(sampled.keys);
     edges_forget(sampled.buttons);
     sampled.dx = sampled.dy = sampled.wheel = 0.0;
+    drag_forget();
 }
 
 }  // namespace
@@ -132,6 +189,20 @@ void input_feed_caps_lock(bool on) {
 
 void input_feed_pointer(f64 x, f64 y) {
     waiting.push_back({event_kind::pointer, 0, false, x, y});
+}
+
+void input_feed_tap(u32 button, f64 x, f64 y) {
+    waiting.push_back({event_kind::finger, 0, false, x, y});
+    input_feed_button(button, true);
+    input_feed_button(button, false);
+}
+
+void input_feed_grip(f64 x, f64 y) {
+    waiting.push_back({event_kind::grip, 0, false, x, y});
+}
+
+void input_feed_drag(f64 x, f64 y, f64 dx, f64 dy, f64 zoom) {
+    waiting.push_back({event_kind::drag, 0, false, x, y, dx, dy, zoom});
 }
 
 void input_feed_motion(f64 dx, f64 dy) {
@@ -181,6 +252,11 @@ void input_mouse_position(f64& x, f64& y) {
     y = sampled.y;
 }
 
+bool input_mouse_hovers() {
+    return !sampled.touched || sampled.buttons.pressed[mouse_left] ||
+           sampled.buttons.pressed[mouse_right];
+}
+
 void input_mouse_moved(f64& dx, f64& dy) {
     dx = sampled.dx;
     dy = sampled.dy;
@@ -196,4 +272,8 @@ bool input_mouse_is_released(u32 button) {
 
 f64 input_mouse_wheel() {
     return sampled.wheel;
+}
+
+input_drag input_dragged() {
+    return sampled.drag;
 }

@@ -1,5 +1,6 @@
 #include "platform/headless/headless.h"
 
+#include "platform/common/gestures.h"
 #include "platform/common/input_state.h"
 #include "platform/display.h"
 #include "platform/headless/gpu_headless.h"
@@ -28,6 +29,7 @@ machine now;
 void headless_reset() {
     now = {};
     input_reset();
+    gestures_end();
     gpu_reset();
 }
 

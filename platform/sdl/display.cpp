@@ -50,6 +50,7 @@ bool driver_shows_windows() {
 void hints_set() {
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+    SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "0");  // a finger is no mouse that is held
     if (SDL_getenv("WAYLAND_DISPLAY") != nullptr) {
         // Through X11 a dense display would show the window enlarged and blurred.
         SDL_SetHint(SDL_HINT_VIDEODRIVER, "wayland,x11");

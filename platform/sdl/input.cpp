@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 
+#include "platform/common/gestures.h"
 #include "platform/common/input_state.h"
 #include "platform/common/keyboard.h"
 #include "platform/common/view.h"
@@ -26,6 +27,12 @@ void key_down(const SDL_KeyboardEvent& event) {
     }
 }
 
+bool mouse_leads = true;  // and no finger: it was used last
+
+i64 clock_now() {
+    return static_cast<i64>(SDL_GetTicks64());
+}
+
 // From the window's coordinates to those of the game's picture.
 void pointer_feed(int window_x, int window_y) {
     f64 density = window_density();
@@ -33,20 +40,58 @@ void pointer_feed(int window_x, int window_y) {
     f64 y = window_y * density;
     view_point(x, y);
     input_feed_pointer(x, y);
+    mouse_leads = true;
+}
+
+// Pixels of the game's picture for one unit of the window's coordinates.
+f64 picture_scale() {
+    return window_density() * view.logical.width / view.shown.width;
 }
 
 void motion_event(const SDL_MouseMotionEvent& event) {
-    f64 scale = window_density() * view.logical.width / view.shown.width;
     pointer_feed(event.x, event.y);
-    input_feed_motion(event.xrel * scale, event.yrel * scale);
+    input_feed_motion(event.xrel * picture_scale(), event.yrel * picture_scale());
+}
+
+u32 button_of(u8 button) {
+    switch (button) {
+        case SDL_BUTTON_LEFT:
+            return mouse_left;
+        case SDL_BUTTON_MIDDLE:
+            return mouse_middle;
+        case SDL_BUTTON_RIGHT:
+            return mouse_right;
+        default:
+            return mouse_button_count;
+    }
 }
 
 void button_event(const SDL_MouseButtonEvent& event) {
-    if (event.button == SDL_BUTTON_LEFT || event.button == SDL_BUTTON_RIGHT) {
+    u32 button = button_of(event.button);
+    if (button != mouse_button_count) {
         pointer_feed(event.x, event.y);
-        input_feed_button(event.button == SDL_BUTTON_LEFT ? mouse_left : mouse_right,
-                          event.type == SDL_MOUSEBUTTONDOWN);
+        input_feed_button(button, event.type == SDL_MOUSEBUTTONDOWN);
     }
+}
+
+finger_phase phase_of(u32 type) {
+    return type == SDL_FINGERDOWN ? finger_down : type == SDL_FINGERUP ? finger_up : finger_moved;
+}
+
+// Places are parts of the window. Fingers on a touchpad that point at none are the system's.
+void finger_event_apply(const SDL_TouchFingerEvent& event) {
+    SDL_TouchDeviceType device = SDL_GetTouchDeviceType(event.touchId);
+    if (device == SDL_TOUCH_DEVICE_INDIRECT_ABSOLUTE ||
+        device == SDL_TOUCH_DEVICE_INDIRECT_RELATIVE) {
+        return;
+    }
+    f64 x = f64{event.x} * view.window.width;
+    f64 y = f64{event.y} * view.window.height;
+    view_point(x, y);
+    u32 age = SDL_GetTicks() - event.timestamp;
+    gestures_feed({event.fingerId, phase_of(event.type), x, y, clock_now() - age},
+                  finger_stray * picture_scale());
+    mouse_leads = false;
 }
 
 void wheel_event(const SDL_MouseWheelEvent& event) {
@@ -57,6 +102,7 @@ void wheel_event(const SDL_MouseWheelEvent& event) {
 void window_event(const SDL_WindowEvent& event) {
     if (event.event == SDL_WINDOWEVENT_FOCUS_LOST) {
         keyboard_release_all();
+        gestures_end();
     }
     window_changed();
 }
@@ -88,8 +134,22 @@ void event_apply(const SDL_Event& event) {
         case SDL_MOUSEWHEEL:
             wheel_event(event.wheel);
             break;
+        case SDL_FINGERDOWN:
+        case SDL_FINGERMOTION:
+        case SDL_FINGERUP:
+            finger_event_apply(event.tfinger);
+            break;
         default:
             break;
+    }
+}
+
+void pointer_at_rest_feed() {
+    int x = 0;
+    int y = 0;
+    SDL_GetMouseState(&x, &y);
+    if (mouse_leads) {
+        pointer_feed(x, y);
     }
 }
 
@@ -104,11 +164,9 @@ void input_poll() {
     }
     if (any) {
         // The window may have changed under a pointer at rest; other windows may have had the keys.
-        int x = 0;
-        int y = 0;
-        SDL_GetMouseState(&x, &y);
-        pointer_feed(x, y);
+        pointer_at_rest_feed();
         input_feed_caps_lock((SDL_GetModState() & KMOD_CAPS) != 0);
     }
+    gestures_wait(clock_now());
     input_sample();
 }

@@ -1,11 +1,14 @@
 // Sprites, arrows, cards, buttons and texts: where they land. The camera that the world's go
 // through.
 
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <cmath>
 #include <sstream>
 
 #include "game/card_drawing.h"
+#include "platform/common/input_state.h"
 #include "render/camera.h"
 #include "render/goal_text.h"
 #include "render/pictures.h"
@@ -95,7 +98,7 @@ TEST_F(drawing_test, WhatIsDrawnWhere) {
 TEST_F(drawing_test, KeysAndWheelMoveTheCamera) {
     auto step = [] {
         input_poll();
-        camera_input_apply(832);
+        camera_input_apply(1024, 832);
     };
     golden_check("render/camera", [&](const std::string& given) {
         std::istringstream in(given.substr(1));
@@ -123,6 +126,41 @@ TEST_F(drawing_test, KeysAndWheelMoveTheCamera) {
     camera.x = 10;
     step();  // a held key counts once
     EXPECT_EQ(camera.x, 10);
+}
+
+// What two fingers, or one, or the middle button hold stays under them, also where the zoom ends;
+// the bottom panel holds nothing of the board.
+TEST_F(drawing_test, ADragHoldsTheBoard) {
+    auto world_at = [](f64 x, f64 y) {
+        camera_matrices_build(1024, 832);
+        world_point at = view_world_point(x, 832 - y);
+        return std::vector<f64>{at.x, at.y};
+    };
+    screens.title_menu_open = false;
+    for (f64 zoom : {1.0, 1.5, 0.01, 100.0}) {
+        camera = {8, 4, 2, 256};
+        std::vector<f64> held = world_at(100, 200);
+        input_feed_grip(512, 655);
+        input_feed_drag(100, 200, 50, -20, zoom);
+        input_feed_drag(150, 180, 50, 10, 1);
+        input_poll();
+        camera_input_apply(1024, 832);
+        EXPECT_EQ(camera.zoom, std::clamp(2 * zoom, 0.25, 4.0));
+        EXPECT_THAT(world_at(200, 190), testing::Pointwise(testing::DoubleNear(1e-3), held));
+    }
+    for (auto [row, moved] : {std::pair{655, -5}, {656, 0}}) {
+        camera = {};
+        headless_mouse_move(100, row);
+        headless_mouse_press(mouse_middle);
+        headless_mouse_move(105, row);
+        headless_mouse_release(mouse_middle);
+        for (i64 polls = 0; polls < 3; ++polls) {
+            input_poll();
+            camera_input_apply(1024, 832);
+            headless_mouse_move(300, 300);
+        }
+        EXPECT_EQ(camera.x, moved);
+    }
 }
 
 }  // namespace

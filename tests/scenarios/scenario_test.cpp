@@ -252,6 +252,16 @@ class scenario_test : public screen_test, public testing::WithParamInterface<std
         } else if (verb == "wheel") {
             headless_wheel(read(words));
             frame();
+        } else if (verb == "drag") {  // with the middle button, from there by so many pixels
+            f64 x = read(words);
+            point place = {x, read(words)};
+            point_at(place.x, place.y);
+            headless_mouse_press(mouse_middle);
+            point_at(place.x + read(words), place.y);
+            headless_mouse_release(mouse_middle);
+            for (i64 left = 3; left > 0; --left) {  // the press, the move, its picture
+                frame();
+            }
         } else if (verb == "close") {
             headless_close_window();
             frame();
