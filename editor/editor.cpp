@@ -4,6 +4,7 @@
 
 #include "base/message.h"
 #include "editor/goal_editing.h"
+#include "editor/history.h"
 #include "editor/map_edit.h"
 #include "editor/settings_panel.h"
 #include "editor/text_entry.h"
@@ -65,6 +66,7 @@ edit_buttons edit_buttons_frame() {
 }
 
 void map_list_show() {
+    history_map_leave();
     screens.map_list_open = true;
     selected_entry = 0;
     if (const catalogue_entry* entry = catalogue_selected()) {
@@ -73,11 +75,25 @@ void map_list_show() {
     }
 }
 
-// ctrl+s and ctrl+o; true when the map list was opened, to which this frame's "o" then belonged.
+// ctrl+z, and ctrl+y or ctrl+shift+z, unless a text is typed.
+void history_keys_apply() {
+    if (screens.text_entry_open) {
+        return;
+    }
+    if (input_key_is_pressed(key_y) ||
+        (input_key_is_pressed(key_z) && input_key_is_held(key_shift))) {
+        history_forward();
+    } else if (input_key_is_pressed(key_z)) {
+        history_back();
+    }
+}
+
+// The keys with ctrl; true when the map list was opened, to which this frame's "o" then belonged.
 bool ctrl_keys_apply() {
     if (!input_key_is_held(key_ctrl)) {
         return false;
     }
+    history_keys_apply();
     if (input_key_is_pressed(key_s)) {
         text_entry_open_map_name();
     }
@@ -185,6 +201,7 @@ void editing_keys_apply(world_point cursor, const edit_buttons& clicked) {
 }  // namespace
 
 void editor_frame(const pointer& mouse) {
+    history_frame_begin();
     world_point cursor = {grid_snap(mouse.world.x), grid_snap(mouse.world.y)};
     grid_cursor_draw(mouse, cursor);
     text_draw_left("Press <f1> for help", render_target.width - 256, render_target.height - 32,
@@ -213,10 +230,15 @@ void editor_frame(const pointer& mouse) {
     if (goal_editing.goal_dialog_open) {
         goal_dialog_frame();
     }
+    if (!list_opened) {
+        history_frame_end();
+        fault_assert(history_fault);
+    }
     fault_assert(state_fault);
 }
 
 void editor_leave() {
+    history_map_leave();
     map_work_end();
     text_entry_close();
     goal_editing.goal_dialog_open = false;

@@ -1,10 +1,13 @@
 // A player does anything, in any order and at once: every byte is an act, each followed by a frame.
-// Who leaves the game comes back at once.
+// Who leaves the game comes back at once. In the end all steps of the editor are taken back and
+// done again.
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "base/time_step.h"
+#include "editor/history.h"
 #include "fuzz/files.h"
 #include "fuzz/fuzz.h"
 #include "maps/catalogue.h"
@@ -19,6 +22,7 @@
 #include "rules/check.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
+#include "tools/arguments.h"
 
 namespace {
 
@@ -135,6 +139,24 @@ bool maps_ship() {
     return true;
 }
 
+// Goes forward to the last step, back to the first and forward again over the same maps.
+void steps_walk() {
+    while (history.position < history.used) {
+        history_forward();
+    }
+    std::vector<std::string> maps;
+    while (history.position > 0) {
+        maps.emplace_back(view_of(history_map()));
+        history_back();
+        fuzz_expect(history_fault().length == 0, "the map before a step is back");
+    }
+    for (; !maps.empty(); maps.pop_back()) {
+        history_forward();
+        fuzz_expect(view_of(history_map()) == maps.back(), "a step done again makes its map");
+        fuzz_expect(history_fault().length == 0, "a step done again is recorded");
+    }
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const u8* data, std::size_t size) {
@@ -147,6 +169,9 @@ int LLVMFuzzerTestOneInput(const u8* data, std::size_t size) {
         app.running = true;
         act_do(input.byte(), input);
         program_frame();
+    }
+    if (screens.editor_open && !screens.map_list_open) {
+        steps_walk();
     }
     map_work_end();
     fuzz_expect(state_fault().length == 0, "the whole state holds");

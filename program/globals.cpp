@@ -6,6 +6,7 @@
 #include "base/arena.h"
 #include "base/tidings.h"
 #include "editor/goal_editing.h"
+#include "editor/history.h"
 #include "editor/text_entry.h"
 #include "game/hand_panel.h"
 #include "maps/catalogue.h"
@@ -52,6 +53,7 @@ void game_globals_reset() {
     hand_row = {};
     text_entry = {};
     goal_editing = {};
+    history = {};
 }
 
 void screen_globals_reset() {

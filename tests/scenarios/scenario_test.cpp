@@ -11,6 +11,7 @@
 #include <map>
 #include <sstream>
 
+#include "base/tidings.h"
 #include "maps/catalogue.h"
 #include "render/camera.h"
 #include "render/goal_text.h"
@@ -99,6 +100,9 @@ std::map<std::string, std::string> facts_now() {
                       : screens.map_list_open     ? "maps"
                       : screens.editor_open       ? "editor"
                                                   : "game";
+    if (tidings.kind != tiding_failure) {
+        facts["told"] = string_of({tidings.text, tidings.length});
+    }
     facts["running"] = app.running ? "yes" : "no";
     facts["seats"] = seats_text();
     facts["deck"] = pile_text(deck.cards);
