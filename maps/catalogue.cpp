@@ -18,8 +18,6 @@ struct family_files {
     str custom_directory;
 };
 
-constexpr str catalogue_folder = "resources";
-
 constexpr family_files families[machine_kind_count] = {
     {"resources/state_maps.txt", "custom_state_machines/"},
     {"resources/pushdown_maps.txt", "custom_pushdown_machines/"},
@@ -76,8 +74,10 @@ void catalogue_delete_selected() {
     if (doomed == nullptr) {
         return;
     }
+    folder_lock(catalogue_folder);
     map_file_keep(doomed->path);
     file_delete(doomed->path);
+    folder_unlock();
     dyn_array_remove_at(*current_catalogue, selected_entry);
     if (current_catalogue->count <= selected_entry) {
         selected_entry = current_catalogue->count - 1;

@@ -6,6 +6,9 @@
 #include "maps/catalogue_file.h"
 #include "maps/model.h"
 
+// Where the lists lie. Locked by whoever changes one of them or puts a map file in a place.
+inline constexpr str catalogue_folder = "resources";
+
 extern catalogue catalogues[machine_kind_count];        // indexed by family
 extern catalogue known_catalogues[machine_kind_count];  // what this game knows to be on file
 extern catalogue* current_catalogue;                    // one of them; null until one is selected

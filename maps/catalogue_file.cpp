@@ -1,10 +1,9 @@
 #include "maps/catalogue_file.h"
 
 #include <algorithm>
-#include <string_view>
-#include <utility>
 
 #include "base/tidings.h"
+#include "maps/catalogue_merge.h"
 #include "maps/file_text.h"
 #include "maps/scan.h"
 #include "platform/file.h"
@@ -13,7 +12,28 @@ namespace {
 
 constexpr i64 entry_size = sizeof(catalogue_entry);
 
-bool entries_read(catalogue& list, str path) {
+// The work of `catalogue_write`, in memory that it may leave taken.
+bool merged_write(str path, const catalogue& list, const catalogue& known) {
+    catalogue on_file = {};
+    catalogue merged = {};
+    bool is_there = file_exists(path);
+    if (is_there && !catalogue_read(on_file, path)) {
+        return false;
+    }
+    return catalogue_merge(list, known, is_there ? on_file : known, merged) &&
+           catalogue_replace(path, merged);
+}
+
+}  // namespace
+
+void catalogue_copy(const catalogue& list, catalogue& copy) {
+    copy.count = 0;
+    dyn_array_reserve(copy, list.count);
+    std::copy(list.begin(), list.end(), copy.data);
+    copy.count = list.count;
+}
+
+bool catalogue_read(catalogue& list, str path) {
     i64 mark = arenas[arena_persistent].offset;
     str text;
     if (!file_read_all(path, text)) {
@@ -38,105 +58,30 @@ bool entries_read(catalogue& list, str path) {
     return true;
 }
 
-std::string_view view_of(str text) {
-    return {text.data, static_cast<std::size_t>(text.length)};
-}
-
-bool entry_is_before(const catalogue_entry& a, const catalogue_entry& b) {
-    return std::pair(view_of(a.name), view_of(a.path)) <
-           std::pair(view_of(b.name), view_of(b.path));
-}
-
-bool entry_is_same(const catalogue_entry& a, const catalogue_entry& b) {
-    return a.name == b.name && a.path == b.path;
-}
-
-catalogue sorted(const catalogue& list) {
-    catalogue copy = {};
-    catalogue_copy(list, copy);
-    std::sort(copy.begin(), copy.end(), entry_is_before);
-    return copy;
-}
-
-bool is_among(const catalogue& sorted_list, const catalogue_entry& entry) {
-    return std::binary_search(sorted_list.begin(), sorted_list.end(), entry, entry_is_before);
-}
-
-void entry_write(file_id file, const catalogue_entry& entry) {
-    file_write(file, entry.name.length, entry.name.data);
-    file_write_byte(file, ' ');
-    file_write(file, entry.path.length, entry.path.data);
-    file_write_byte(file, '\n');
-}
-
-// The list, with what was added to the file and taken out of it meanwhile.
-void merged_write(file_id file, const catalogue& list, const catalogue& known,
-                  const catalogue& on_file) {
-    const catalogue all_known = sorted(known);
-    const catalogue all_on_file = sorted(on_file);
-    const catalogue all_listed = sorted(list);
-    for (const catalogue_entry& entry : list) {
-        if (is_among(all_on_file, entry) || !is_among(all_known, entry)) {
-            entry_write(file, entry);
-        }
-    }
-    for (const catalogue_entry& entry : on_file) {
-        if (!is_among(all_known, entry) && !is_among(all_listed, entry)) {
-            entry_write(file, entry);
-        }
+void catalogue_load(catalogue& list, str path) {
+    if (!catalogue_read(list, path)) {
+        failure_tell({"failed to open ", path});
     }
 }
 
-void list_write(file_id file, const catalogue& list) {
-    for (const catalogue_entry& entry : list) {
-        entry_write(file, entry);
-    }
-}
-
-// The work of `catalogue_write`, in memory that it may leave taken.
-bool file_replace(str path, const catalogue& list, const catalogue& known) {
-    catalogue on_file = {};
-    bool was_there = file_exists(path);
-    if (was_there && !entries_read(on_file, path)) {
-        return false;
-    }
-    bool others_wrote = was_there && !std::equal(on_file.begin(), on_file.end(), known.begin(),
-                                                 known.end(), entry_is_same);
-    i64 memory = (list.count + known.count + on_file.count) * entry_size;
-    if (others_wrote && memory > arena_room(arena_persistent)) {
-        return false;
-    }
+bool catalogue_replace(str path, const catalogue& list) {
     file_id file = file_open(path, file_mode_write);
-    if (others_wrote) {
-        merged_write(file, list, known, on_file);
-    } else {
-        list_write(file, list);
+    for (const catalogue_entry& entry : list) {
+        file_write(file, entry.name.length, entry.name.data);
+        file_write_byte(file, ' ');
+        file_write(file, entry.path.length, entry.path.data);
+        file_write_byte(file, '\n');
     }
     file_close(file);
     return !file_failed(file);
 }
 
-}  // namespace
-
-void catalogue_load(catalogue& list, str path) {
-    if (!entries_read(list, path)) {
-        failure_tell({"failed to open ", path});
-    }
-}
-
 bool catalogue_write(str path, const catalogue& list, catalogue& known) {
     i64 mark = arenas[arena_persistent].offset;
-    bool written = file_replace(path, list, known);
+    bool written = merged_write(path, list, known);
     arena_rewind(arena_persistent, mark);
     if (written) {
         catalogue_copy(list, known);
     }
     return written;
-}
-
-void catalogue_copy(const catalogue& list, catalogue& copy) {
-    copy.count = 0;
-    dyn_array_reserve(copy, list.count);
-    std::copy(list.begin(), list.end(), copy.data);
-    copy.count = list.count;
 }

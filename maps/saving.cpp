@@ -10,6 +10,7 @@
 #include "maps/kept.h"
 #include "maps/writer.h"
 #include "platform/file.h"
+#include "platform/folder.h"
 
 namespace {
 
@@ -64,7 +65,10 @@ bool map_file_write(str path) {
 void map_save(str name) {
     str path = custom_map_path(name);
     message_write({"saving map ", name, " as ", path, "\n"});
-    if (!map_file_write(path)) {
+    folder_lock(catalogue_folder);
+    bool written = map_file_write(path);
+    folder_unlock();
+    if (!written) {
         failure_tell({"failed to save map: ", path});
         return;
     }

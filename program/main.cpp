@@ -7,6 +7,7 @@
 #include "maps/kept.h"
 #include "platform/directory.h"
 #include "platform/file.h"
+#include "platform/standard_streams.h"
 #include "program/command_line.h"
 #include "program/frame.h"
 #include "program/map_import.h"
@@ -59,6 +60,7 @@ bool files_prepare(const command_line& command) {
 }  // namespace
 
 int main(int argument_count, char** arguments) {
+    standard_streams_open();
     command_line command;
     int status = command_line_read(argument_count, arguments, command);
     if (status != command_play) {

@@ -13,6 +13,7 @@
 #include "maps/file_text.h"
 #include "maps/kept.h"
 #include "platform/file.h"
+#include "platform/folder.h"
 
 namespace {
 
@@ -72,6 +73,17 @@ bool place_fits(str name, str text, str& path) {
     return (entry == nullptr && !file_exists(path)) || file_holds(path, text);
 }
 
+// Puts the map where one of this name may go, with a number where the name is taken. False when it
+// cannot be written there.
+bool map_put(str name, str text, str& numbered, str& path) {
+    i64 number = 0;
+    do {
+        number += 1;
+        numbered = name_numbered(name, number);
+    } while (!place_fits(numbered, text, path));
+    return file_exists(path) || file_write_all(path, text);
+}
+
 }  // namespace
 
 str map_name_of_file(str path) {
@@ -104,14 +116,11 @@ bool map_text_import(str name, str text, i64 family) {
     assert(0 <= family && family < machine_kind_count);
     machine_kind = family;
     current_catalogue = &catalogues[machine_kind];
-    str clean = name_clean(name);
     str numbered, place;
-    i64 number = 0;
-    do {
-        number += 1;
-        numbered = name_numbered(clean, number);
-    } while (!place_fits(numbered, text, place));
-    if (!file_exists(place) && !file_write_all(place, text)) {
+    folder_lock(catalogue_folder);
+    bool put = map_put(name_clean(name), text, numbered, place);
+    folder_unlock();
+    if (!put) {
         return refuse(place, "cannot be written");
     }
     catalogue_add(numbered, place);

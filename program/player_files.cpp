@@ -1,18 +1,16 @@
 #include "program/player_files.h"
 
-#include <cassert>
+#include <algorithm>
 
-#include "base/text_builder.h"
 #include "maps/catalogue.h"
-#include "maps/file_text.h"
-#include "maps/scan.h"
+#include "maps/catalogue_merge.h"
 #include "platform/directory.h"
 #include "platform/file.h"
 #include "platform/folder.h"
+#include "render/font.h"
 
 namespace {
 
-constexpr str resources = "resources";
 constexpr str shipped_record = ".shipped";
 
 // As seen from the program's own directory.
@@ -23,75 +21,46 @@ str path_join(str folder, str name) {
     return str_concat(start, name, arena_persistent);
 }
 
-bool has_line(str text, str wanted) {
-    text_cursor cursor = {text.data, text.length, 0};
-    for (str line; text_next_line(cursor, line);) {
-        if (line == wanted) {
-            return true;
-        }
-    }
-    return false;
+// A list that the player's directory lacks is empty. False when one is there and cannot be read.
+bool own_list_read(catalogue& list, str path) {
+    return !file_is_own(path) || catalogue_read(list, path);
 }
 
-void put_line(text_builder& text, str line) {
-    text_builder_put_str(text, line);
-    text_builder_put(text, '\n');
+bool list_update(str path, const catalogue& before, const catalogue& now) {
+    return std::ranges::equal(before, now) || catalogue_replace(path, now);
 }
 
-// What ships without the entries that the player removed since `before` shipped, then what the
-// player added.
-str catalogue_merged(str shipped, str before, str player, bool restore) {
-    text_builder merged = {};
-    text_cursor cursor = {shipped.data, shipped.length, 0};
-    for (str line; text_next_line(cursor, line);) {
-        if (restore || has_line(player, line) || !has_line(before, line)) {
-            put_line(merged, line);
-        }
-    }
-    cursor = {player.data, player.length, 0};
-    for (str line; text_next_line(cursor, line);) {
-        if (!has_line(before, line) && !has_line(shipped, line)) {
-            put_line(merged, line);
-        }
-    }
-    return text_builder_text(merged);
-}
-
-// A file that cannot be read whole is not replaced, nor is one that is as it should be.
-bool file_update(str path, str content) {
-    str old;
-    if (file_exists(path) && (!file_read_all(path, old) || old == content)) {
-        return old == content;
-    }
-    return file_write_all(path, content);
-}
-
-// Brings one catalogue up to the one that ships.
+// Brings one catalogue up to the one that ships. While one of the three cannot be read it stays as
+// it is, since what the player has removed is not known.
 void catalogue_refresh(str path, str data, bool restore) {
-    assert(data.length > 0);
     str record = path_join(shipped_record, str_after_last(path, '/'));
-    str shipped, before, player;
-    if (!file_read_all(path_join(data, path), shipped)) {
+    catalogue shipped = {}, before = {}, player = {};
+    if (!catalogue_read(shipped, path_join(data, path)) || !own_list_read(player, path) ||
+        !own_list_read(before, record)) {
         return;
     }
-    if (file_exists(path)) {
-        if (!file_read_all(path, player)) {
-            return;
-        }
-        file_read_all(record, before);
+    if (!file_is_own(path)) {
+        before = {};  // nothing was removed from a list that is not there
     }
-    if (file_update(path, catalogue_merged(shipped, before, player, restore))) {
-        file_update(record, shipped);
+    catalogue now = {}, complete = {};
+    bool merged = catalogue_merge(player, before, shipped, now) &&
+                  (!restore || catalogue_merge(now, {}, shipped, complete));
+    if (merged && list_update(path, player, restore ? complete : now)) {
+        list_update(record, before, shipped);
     }
 }
 
 }  // namespace
 
+bool directory_is_whole(str directory) {
+    return file_is_own(path_join(directory, font_path));
+}
+
 str shipped_data_find() {
     str program = directory_of_program();
     for (str place : data_places) {
         str data = path_join(program, place);
-        if (directory_exists(path_join(data, resources))) {
+        if (directory_is_whole(data)) {
             return data;
         }
     }
@@ -103,7 +72,7 @@ bool player_files_enter(str directory, str data, bool restore) {
         return false;
     }
     bool is_player_directory = directory_exists(shipped_record);
-    if (directory_exists(resources) && !is_player_directory) {
+    if (!is_player_directory && directory_is_whole(".")) {
         return true;
     }
     if (directory.length == 0 && !is_player_directory &&
@@ -111,7 +80,7 @@ bool player_files_enter(str directory, str data, bool restore) {
         return false;
     }
     if (data.length > 0) {
-        folder_lock(resources);
+        folder_lock(catalogue_folder);
         folder_sweep(shipped_record);
         for (i64 family = 0; family < machine_kind_count; ++family) {
             catalogue_refresh(catalogue_path(family), data, restore);

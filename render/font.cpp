@@ -20,7 +20,6 @@ font_record font;
 
 namespace {
 
-constexpr str font_path = "resources/font_info.txt";
 constexpr str font_folder = "resources/";
 
 // What the lines read so far give. Of several pictures the last one counts; only that is decoded.

@@ -2,7 +2,10 @@
 
 // The one bitmap font.
 
+#include "base/str.h"
 #include "base/types.h"
+
+inline constexpr str font_path = "resources/font_info.txt";
 
 // Lengths are fractions of the font picture; a text of size s draws them s times as large.
 struct glyph {
@@ -25,6 +28,6 @@ struct font_record {
 
 extern font_record font;
 
-// Reads resources/font_info.txt and the picture it names. When either is missing or a line is
+// Reads the font file and the picture it names. When either is missing or a line is
 // malformed, `font` stays as it was; most of these say so in one line on standard output.
 void font_load();

@@ -4,9 +4,9 @@
 #include <cstdio>
 
 #include "base/arena.h"
-#include "platform/directory.h"
 #include "platform/file.h"
 #include "platform/headless/headless.h"
+#include "platform/standard_streams.h"
 #include "platform/system.h"
 #include "program/globals.h"
 #include "program/player_files.h"
@@ -76,7 +76,7 @@ void game_prepare() {
     headless_reset();
     globals_reset();
     arenas_create();
-    if (!directory_exists("resources")) {
+    if (!directory_is_whole(".")) {
         file_set_fallback(shipped_data_find());
     }
     system_init(system_all, key_repeat_off);
@@ -103,5 +103,6 @@ int command_run(const words& arguments) {
 }  // namespace
 
 int main(int argument_count, char** arguments) {
+    standard_streams_open();
     return command_run({arguments + 1, arguments + argument_count});
 }

@@ -72,6 +72,7 @@ void folder_trim(str folder, i64 count) {
 }
 
 void folder_lock(str folder) {
+    folders_create(path_text(folder));
     std::string path = (fs::path(path_text(folder)) / ".quorrel_lock").string();
     lock_descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     for (int i = 0; lock_descriptor >= 0 && i < lock_attempts; ++i) {

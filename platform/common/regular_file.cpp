@@ -32,7 +32,7 @@ std::string path_text(str path) {
 std::string path_for_reading(str path) {
     std::string text = path_text(path);
     bool elsewhere = !fallback.empty() && !text.empty() && text[0] != '/' &&
-                     access(text.c_str(), F_OK) != 0 && errno == ENOENT;
+                     access(text.c_str(), F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR);
     return elsewhere ? fallback + text : text;
 }
 

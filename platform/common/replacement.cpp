@@ -55,17 +55,6 @@ void folder_sync(const fs::path& folder) {
     }
 }
 
-void folders_create(const fs::path& folder) {
-    std::error_code error;
-    if (folder.empty() || fs::exists(folder, error)) {
-        return;
-    }
-    folders_create(folder.parent_path());
-    if (fs::create_directory(folder, error)) {
-        folder_sync(folder.parent_path());
-    }
-}
-
 // Locks a new temporary file; false when a sweep came in between and took it for a leftover.
 bool temporary_claim(int descriptor) {
     if (!lock_try(descriptor) && errno == EWOULDBLOCK) {
@@ -206,6 +195,20 @@ bool dated_link(const std::string& file, const std::string& name) {
     }
     folder_sync(folder);
     return true;
+}
+
+void folders_create(const std::string& path) {
+    const fs::path folder = path;
+    const fs::path above = folder.parent_path();
+    std::error_code error;
+    // Only "" and "/" are above themselves.
+    if (folder == above || fs::exists(folder, error)) {
+        return;
+    }
+    folders_create(above);
+    if (fs::create_directory(folder, error)) {
+        folder_sync(above);
+    }
 }
 
 bool lock_try(int descriptor) {

@@ -33,5 +33,7 @@ bool is_dated(const std::string& name);
 // Gives the file another name as well, `name` and the time, to stay there through a loss of power,
 // and makes it as new as that; false when it cannot have it.
 bool dated_link(const std::string& file, const std::string& name);
+// Makes the folder and those above it, as far as they are missing and can be made.
+void folders_create(const std::string& folder);
 // Locks an open file unless another process has it locked.
 bool lock_try(int descriptor);

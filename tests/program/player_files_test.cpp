@@ -1,5 +1,6 @@
 #include "program/player_files.h"
 
+#include "maps/file_text.h"
 #include "platform/file.h"
 #include "tests/support/game.h"
 
@@ -11,7 +12,7 @@ class player_files_test : public game_test {
   protected:
     player_files_test() : folder(std::filesystem::current_path().string()) {
         setenv("XDG_DATA_HOME", (folder + "/home").c_str(), 1);
-        file_put("data/resources/font", "font");
+        file_put("data/resources/font_info.txt", "font");
         ship("a maps/a\nb maps/b\nc maps/c\n");
         file_put("start/other", "");
         std::filesystem::current_path("start");
@@ -40,19 +41,27 @@ class player_files_test : public game_test {
     const std::string folder;
 };
 
-TEST_F(player_files_test, only_a_directory_with_resources_of_its_own_is_played_in_as_it_is) {
-    file_put(folder + "/whole/resources/own", "own");
+TEST_F(player_files_test, only_a_directory_with_the_games_own_resources_is_played_in_as_it_is) {
+    file_put(folder + "/whole/resources/font_info.txt", "own");
     EXPECT_EQ(enter("whole"), "whole");
     EXPECT_EQ(file_read_back("resources/state_maps.txt"), "failed");
-    EXPECT_EQ(enter("start"), "home/quorrel");
-    EXPECT_EQ(file_read_back("resources/state_maps.txt"), "a maps/a\nb maps/b\nc maps/c\n");
-    EXPECT_EQ(file_read_back("resources/font"), "font");
-    EXPECT_FALSE(std::filesystem::exists("resources/font"));
+    file_put(folder + "/foreign/resources/letter.txt", "of another program");
+    file_put(folder + "/plain/resources", "a file");
+    for (const char* from : {"start", "foreign", "plain"}) {
+        EXPECT_EQ(enter(from), "home/quorrel");
+        EXPECT_EQ(file_read_back("resources/state_maps.txt"), "a maps/a\nb maps/b\nc maps/c\n");
+        EXPECT_EQ(file_read_back("resources/font_info.txt"), "font");
+        EXPECT_FALSE(std::filesystem::exists("resources/font_info.txt"));
+    }
     EXPECT_EQ(enter("home/quorrel"), "home/quorrel");
     EXPECT_EQ(enter("start", "../made/deep"), "made/deep");
     EXPECT_EQ(enter("made/deep"), "made/deep");
     EXPECT_EQ(enter("start", "../whole"), "whole");
     EXPECT_EQ(enter("start", "other"), "refused");
+    for (const char* directory : {"../foreign", "../plain"}) {
+        enter("start", directory);
+        EXPECT_EQ(file_read_back("resources/font_info.txt"), "font") << directory;
+    }
 }
 
 TEST_F(player_files_test, catalogues_follow_what_ships_and_what_the_player_does) {
@@ -61,23 +70,29 @@ TEST_F(player_files_test, catalogues_follow_what_ships_and_what_the_player_does)
         bool restore = false;
     } const rows[] = {
         {"a a\nb b\n", nullptr, "a a\nb b\n"},
-        {"a a\nb b\n", "a a\nb b\nmine m\n", "a a\nb b\nmine m\n"},
-        {"a a\nb b\n", "b b\nmine m\n", "b b\nmine m\n"},     // the player removes a
-        {"a a\nb b\nc c\n", nullptr, "b b\nc c\nmine m\n"},   // c comes, a stays away
-        {"a a\nc c\n", nullptr, "c c\nmine m\n"},             // b no longer ships
-        {"a a\nc c\n", nullptr, "a a\nc c\nmine m\n", true},  // all are wanted back
-        {"a x\nc c\n", "c c\nlast l", "a x\nc c\nlast l\n"},  // a has moved
+        {"a a\nb b\n", "m m\nb b\na a\nm m\n", "m m\nb b\na a\nm m\n"},  // their order, twice m
+        {"a a\nb b\n", "m m\nb b\n", "m m\nb b\n"},                      // the player removes a
+        {"a a\nc c\nb b\n", nullptr, "m m\nb b\nc c\n"},                 // c comes, a stays away
+        {"a a\nc c\n", nullptr, "m m\nc c\n"},                           // b no longer ships
+        {"a a\nc c\n", nullptr, "m m\nc c\na a\n", true},                // all are wanted back
+        {"a x\nc c\n", "c c\na a\nl l", "c c\nl l\na x\n"},              // a has moved
     };
+    const std::string list = folder + "/home/quorrel/resources/state_maps.txt";
+    const std::string record = folder + "/home/quorrel/.shipped/state_maps.txt";
     for (const auto& row : rows) {
         ship(row.ships);
-        const std::string player = folder + "/home/quorrel/resources/state_maps.txt";
         if (row.player != nullptr) {
-            file_put(player, row.player);
+            file_put(list, row.player);
         }
         EXPECT_EQ(enter("start", "", row.restore), "home/quorrel");
-        EXPECT_EQ(file_get(player), row.merged) << row.ships;
-        EXPECT_EQ(file_get(".shipped/state_maps.txt"), row.ships);
+        EXPECT_EQ(file_get(list), row.merged) << row.ships;
+        EXPECT_EQ(file_get(record), row.ships);
     }
+    // The record is there and for once cannot be read.
+    file_put(list, "l l\n");
+    std::filesystem::resize_file(record, text_file_limit + 1);
+    enter("start");
+    EXPECT_EQ(file_get(list), "l l\n");
 }
 
 }  // namespace
