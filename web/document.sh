@@ -13,9 +13,9 @@ cat <<HEAD
 </head>
 <body>
 <article>
-<p><a href="./">Play Quorrel</a></p>
+<nav><a href="./">Play Quorrel</a></nav>
 HEAD
-cmark-gfm --extension table "$1" | sed 's/\(href="[a-z-]*\)\.md/\1.html/g'
+cmark-gfm --unsafe --extension table "$1" | sed 's/\(href="[a-z-]*\)\.md/\1.html/g'
 cat <<FOOT
 </article>
 </body>

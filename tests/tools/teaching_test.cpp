@@ -1,6 +1,7 @@
 // The exercises of docs/teaching can be solved as tests/tools/solutions.txt tells: every trace is
-// played through the game's rules.
+// played through the game's rules, on the map and the hand that the game deals.
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -17,17 +18,41 @@ using teaching_test = game_test;
 
 const std::filesystem::path source = QUORREL_SOURCE_DIR;
 
-void map_start(const std::string& path, std::size_t seats, const std::string& hand) {
-    machine_kind = family_named(str_of(path.substr(0, path.find_first_of("/_"))));
-    settings = {};
-    tape_head = 0;
-    map_load(str_of((source / "docs/teaching" / path).string()));
-    seats_make(std::string(seats, 'H'));
-    game_start();
-    pile_set(players[0].hand, hand == "-" ? "" : replaced(hand, ',', ' '));
+// The symbols of a hand in the field that `wanted` names, in order.
+std::string hand_symbols(const dyn_array<card>& hand, const std::string& wanted) {
+    card_property property;
+    EXPECT_TRUE(card_property_read(wanted[0], property));
+    std::string symbols;
+    for (card c : hand) {
+        symbols += card_symbol(c, property.field);
+    }
+    std::sort(symbols.begin(), symbols.end());
+    return symbols;
 }
 
-// Selects "FROM>TO" or "FROM>TO:CARD" as a human does, and takes or refuses it.
+// Starts the map again and again, as a pupil does, until such a hand is dealt; "-" is any.
+void map_start(const std::string& path, std::size_t seats, const std::string& wanted) {
+    machine_kind = family_named(str_of(path.substr(0, path.find_first_of("/_"))));
+    map_load(str_of((source / "docs/teaching" / path).string()));
+    seats_make(std::string(seats, 'H'));
+    i64 deals_left = 100;
+    do {
+        game_start();
+        deals_left -= 1;
+    } while (wanted != "-" && hand_symbols(players[0].hand, wanted) != wanted && deals_left > 0);
+    EXPECT_GT(deals_left, 0) << path;
+}
+
+i64 card_find(char symbol) {
+    const dyn_array<card>& hand = current_seat().hand;
+    card_property property;
+    EXPECT_TRUE(card_property_read(symbol, property));
+    auto found =
+        std::find_if(hand.begin(), hand.end(), [&](card c) { return card_has(c, property); });
+    return found - hand.begin();
+}
+
+// Selects "FROM>TO" or "FROM>TO:SYMBOL" as a human does, and takes or refuses it.
 bool move_is_taken(const std::string& move) {
     u16 from = static_cast<u16>(std::stoi(move));
     u16 to = static_cast<u16>(std::stoi(move.substr(move.find('>') + 1)));
@@ -36,9 +61,7 @@ bool move_is_taken(const std::string& move) {
                             [&](const transition& t) { return t.from == from && t.to == to; });
     selection = {from, to, static_cast<u16>(arc - arcs.begin()), no_card};
     if (std::size_t colon = move.find(':'); colon != move.npos) {
-        const dyn_array<card>& hand = current_seat().hand;
-        selection.selected_card =
-            std::find(hand.begin(), hand.end(), card_of(move.substr(colon + 1))) - hand.begin();
+        selection.selected_card = card_find(move[colon + 1]);
     }
     turn_update();
     return turn.move_timer > 0;
