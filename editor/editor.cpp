@@ -11,7 +11,7 @@
 #include "game/board.h"
 #include "game/map_drawing.h"
 #include "maps/catalogue.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/reader.h"
 #include "maps/saving.h"
 #include "platform/input.h"

@@ -10,7 +10,7 @@
 // takes more than `history_map_limit` bytes has no steps.
 
 #include "base/str.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "rules/selection.h"
 
 inline constexpr i64 history_map_limit = 6 * 1024 * 1024;        // bytes of `map_bytes_write`

@@ -11,7 +11,7 @@
 #include "fuzz/files.h"
 #include "fuzz/fuzz.h"
 #include "maps/catalogue.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/model.h"
 #include "menus/title_menu.h"
 #include "platform/headless/headless.h"

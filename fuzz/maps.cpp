@@ -13,7 +13,7 @@
 #include "fuzz/fuzz.h"
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/reader.h"
 #include "maps/saving.h"
 #include "maps/writer.h"
@@ -41,7 +41,9 @@ void seats_make(u8 kinds) {
 
 std::string map_text() {
     std::string text;
-    map_write([](void* to, str piece) { *static_cast<std::string*>(to) += view_of(piece); }, &text);
+    map_write(
+        machine_kind, [](void* to, str piece) { *static_cast<std::string*>(to) += view_of(piece); },
+        &text);
     return text;
 }
 

@@ -75,7 +75,7 @@ void catalogue_delete_selected() {
         return;
     }
     folder_lock(catalogue_folder);
-    map_file_keep(doomed->path);
+    kept_file_put(doomed->path, machine_kind);
     file_delete(doomed->path);
     folder_unlock();
     dyn_array_remove_at(*current_catalogue, selected_entry);

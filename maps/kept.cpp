@@ -1,149 +1,218 @@
 #include "maps/kept.h"
 
 #include <algorithm>
-#include <cstring>
 
+#include "base/numbers.h"
 #include "base/text_builder.h"
 #include "base/tidings.h"
 #include "maps/family.h"
-#include "maps/model.h"
 #include "maps/writer.h"
 #include "platform/file.h"
 #include "platform/folder.h"
 
-map_work_record map_work;
+waiting_maps_record waiting_maps;
 
 namespace {
+
+char waiting_bytes[waiting_capacity];
 
 constexpr i64 kept_count = 100;
 constexpr i64 name_limit = 200;  // bytes; file systems take 255 with family and date
 constexpr i64 kept_path_limit = name_limit + 32;
 
-// Mixes a value into a fingerprint.
-void print_add(u64& print, u64 value) {
-    print = (print ^ value) * 0x9e3779b97f4a7c15;
-    print ^= print >> 32;
-}
-
-void print_add(u64& print, f64 value) {
-    u64 bits;
-    std::memcpy(&bits, &value, sizeof bits);
-    print_add(print, bits);
-}
-
-void print_add(u64& print, u16 value) {
-    print_add(print, u64{value});
-}
-
-void print_add(u64& print, card c) {
-    print_add(print, u64{c.colour} << 16 | u64{c.shape} << 8 | c.number);
-}
-
-void print_add(u64& print, const goal& g) {
-    print_add(print, u64{g.measure} << 8 | g.comparison);
-    print_add(print, static_cast<u64>(g.target));
-    print_add(print, g.card_a);
-    print_add(print, g.card_b);
-}
-
-void print_add(u64& print, const map_state& s) {
-    print_add(print, s.x);
-    print_add(print, s.y);
-    print_add(print, u64{s.accepting});
-}
-
-void print_add(u64& print, const transition& arc) {
-    print_add(print, u64{arc.from} << 32 | u64{arc.to} << 16 | static_cast<u16>(arc.bend));
-    print_add(print, f64{arc.label_dx});
-    print_add(print, f64{arc.label_dy});
-    for (char byte : arc.rule) {
-        print_add(print, u64{static_cast<u8>(byte)});
-    }
-    print_add(print, static_cast<u64>(arc.rule.length));
-}
-
-template <typename element>
-void print_add(u64& print, const dyn_array<element>& list) {
-    for (const element& e : list) {
-        print_add(print, e);
-    }
-    print_add(print, static_cast<u64>(list.count));
-}
-
-// Maps of different texts have different fingerprints.
-u64 map_print() {
-    u64 print = 0;
-    print_add(print, game_map.origin_x);
-    print_add(print, game_map.origin_y);
-    print_add(print, game_map.scale);
-    for (i64 value :
-         {settings.deck_copies, settings.deck_colours, settings.deck_shapes, settings.deck_numbers,
-          settings.hand_size, settings.tape_length, i64{settings.win_mode}}) {
-        print_add(print, static_cast<u64>(value));
-    }
-    print_add(print, goals);
-    print_add(print, stones);
-    print_add(print, game_map.states);
-    print_add(print, game_map.transitions);
-    return print;
-}
-
-// Makes room for another kept map; returns its path but for the date, made of the path it had.
-str kept_path_make(str path, char (&bytes)[kept_path_limit]) {
-    folder_trim(kept_folder, kept_count - 1);
+str name_of(str path) {
     str name = str_after_last(path, '/');
     name.length = std::min(name.length, name_limit);
+    return name.length > 0 ? name : str("unnamed");
+}
+
+// The path of a kept map but for the date.
+str kept_path_make(str name, i64 family, char (&bytes)[kept_path_limit]) {
+    bool is_known = 0 <= family && family < machine_kind_count;
     text_buffer text = {bytes, sizeof bytes, 0, 0};
-    for (str part : {kept_folder, str("/"), name.length > 0 ? name : str("unnamed"), str("."),
-                     family_is_known() ? family_names[machine_kind] : str("map")}) {
+    for (str part :
+         {kept_folder, str("/"), name, str("."), is_known ? family_names[family] : str("map")}) {
         text_buffer_put_str(text, part);
     }
     return text_buffer_text(text);
 }
 
-void keep_failure_tell(str path) {
-    failure_tell({"failed to keep map: ", path});
+file_id kept_open(str name, i64 family) {
+    char bytes[kept_path_limit];
+    return file_open(kept_path_make(name, family, bytes), file_mode_dated);
+}
+
+// Whether it is there now. Older ones go only then.
+bool kept_close(file_id file) {
+    file_close(file);
+    if (file_failed(file)) {
+        return false;
+    }
+    folder_trim(kept_folder, kept_count);
+    return true;
+}
+
+bool map_put(str name, i64 family) {
+    file_id file = kept_open(name, family);
+    map_write(
+        family,
+        [](void* to, str piece) {
+            file_write(*static_cast<file_id*>(to), piece.length, piece.data);
+        },
+        &file);
+    return kept_close(file);
+}
+
+bool text_put(str name, i64 family, str text) {
+    file_id file = kept_open(name, family);
+    file_write(file, text.length, text.data);
+    return kept_close(file);
+}
+
+bool file_put(str path, i64 family) {
+    char bytes[kept_path_limit];
+    if (!file_keep(path, kept_path_make(name_of(path), family, bytes))) {
+        return false;
+    }
+    folder_trim(kept_folder, kept_count);
+    return true;
+}
+
+// A map that waits, whose bytes begin at `offset`.
+str waiting_name(i64 index, i64 offset) {
+    return {waiting_bytes + offset, waiting_maps.maps[index].name_length};
+}
+
+str waiting_text(i64 index, i64 offset) {
+    const waiting_map& map = waiting_maps.maps[index];
+    return {waiting_bytes + offset + map.name_length, map.text_length};
+}
+
+i64 waiting_size(i64 index) {
+    return waiting_maps.maps[index].name_length + waiting_maps.maps[index].text_length;
+}
+
+void waiting_remove(i64 index, i64 offset) {
+    i64 size = waiting_size(index);
+    std::copy(waiting_bytes + offset + size, waiting_bytes + waiting_maps.used,
+              waiting_bytes + offset);
+    waiting_maps.used -= size;
+    std::copy(waiting_maps.maps + index + 1, waiting_maps.maps + waiting_maps.count,
+              waiting_maps.maps + index);
+    waiting_maps.count -= 1;
+}
+
+void lost_tell(str name) {
+    failure_tell({"lost map: ", name});
+}
+
+void oldest_lose() {
+    lost_tell(waiting_name(0, 0));
+    waiting_remove(0, 0);
+}
+
+// Lets a map wait, for which the oldest ones make room. Returns where its text of that many bytes
+// has to be put; null, once the loss is told, where there is no room for it at all.
+char* waiting_add(str name, i64 family, i64 text_length) {
+    i64 size = name.length + text_length;
+    if (size > waiting_capacity) {
+        lost_tell(name);
+        return nullptr;
+    }
+    while (waiting_maps.count == waiting_limit || waiting_maps.used + size > waiting_capacity) {
+        oldest_lose();
+    }
+    waiting_maps.maps[waiting_maps.count] = {family, name.length, text_length};
+    waiting_maps.count += 1;
+    char* place = std::copy(name.begin(), name.end(), waiting_bytes + waiting_maps.used);
+    waiting_maps.used += size;
+    return place;
+}
+
+void map_wait(str name, i64 family) {
+    i64 size = 0;
+    map_write(
+        family, [](void* to, str piece) { *static_cast<i64*>(to) += piece.length; }, &size);
+    char* place = waiting_add(name, family, size);
+    if (place != nullptr) {
+        map_write(
+            family,
+            [](void* to, str piece) {
+                char*& end = *static_cast<char**>(to);
+                end = std::copy(piece.begin(), piece.end(), end);
+            },
+            &place);
+    }
+}
+
+void file_wait(str path, i64 family) {
+    file_id file = file_open(path, file_mode_read);
+    if (file_failed(file)) {
+        lost_tell(name_of(path));
+        return;
+    }
+    i64 size = file_size(file);
+    if (char* place = waiting_add(name_of(path), family, size)) {
+        file_read(file, size, place);
+    }
+    file_close(file);
+}
+
+void failure_to_keep_tell(str path) {
+    failure_tell({"failed to keep map: ", path.length > 0 ? path : name_of(path)});
+}
+
+// Tries each once.
+void waiting_put_all() {
+    i64 offset = 0;
+    for (i64 i = 0; i < waiting_maps.count;) {
+        str name = waiting_name(i, offset);
+        if (text_put(name, waiting_maps.maps[i].family, waiting_text(i, offset))) {
+            tiding_tell(tiding_news, {"kept: ", name});
+            waiting_remove(i, offset);
+        } else {
+            offset += waiting_size(i);
+            i += 1;
+        }
+    }
 }
 
 }  // namespace
 
-void map_file_keep(str path) {
-    char bytes[kept_path_limit];
-    if (file_is_own(path) && !file_keep(path, kept_path_make(path, bytes))) {
-        keep_failure_tell(path);
+void kept_map_put(str path, i64 family) {
+    waiting_put_all();
+    if (!map_put(name_of(path), family)) {
+        failure_to_keep_tell(path);
+        map_wait(name_of(path), family);
     }
 }
 
-void map_work_begin() {
-    map_work.open = true;
-    map_work_is_saved({});
-}
-
-void map_work_is_saved(str path) {
-    if (map_work.open) {
-        map_work.path = path;
-        map_work.print = map_print();
-    }
-}
-
-void map_work_keep() {
-    if (!map_work.open || map_work.print == map_print()) {
+void kept_file_put(str path, i64 family) {
+    if (!file_is_own(path)) {
         return;
     }
-    char bytes[kept_path_limit];
-    file_id file = file_open(kept_path_make(map_work.path, bytes), file_mode_dated);
-    map_write([](void* to,
-                 str piece) { file_write(*static_cast<file_id*>(to), piece.length, piece.data); },
-              &file);
-    file_close(file);
-    if (file_failed(file)) {
-        keep_failure_tell(map_work.path);
+    waiting_put_all();
+    if (!file_put(path, family)) {
+        failure_to_keep_tell(path);
+        file_wait(path, family);
     }
 }
 
-void map_work_end() {
-    map_work_keep();
-    map_work.open = false;
+void waiting_maps_try() {
+    waiting_put_all();
+    if (waiting_maps.count == 1) {
+        tiding_tell(tiding_failure, {"not on the disk yet: ", waiting_name(0, 0)});
+    } else if (waiting_maps.count > 1) {
+        tiding_tell(tiding_failure,
+                    {"not on the disk yet: ", number_text(waiting_maps.count), " maps"});
+    }
+}
+
+void waiting_maps_end() {
+    waiting_put_all();
+    while (waiting_maps.count > 0) {
+        oldest_lose();
+    }
 }
 
 bool kept_path_read(str path, str& name, i64& family) {

@@ -1,38 +1,45 @@
 #pragma once
 
-// A player's work is not lost by a slip of the hand: before a map file is replaced or deleted, and
-// before changes that no file holds are given up, the map is put into the directory "kept/" as
-// NAME.FAMILY.DATE_TIME, such as "kept/my_map_.pushdown.2026-11-23_18-30-05". The newest 100 stay.
-// A kept file is a map file like any other. When keeping fails, one line on standard output says
-// so, and what was asked for is done all the same.
+// The directory "kept/", where maps are put as NAME.FAMILY.DATE_TIME, such as
+// "kept/my_map_.pushdown.2026-11-23_18-30-05". The newest 100 stay. A kept file is a map file like
+// any other.
+//
+// What cannot be put there waits in memory: the player is told, and it is tried again with every
+// later map that is kept or saved, from time to time, and at the program's end.
 
 #include "base/str.h"
 #include "base/types.h"
 
 inline constexpr str kept_folder = "kept";
 
-// The map under work in the editor.
-struct map_work_record {
-    bool open = false;
-    str path = {};  // where it was loaded from or saved last; empty for a new map
-    u64 print = 0;  // the fingerprint of what the file there holds
+inline constexpr i64 waiting_limit = 32;                        // maps
+inline constexpr i64 waiting_capacity = i64{16} * 1024 * 1024;  // bytes of all of them
+
+struct waiting_map {
+    i64 family;
+    i64 name_length;  // bytes
+    i64 text_length;
 };
 
-extern map_work_record map_work;
+struct waiting_maps_record {
+    waiting_map maps[waiting_limit];  // the oldest first
+    i64 count;
+    i64 used;  // bytes of the block in which each has its name and its text
+};
 
-// Keeps the file at `path`, a map of the current family that is about to be deleted or replaced; it
-// does nothing when there is none.
-void map_file_keep(str path);
+extern waiting_maps_record waiting_maps;
 
-// The loaded map comes under work, as a new one without a name.
-void map_work_begin();
-// While a map is under work: what is loaded now is what the file at `path` holds. The path must
-// live on.
-void map_work_is_saved(str path);
-// Keeps the map under work if it was changed since; called before it is given up.
-void map_work_keep();
-// The same, and nothing is under work any more.
-void map_work_end();
+// Puts the loaded map, which is of that family and known by that path, into the directory. An empty
+// path is a map without a name.
+void kept_map_put(str path, i64 family);
+// The same with the map file at `path`, which is about to be deleted or replaced; it does nothing
+// when there is none.
+void kept_file_put(str path, i64 family);
+
+// Tries again what waits, and tells the player what is kept now or waits still.
+void waiting_maps_try();
+// Tries a last time. What cannot be kept is lost, and told.
+void waiting_maps_end();
 
 // Takes the name and the family out of a kept file's path; false, with nothing changed, when the
 // path is none.

@@ -7,7 +7,7 @@
 #include "base/message.h"
 #include "base/tidings.h"
 #include "maps/file_text.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/model.h"
 #include "maps/nimbers.h"
 #include "maps/scan.h"

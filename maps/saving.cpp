@@ -1,6 +1,7 @@
 #include "maps/saving.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstring>
 
 #include "base/message.h"
@@ -8,6 +9,7 @@
 #include "maps/catalogue.h"
 #include "maps/file_text.h"
 #include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/writer.h"
 #include "platform/file.h"
 #include "platform/folder.h"
@@ -46,7 +48,7 @@ void piece_save(void* to, str piece) {
 // False when the file could not be replaced.
 bool map_file_write(str path) {
     saving map = {file_open(path, file_mode_write), file_open(path, file_mode_read), 0, true};
-    map_write(piece_save, &map);
+    map_write(machine_kind, piece_save, &map);
     map.same = map.same && map.size == file_size(map.earlier);
     file_close(map.earlier);
     file_sync(map.fresh);
@@ -54,7 +56,7 @@ bool map_file_write(str path) {
         file_discard(map.fresh);
     }
     if (!map.same && !file_failed(map.fresh)) {
-        map_file_keep(path);
+        kept_file_put(path, machine_kind);
     }
     file_close(map.fresh);
     return !file_failed(map.fresh);
@@ -63,6 +65,7 @@ bool map_file_write(str path) {
 }  // namespace
 
 void map_save(str name) {
+    assert(!map_work.open || map_work.family == machine_kind);
     str path = custom_map_path(name);
     message_write({"saving map ", name, " as ", path, "\n"});
     folder_lock(catalogue_folder);
@@ -74,4 +77,5 @@ void map_save(str name) {
     }
     map_work_is_saved(path);
     catalogue_add(name, path);
+    waiting_maps_try();
 }

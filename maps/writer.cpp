@@ -42,6 +42,7 @@ constexpr i64 line_capacity = 1024;  // bytes; a line without its rule takes les
 // The text on its way to who takes it, line by line.
 struct map_output {
     text_builder line;
+    i64 family;
     text_taker take;
     void* to;
 };
@@ -92,11 +93,11 @@ void goal_write(text_builder& text, const goal& g) {
 }
 
 void family_settings_write(map_output& out) {
-    if (machine_kind == state_machine) {
+    if (out.family == state_machine) {
         return;
     }
     deck_write(out.line);
-    bool pushdown = machine_kind == pushdown_machine;
+    bool pushdown = out.family == pushdown_machine;
     text_builder_put_str(out.line, pushdown ? str("hand") : str("tape"));
     put_int(out.line, pushdown ? settings.hand_size : settings.tape_length);
     text_builder_put(out.line, '\n');
@@ -139,9 +140,9 @@ void transition_write(map_output& out, const transition& arc) {
 
 }  // namespace
 
-void map_write(text_taker take, void* to) {
+void map_write(i64 family, text_taker take, void* to) {
     char line[line_capacity];
-    map_output out = {{line, 0, line_capacity, arena_persistent, 0}, take, to};
+    map_output out = {{line, 0, line_capacity, arena_persistent, 0}, family, take, to};
     settings_write(out.line);
     family_settings_write(out);
     for (u16 state : stones) {
@@ -160,6 +161,7 @@ void map_write(text_taker take, void* to) {
 
 void map_write(text_builder& text) {
     map_write(
+        machine_kind,
         [](void* to, str piece) { text_builder_put_str(*static_cast<text_builder*>(to), piece); },
         &text);
 }

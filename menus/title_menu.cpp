@@ -5,7 +5,7 @@
 #include "base/arithmetic.h"
 #include "base/time_step.h"
 #include "maps/catalogue.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/model.h"
 #include "menus/menu_panel.h"
 #include "platform/maths.h"

@@ -13,7 +13,8 @@ using file_id = u64;
 // Opens a file. Reading takes regular files only. Writing creates missing parent directories and
 // collects into a temporary file beside the target, which stays whole until `file_close`. A dated
 // file is written too, but replaces none: the local time is added to its name, "a" becomes
-// "a.2026-11-23_18-30-05", and "-2" and so on when that second has one already.
+// "a.2026-11-23_18-30-05", and "-2" and so on when that second has one already. It is newer than
+// the dated files that are there, whatever the clock says.
 file_id file_open(str path, u32 mode);
 // Whether opening, reading, writing or, once the file is closed, replacing the target has failed.
 // The answer for a closed file holds until the next `file_open`.

@@ -11,6 +11,7 @@
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
+#include "maps/map_work.h"
 #include "menus/info_overlays.h"
 #include "menus/map_list.h"
 #include "menus/player_setup.h"
@@ -98,8 +99,12 @@ void screen_frame() {
 // On the whole screen no title is seen.
 void tidings_show() {
     str line;
-    if (!render_target.fullscreen && tidings_step(line)) {
-        display_tell(line);
+    if (render_target.fullscreen || !tidings_step(line)) {
+        return;
+    }
+    display_tell(line);
+    if (line.length == 0) {
+        waiting_maps_try();
     }
 }
 
@@ -171,7 +176,7 @@ void program_restore_gpu() {
 }
 
 void program_end() {
-    map_work_end();
+    map_work_finish();
     display_close();
     renderer_release();
     arenas_free();

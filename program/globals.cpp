@@ -11,6 +11,7 @@
 #include "game/hand_panel.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/model.h"
 #include "menus/title_menu.h"
 #include "render/camera.h"
@@ -36,6 +37,7 @@ void map_globals_reset() {
     current_catalogue = nullptr;
     selected_entry = -1;
     map_work = {};
+    waiting_maps = {};
 }
 
 void game_globals_reset() {

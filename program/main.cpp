@@ -4,7 +4,7 @@
 
 #include "base/tidings.h"
 #include "maps/catalogue.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "platform/directory.h"
 #include "platform/file.h"
 #include "platform/standard_streams.h"
@@ -74,7 +74,7 @@ int main(int argument_count, char** arguments) {
     }
     i64 imported_family = machine_kind;
     tidings_record told = tidings;
-    std::atexit(map_work_end);  // also when the GPU or the display ends the program
+    std::atexit(map_work_finish);  // also when the GPU or the display ends the program
     program_start();
     if (command.file_count > 0) {
         machine_kind = imported_family;

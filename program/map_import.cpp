@@ -114,6 +114,8 @@ bool map_import(str path, i64 family) {
 
 bool map_text_import(str name, str text, i64 family) {
     assert(0 <= family && family < machine_kind_count);
+    const i64 family_before = machine_kind;
+    catalogue* const catalogue_before = current_catalogue;
     machine_kind = family;
     current_catalogue = &catalogues[machine_kind];
     str numbered, place;
@@ -121,6 +123,8 @@ bool map_text_import(str name, str text, i64 family) {
     bool put = map_put(name_clean(name), text, numbered, place);
     folder_unlock();
     if (!put) {
+        machine_kind = family_before;
+        current_catalogue = catalogue_before;
         return refuse(place, "cannot be written");
     }
     catalogue_add(numbered, place);

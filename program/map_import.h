@@ -9,8 +9,8 @@
 // lists it there under the file's name, with a number behind it when the name is taken. A map that
 // is there already is not added again. Its entry is the selected one then. The family is `family`,
 // or with `no_family` the one that the file tells. Says what it did in one line on standard output;
-// false, with the reason in one line on standard error, when it cannot be done. The catalogues must
-// be loaded.
+// false, with the reason in one line on standard error and nothing changed, when it cannot be done.
+// The catalogues must be loaded.
 bool map_import(str path, i64 family);
 
 // The same with the text of a map, the name that it is to have and its family.

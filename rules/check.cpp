@@ -6,6 +6,7 @@
 #include "base/arena.h"
 #include "base/time_step.h"
 #include "maps/catalogue.h"
+#include "maps/kept.h"
 #include "maps/model.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"
@@ -98,6 +99,17 @@ str arrays_fault() {
     return fault;
 }
 
+str waiting_maps_fault() {
+    if (waiting_maps.count < 0 || waiting_maps.count > waiting_limit) {
+        return "more maps wait than can";
+    }
+    i64 size = 0;
+    for (i64 i = 0; i < waiting_maps.count; ++i) {
+        size += waiting_maps.maps[i].name_length + waiting_maps.maps[i].text_length;
+    }
+    return size != waiting_maps.used ? str("waiting maps do not fill their memory") : str();
+}
+
 bool card_exists(card c) {
     return c.colour < card_colour_count && c.shape < card_shape_count && 1 <= c.number &&
            c.number <= card_number_count;
@@ -183,8 +195,8 @@ str screens_fault() {
 }  // namespace
 
 str state_fault() {
-    str (*const finders[])() = {arenas_fault, arrays_fault, map_fault,    seats_fault,
-                                table_fault,  turn_fault,   screens_fault};
+    str (*const finders[])() = {arenas_fault, arrays_fault, map_fault,  waiting_maps_fault,
+                                seats_fault,  table_fault,  turn_fault, screens_fault};
     for (auto find : finders) {
         if (str fault = find(); fault.length > 0) {
             return fault;

@@ -12,7 +12,7 @@
 #include "maps/catalogue.h"
 #include "maps/family.h"
 #include "maps/file_text.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/model.h"
 #include "maps/reader.h"
 #include "maps/writer.h"
@@ -100,13 +100,11 @@ EMSCRIPTEN_KEEPALIVE i32 page_file_family(const char* path) {
 // Takes in a map's file and shows the map in the list. Else says why not and changes nothing.
 EMSCRIPTEN_KEEPALIVE bool page_map_take(const char* path, i32 family) {
     i64 mark = arenas[arena_persistent].offset;
-    i64 family_before = machine_kind;
     bool taken = map_import(text_of(path), family);
     if (taken) {
         editor_leave();
         map_list_show();
     } else {
-        machine_kind = family_before;
         arena_rewind(arena_persistent, mark);
     }
     return taken;
@@ -125,9 +123,12 @@ EMSCRIPTEN_KEEPALIVE const char* page_map_name() {
 
 EMSCRIPTEN_KEEPALIVE void page_map_write(const char* path) {
     file_id file = file_open(text_of(path), file_mode_write);
-    map_write([](void* to,
-                 str piece) { file_write(*static_cast<file_id*>(to), piece.length, piece.data); },
-              &file);
+    map_write(
+        machine_kind,
+        [](void* to, str piece) {
+            file_write(*static_cast<file_id*>(to), piece.length, piece.data);
+        },
+        &file);
     file_close(file);
 }
 

@@ -18,7 +18,7 @@
 
 #include "bench/worst_files/files.h"
 #include "maps/catalogue.h"
-#include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/reader.h"
 #include "maps/saving.h"
 #include "platform/headless/headless.h"

@@ -77,18 +77,38 @@ int temporary_create(const fs::path& folder, std::string& name) {
     return -1;
 }
 
-// The local time as a name's end, such as ".2026-11-23_18-30-05".
-std::string date_text() {
-    std::time_t now = std::time(nullptr);
+bool is_before(const timespec& a, const timespec& b) {
+    return a.tv_sec != b.tv_sec ? a.tv_sec < b.tv_sec : a.tv_nsec < b.tv_nsec;
+}
+
+// The time for a new dated file: now, but after all that are in its folder, also where the clock
+// went wrong when they came or goes wrong now.
+timespec time_after_all(const fs::path& folder) {
+    timespec time = {};
+    clock_gettime(CLOCK_REALTIME, &time);
+    std::error_code error;
+    auto entry = fs::directory_iterator(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        struct stat status;
+        if (is_dated(entry->path().filename()) && stat(entry->path().c_str(), &status) == 0 &&
+            !is_before(status.st_mtim, time)) {
+            time = {status.st_mtim.tv_sec + 1, 0};
+        }
+    }
+    return time;
+}
+
+// As a name's end in local time, such as ".2026-11-23_18-30-05".
+std::string date_text(const timespec& time) {
     std::tm local = {};
-    localtime_r(&now, &local);
+    localtime_r(&time.tv_sec, &local);
     char text[64];
     return {text, std::strftime(text, sizeof text, date_format, &local)};
 }
 
 // The name and the time, as no file is called now.
-std::string name_unused(const std::string& name) {
-    const std::string dated = name + date_text();
+std::string name_unused(const std::string& name, const timespec& time) {
+    const std::string dated = name + date_text(time);
     std::string unused = dated;
     struct stat status;
     for (int number = 2; lstat(unused.c_str(), &status) == 0; ++number) {
@@ -97,23 +117,31 @@ std::string name_unused(const std::string& name) {
     return unused;
 }
 
+// Makes the file as new as the time, its name's end.
+void time_set(const std::string& file, const timespec& time) {
+    const timespec times[] = {time, time};  // last read, last written
+    utimensat(AT_FDCWD, file.c_str(), times, 0);
+}
+
 // Links the file to an unused name, also when another process looks for one now.
-bool link_anew(const std::string& file, const std::string& name) {
+bool link_anew(const std::string& file, const std::string& name, const timespec& time) {
     int linked;
     do {
-        linked =
-            linkat(AT_FDCWD, file.c_str(), AT_FDCWD, name_unused(name).c_str(), AT_SYMLINK_FOLLOW);
+        linked = linkat(AT_FDCWD, file.c_str(), AT_FDCWD, name_unused(name, time).c_str(),
+                        AT_SYMLINK_FOLLOW);
     } while (linked != 0 && errno == EEXIST);
     return linked == 0;
 }
 
 // Gives the temporary file a dated name, also on a file system without links.
 bool name_anew(const replacement& file) {
-    if (link_anew(file.temporary, file.target)) {
+    const timespec time = time_after_all(fs::path(file.target).parent_path());
+    time_set(file.temporary, time);
+    if (link_anew(file.temporary, file.target, time)) {
         unlink(file.temporary.c_str());
         return true;
     }
-    return std::rename(file.temporary.c_str(), name_unused(file.target).c_str()) == 0;
+    return std::rename(file.temporary.c_str(), name_unused(file.target, time).c_str()) == 0;
 }
 
 bool all_digits(std::string_view text) {
@@ -189,8 +217,9 @@ bool is_dated(const std::string& name) {
 bool dated_link(const std::string& file, const std::string& name) {
     const fs::path folder = fs::path(name).parent_path();
     folders_create(folder);
-    utimensat(AT_FDCWD, file.c_str(), nullptr, 0);
-    if (!link_anew(file, name)) {
+    const timespec time = time_after_all(folder);
+    time_set(file, time);
+    if (!link_anew(file, name, time)) {
         return false;
     }
     folder_sync(folder);

@@ -1,6 +1,8 @@
 #include "maps/kept.h"
 
+#include "base/tidings.h"
 #include "maps/catalogue.h"
+#include "maps/map_work.h"
 #include "maps/reader.h"
 #include "maps/saving.h"
 #include "platform/file.h"
@@ -109,12 +111,121 @@ TEST_F(kept_test, TheNewestHundredStay) {
     file_put("kept/2026-11-23", "");
     for (i64 i = 0; i < 103; ++i) {
         file_put("maps/old", std::to_string(i));
-        map_file_keep("maps/old");
+        kept_file_put("maps/old", state_machine);
     }
     std::string text = kept_text();
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 102);
     EXPECT_EQ(text.find("old.state: 2\n"), text.npos);
     EXPECT_NE(text.find("old.state: 3\n"), text.npos);
+}
+
+// The map under work with a state at each of the places.
+void work(std::initializer_list<f64> places) {
+    machine_kind = state_machine;
+    settings = {};
+    map_clear();
+    map_work_begin();
+    for (f64 place : places) {
+        map_add_state(place, place, 0);
+    }
+}
+
+// While it lives, nothing can be kept.
+struct kept_blocked {
+    kept_blocked() {
+        fs::create_directory("kept");
+        fs::rename("kept", "elsewhere");
+        file_put("kept", "in the way");
+    }
+    ~kept_blocked() { fs::remove("kept"), fs::rename("elsewhere", "kept"); }
+};
+
+std::string told() {
+    str line;
+    return tidings_step(line) ? string_of(line) : "nothing";
+}
+
+TEST_F(kept_test, TheNewestIsThePlayersLastWhateverTheClockSays) {
+    const auto ahead = fs::file_time_type::clock::now() + std::chrono::hours(24);
+    for (i64 i = 0; i < 100; ++i) {
+        const std::string path = "kept/z" + std::to_string(i) + ".state.2036-11-23_18-30-05";
+        file_put(path, "");
+        fs::last_write_time(path, ahead + std::chrono::milliseconds(i));
+    }
+    work({5});
+    {
+        full_disk limit(4096);
+        const std::string rule(5000, 'A');
+        map_add_transition(0, 0, 0, 0, 0, str_of(rule));
+        EXPECT_EQ(output_of(map_work_keep), "failed to keep map: unnamed\n");
+        EXPECT_EQ(names_in("kept").size(), 100U);  // none goes for what does not come
+        transition_remove(0);
+    }
+    waiting_maps = {};
+    map_work_end();
+    file_put("maps/old", "last");
+    kept_file_put("maps/old", state_machine);
+    const std::string last = changed("unnamed") + "old.state: last\n";
+    EXPECT_EQ(names_in("kept").size(), 100U);
+    EXPECT_EQ(kept_text().substr(kept_text().size() - last.size()), last);
+}
+
+TEST_F(kept_test, TheMapUnderWorkIsKeptAsOneOfItsFamily) {
+    machine_kind = pushdown_machine;
+    settings = {};
+    map_work_begin();
+    map_add_state(5, 5, 0);
+    machine_kind = state_machine;  // as where another map is taken in
+    map_work_end();
+    EXPECT_EQ(kept_text(), "unnamed.pushdown: map 0 0 1\nwin 0\ndeck 1 4 4 4\nhand 8\n. 5 5\n\n");
+}
+
+TEST_F(kept_test, WhatCannotBeKeptWaitsInMemoryUntilItIs) {
+    map_load("maps/old");
+    map_add_state(5, 5, 0);
+    {
+        kept_blocked now;
+        EXPECT_EQ(output_of([] { map_load("maps/other"); }), "failed to keep map: maps/old\n");
+        EXPECT_EQ(told(), "failed to keep map: maps/old");
+        work({7, 5});
+        EXPECT_EQ(output_of(map_work_end), "failed to keep map: unnamed\n");
+        waiting_maps_try();
+        EXPECT_EQ(told(), "not on the disk yet: 2 maps");
+    }
+    map_load("maps/other");
+    output_of([] { map_save("mine"); });
+    EXPECT_EQ(told(), "kept: unnamed");
+    const std::string kept = changed("old", ". 1 0\n") + changed("unnamed", ". 7 7\n");
+    EXPECT_EQ(kept_text(), kept);
+    {
+        kept_blocked now;
+        file_put("maps/old", old_map);
+        output_of([] { kept_file_put("maps/old", turing_machine); });
+        EXPECT_EQ(told(), "failed to keep map: maps/old");
+    }
+    work({5});
+    EXPECT_EQ(output_of(map_work_end), "");
+    EXPECT_EQ(kept_text(), kept + "old.turing: " + old_map + "\n" + changed("unnamed"));
+}
+
+TEST_F(kept_test, TheOldestThatWaitMakeRoomAndAreTold) {
+    std::string kept, said;
+    {
+        kept_blocked now;
+        for (i64 i = 0; i <= waiting_limit; ++i) {
+            work({f64(i), 5});
+            said = output_of(map_work_end);
+            kept += i > 0 ? changed("unnamed",
+                                    ". " + std::to_string(i) + " " + std::to_string(i) + "\n")
+                          : "";
+        }
+    }
+    EXPECT_EQ(said, "failed to keep map: unnamed\nlost map: unnamed\n");
+    EXPECT_EQ(output_of(map_work_finish), "");
+    EXPECT_EQ(kept_text(), kept);
+    kept_blocked now;
+    work({5});
+    EXPECT_EQ(output_of(map_work_finish), "failed to keep map: unnamed\nlost map: unnamed\n");
 }
 
 // A case is a path: the name and the family that it tells.

@@ -50,6 +50,8 @@ TEST_F(map_import_test, what_is_no_map_or_cannot_be_placed_is_refused) {
     EXPECT_EQ(import("deck", turing_machine),
               "quorrel: custom_turing_machines/deck: cannot be written\n");
     EXPECT_EQ(file_get("resources/turing_maps.txt"), "");
+    EXPECT_EQ(machine_kind, pushdown_machine);  // what is done goes on
+    EXPECT_EQ(current_catalogue, nullptr);
 }
 
 TEST_F(map_import_test, lines_tell_the_family) {
