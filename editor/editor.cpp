@@ -3,9 +3,13 @@
 #include <cassert>
 
 #include "base/message.h"
+#include "editor/copying.h"
+#include "editor/drag.h"
 #include "editor/goal_editing.h"
 #include "editor/history.h"
+#include "editor/label_layout.h"
 #include "editor/map_edit.h"
+#include "editor/rule_advice.h"
 #include "editor/settings_panel.h"
 #include "editor/text_entry.h"
 #include "game/board.h"
@@ -15,7 +19,6 @@
 #include "maps/reader.h"
 #include "maps/saving.h"
 #include "platform/input.h"
-#include "platform/maths.h"
 #include "render/button.h"
 #include "render/renderer.h"
 #include "render/text.h"
@@ -26,21 +29,11 @@
 
 namespace {
 
-constexpr f64 grid_step = 32;   // world units
 constexpr i16 loop_turn = 45;   // degrees
 constexpr f32 label_step = 32;  // world units
 
 constexpr colour cursor_tint = {1, 1, 1, 0.3f};
 constexpr colour hint_tint = {0.5f, 0.5f, 0.5f, 1};
-
-f64 grid_snap(f64 world) {
-    return math_floor(world / grid_step + 0.5) * grid_step;
-}
-
-// A length in map units; nothing moves on a map without a scale.
-f64 map_units(f64 world) {
-    return game_map.scale == 0 ? 0 : world / game_map.scale;
-}
 
 void grid_cursor_draw(const pointer& mouse, world_point cursor) {
     if (mouse.on_board) {
@@ -104,12 +97,6 @@ bool ctrl_keys_apply() {
     return false;
 }
 
-transition* selected_arc() {
-    u16 index = selection.selected_transition;
-    bool set = index != no_index && index < game_map.transitions.count;
-    return set ? &game_map.transitions[index] : nullptr;
-}
-
 void rule_entry_frame() {
     transition* arc = selected_arc();
     if (machine_kind != state_machine) {
@@ -121,24 +108,33 @@ void rule_entry_frame() {
     }
     if (arc != nullptr && text_entry_take_rule() && text_entry_text().length > 0) {
         arc->rule = str_copy(text_entry_text());
+        rule_advice_tell(arc->rule, true);
     }
-}
-
-void state_add(world_point cursor) {
-    if (game_map.states.count >= no_index) {
-        return;
-    }
-    map_add_state(map_units(cursor.x - game_map.origin_x), map_units(cursor.y - game_map.origin_y),
-                  0);
-    selection.selected_state = static_cast<u16>(game_map.states.count - 1);
-    assert(state_exists(selection.selected_state));
-    selection.target_state = no_index;
 }
 
 // -1, 0 or +1 by two keys that pull in opposite directions.
 i64 key_direction(u32 negative_key, u32 positive_key) {
     return (input_key_is_pressed(positive_key) ? 1 : 0) -
            (input_key_is_pressed(negative_key) ? 1 : 0);
+}
+
+// The open text entry; a rule is looked at with each letter.
+void typing_frame() {
+    const i64 length = text_entry.typed_text.count;
+    text_entry_frame();
+    if (text_entry.text_purpose_rule && text_entry.typed_text.count != length) {
+        rule_advice_tell(text_entry_text(), false);
+    }
+}
+
+void copy_keys_apply(world_point cursor) {
+    if (input_key_is_pressed(key_c)) {
+        selection_copy();
+    }
+    if (input_key_is_pressed(key_v)) {
+        copied_state_put(cursor);
+        copied_arrow_put();
+    }
 }
 
 void state_keys_apply(u16 state, const edit_buttons& clicked) {
@@ -179,7 +175,7 @@ void transition_keys_apply(transition& arc, const edit_buttons& clicked) {
 
 void editing_keys_apply(world_point cursor, const edit_buttons& clicked) {
     if (input_key_is_pressed(key_1)) {
-        state_add(cursor);
+        state_add(cursor, 0);
     }
     u16 source = selection_source();
     u16 target = selection_target();
@@ -196,13 +192,28 @@ void editing_keys_apply(world_point cursor, const edit_buttons& clicked) {
     } else if (has_pair && selected_arc() != nullptr) {
         transition_keys_apply(*selected_arc(), clicked);
     }
+    if (input_key_is_pressed(key_4) && selected_arc() != nullptr) {
+        text_entry_open_rule();
+    }
+    if (input_key_is_pressed(key_5)) {
+        labels_lay_out();
+    }
+    copy_keys_apply(cursor);
+}
+
+// True while something is dragged; none begins under a dialog.
+bool drags_frame(const pointer& mouse) {
+    if (screens.text_entry_open || goal_editing.goal_dialog_open) {
+        drag = {};
+    }
+    return !screens.text_entry_open && !goal_editing.goal_dialog_open && drag_frame(mouse);
 }
 
 }  // namespace
 
 void editor_frame(const pointer& mouse) {
     history_frame_begin();
-    world_point cursor = {grid_snap(mouse.world.x), grid_snap(mouse.world.y)};
+    world_point cursor = {snapped(mouse.world.x, grid_step), snapped(mouse.world.y, grid_step)};
     grid_cursor_draw(mouse, cursor);
     text_draw_left("Press <f1> for help", render_target.width - 256, render_target.height - 32,
                    text_small, hint_tint);
@@ -210,7 +221,8 @@ void editor_frame(const pointer& mouse) {
         deck_spinners_frame();
     }
     edit_buttons clicked = edit_buttons_frame();
-    bool list_opened = ctrl_keys_apply();
+    bool dragging = drags_frame(mouse);
+    bool list_opened = !dragging && ctrl_keys_apply();
     if (text_entry_take_map_name()) {
         map_save(text_entry_text());
     }
@@ -219,9 +231,9 @@ void editor_frame(const pointer& mouse) {
         goal_buttons_frame();
     }
     if (screens.text_entry_open) {
-        text_entry_frame();
+        typing_frame();
     } else {
-        if (!list_opened) {
+        if (!list_opened && !dragging) {
             editing_keys_apply(cursor, clicked);
         }
         nimbers_key_apply();
@@ -230,7 +242,7 @@ void editor_frame(const pointer& mouse) {
     if (goal_editing.goal_dialog_open) {
         goal_dialog_frame();
     }
-    if (!list_opened) {
+    if (!list_opened && !dragging) {
         history_frame_end();
         fault_assert(history_fault);
     }
@@ -238,9 +250,12 @@ void editor_frame(const pointer& mouse) {
 }
 
 void editor_leave() {
+    history_frame_end();
     history_map_leave();
     map_work_end();
     text_entry_close();
     goal_editing.goal_dialog_open = false;
+    drag = {};
+    rule_advice = {};
     selection = {};
 }

@@ -3,6 +3,8 @@
 #include <cassert>
 
 #include "maps/model.h"
+#include "platform/maths.h"
+#include "rules/selection.h"
 
 namespace {
 
@@ -35,6 +37,31 @@ void state_renumber(u16 from, u16 to) {
 }
 
 }  // namespace
+
+f64 snapped(f64 value, f64 step) {
+    return math_floor(value / step + 0.5) * step;
+}
+
+f64 map_units(f64 world) {
+    return game_map.scale == 0 ? 0 : world / game_map.scale;
+}
+
+transition* selected_arc() {
+    u16 index = selection.selected_transition;
+    bool set = index != no_index && index < game_map.transitions.count;
+    return set ? &game_map.transitions[index] : nullptr;
+}
+
+void state_add(world_point place, u8 accepting) {
+    if (game_map.states.count >= no_index) {
+        return;
+    }
+    map_add_state(map_units(place.x - game_map.origin_x), map_units(place.y - game_map.origin_y),
+                  accepting);
+    selection.selected_state = static_cast<u16>(game_map.states.count - 1);
+    assert(state_exists(selection.selected_state));
+    selection.target_state = no_index;
+}
 
 void stones_remove(u16 state, bool only_one) {
     for (i64 i = 0; i < stones.count;) {

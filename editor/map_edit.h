@@ -1,8 +1,23 @@
 #pragma once
 
-// Changes of the loaded map that touch more than one record.
+// What the editor's keys and gestures share: the grid, the selected transition, and changes of the
+// loaded map that touch more than one record.
 
 #include "base/types.h"
+#include "maps/model.h"
+
+inline constexpr f64 grid_step = 32;  // world units
+
+// The multiple of the step that is nearest.
+f64 snapped(f64 value, f64 step);
+// A length in map units; 0 on a map without a scale, on which nothing moves.
+f64 map_units(f64 world);
+
+// The selected transition, null when there is none.
+transition* selected_arc();
+
+// Adds a state there, in world units, and selects it; nothing when no index is left for it.
+void state_add(world_point place, u8 accepting);
 
 // Removes the stones on a state, all of them or only the first one found. The last stone moves
 // into the place of a removed one.

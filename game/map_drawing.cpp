@@ -12,9 +12,6 @@ constexpr colour stone_tint = {0.2f, 0.4f, 1, 1};
 constexpr colour accepting_tint = {0.4f, 0.7f, 1, 1};
 constexpr colour plain_tint = {0.08f, 0.08f, 0.15f, 1};
 
-constexpr f64 arrow_width = 4;
-constexpr f64 bend_offset = 8;
-
 // The loop picture stands on the state's centre, its foot a little above it.
 constexpr f64 loop_width = 100;
 constexpr f64 loop_height = 90;
@@ -53,6 +50,14 @@ void transition_draw(const map_placement& place, const transition& arc, const co
     text_draw(arc.rule, (from.x + to.x) / 2 + f64{arc.label_dx} * f,
               (from.y + to.y) / 2 + f64{arc.label_dy} * f, text_normal * f, colour_white,
               place.space, text_icons);
+}
+
+box label_box(const transition& arc) {
+    assert(transition_exists(arc));
+    world_point from = state_centre(arc.from);
+    world_point to = state_centre(arc.to);
+    return text_box(arc.rule, (from.x + to.x) / 2 + f64{arc.label_dx},
+                    (from.y + to.y) / 2 + f64{arc.label_dy}, text_normal, text_icons);
 }
 
 void disc_draw(const map_placement& place, world_point centre, f64 side, const colour& tint) {

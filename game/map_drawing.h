@@ -21,6 +21,11 @@ inline constexpr map_placement on_board = {0, 0, 1, world_space};
 inline constexpr f64 state_size = 64;  // world units, side of a state's disc and of its box
 inline constexpr f64 stone_size = 48;
 
+inline constexpr f64 arrow_width = 4;
+inline constexpr f64 bend_offset = 8;   // world units per step of an arrow's bend
+inline constexpr f64 arrow_reach = 12;  // from an arrow's middle line to the edge of its head
+inline constexpr f64 loop_reach = 92;   // from a state's centre to the far edge of its loop
+
 inline constexpr colour transition_tint = {0.9f, 0.8f, 0.8f, 1};
 
 // An existing state's centre under the placement.
@@ -28,6 +33,9 @@ world_point placed_centre(const map_placement& place, i64 state);
 
 // The arrow or loop of a transition whose states exist, and its rule.
 void transition_draw(const map_placement& place, const transition& arc, const colour& tint);
+
+// Where its rule stands, in world units.
+box label_box(const transition& arc);
 
 // A round mark centred on a point of the placement's space; `side` in world units.
 void disc_draw(const map_placement& place, world_point centre, f64 side, const colour& tint);

@@ -15,6 +15,7 @@
 
 enum input_key : u32 {
     key_a = 2,  // key_a + n is the n-th letter after it
+    key_c = 4,
     key_d = 5,
     key_e = 6,
     key_i = 10,
@@ -27,6 +28,7 @@ enum input_key : u32 {
     key_r = 19,
     key_s = 20,
     key_u = 22,
+    key_v = 23,
     key_w = 24,
     key_y = 26,
     key_z = 27,
@@ -34,6 +36,8 @@ enum input_key : u32 {
     key_1 = 29,
     key_2 = 30,
     key_3 = 31,
+    key_4 = 32,
+    key_5 = 33,
     key_9 = 37,
     key_space = 42,
     key_enter = 43,

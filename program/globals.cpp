@@ -5,8 +5,11 @@
 
 #include "base/arena.h"
 #include "base/tidings.h"
+#include "editor/copying.h"
+#include "editor/drag.h"
 #include "editor/goal_editing.h"
 #include "editor/history.h"
+#include "editor/rule_advice.h"
 #include "editor/text_entry.h"
 #include "game/hand_panel.h"
 #include "maps/catalogue.h"
@@ -56,6 +59,9 @@ void game_globals_reset() {
     text_entry = {};
     goal_editing = {};
     history = {};
+    drag = {};
+    copied = {};
+    rule_advice = {};
 }
 
 void screen_globals_reset() {

@@ -172,6 +172,11 @@ void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, draw_space 
     characters_draw(text, {x, y, size, tint, space, icons}, pen);
 }
 
+box text_box(str text, f64 x, f64 y, f64 size, text_layout layout) {
+    assert(layout != text_left);
+    return box_around(x, y, text_width(text, size, layout == text_icons), text_height(text, size));
+}
+
 void text_draw_left(str text, f64 x, f64 y, f64 size, const colour& tint) {
     text_draw(text, x, y, size, tint, screen_space, text_left);
 }

@@ -32,6 +32,9 @@ void text_buffer_put_plain(text_buffer& buffer, str text);
 void text_draw(str text, f64 x, f64 y, f64 size, const colour& tint, draw_space space,
                text_layout layout);
 
+// Where a text that is centred on the point, with icons or without, lies when it is drawn.
+box text_box(str text, f64 x, f64 y, f64 size, text_layout layout);
+
 // Texts of the window.
 void text_draw_left(str text, f64 x, f64 y, f64 size, const colour& tint);
 void text_draw_icons(str text, f64 x, f64 y);  // of normal size, white
