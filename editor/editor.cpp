@@ -127,12 +127,14 @@ void typing_frame() {
     }
 }
 
-void copy_keys_apply(world_point cursor) {
+void copy_keys_apply(const pointer& mouse, world_point cursor) {
     if (input_key_is_pressed(key_c)) {
         selection_copy();
     }
     if (input_key_is_pressed(key_v)) {
-        copied_state_put(cursor);
+        if (mouse.inside) {
+            copied_state_put(cursor);
+        }
         copied_arrow_put();
     }
 }
@@ -173,8 +175,8 @@ void transition_keys_apply(transition& arc, const edit_buttons& clicked) {
     }
 }
 
-void editing_keys_apply(world_point cursor, const edit_buttons& clicked) {
-    if (input_key_is_pressed(key_1)) {
+void editing_keys_apply(const pointer& mouse, world_point cursor, const edit_buttons& clicked) {
+    if (mouse.inside && input_key_is_pressed(key_1)) {
         state_add(cursor, 0);
     }
     u16 source = selection_source();
@@ -198,7 +200,7 @@ void editing_keys_apply(world_point cursor, const edit_buttons& clicked) {
     if (input_key_is_pressed(key_5)) {
         labels_lay_out();
     }
-    copy_keys_apply(cursor);
+    copy_keys_apply(mouse, cursor);
 }
 
 // True while something is dragged; none begins under a dialog.
@@ -234,7 +236,7 @@ void editor_frame(const pointer& mouse) {
         typing_frame();
     } else {
         if (!list_opened && !dragging) {
-            editing_keys_apply(cursor, clicked);
+            editing_keys_apply(mouse, cursor, clicked);
         }
         nimbers_key_apply();
         bottom_rows_frame();

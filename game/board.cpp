@@ -39,8 +39,8 @@ void transitions_draw() {
 }
 
 // Undoes the most recent of target, source and card.
-void right_click_apply() {
-    if (!input_mouse_is_pressed(mouse_right) || screens.text_entry_open) {
+void right_click_apply(const pointer& mouse) {
+    if (!mouse.inside || !input_mouse_is_pressed(mouse_right) || screens.text_entry_open) {
         return;
     }
     if (selection_target() != no_index) {
@@ -172,7 +172,7 @@ void nimbers_key_apply() {
 void board_frame(const pointer& mouse) {
     board_find_transition();
     transitions_draw();
-    right_click_apply();
+    right_click_apply(mouse);
     for (i64 i = 0; i < game_map.states.count; ++i) {
         state_frame(i, mouse);
     }

@@ -110,7 +110,7 @@ void scroll_bar_frame(const hand_layout& row, const pointer& mouse) {
     box thumb = {bar_margin + hand_row.hand_scroll * track, bar_y, fraction * track, bar_height};
     bool hovered = !hand_row.hand_scroll_dragging && pointer_is_over(mouse, thumb);
     drag_advance(mouse, track, hovered);
-    if (mouse.y < bottom_panel_height) {
+    if (mouse.inside && mouse.y < bottom_panel_height) {
         hand_row.hand_scroll -= input_mouse_wheel() * wheel_step;
     }
     hand_row.hand_scroll += pulled(row, track);

@@ -62,6 +62,15 @@ bool map_file_write(str path) {
     return !file_failed(map.fresh);
 }
 
+// The list keeps the line that a name has there, as that of a map that ships.
+void listing_tell(str name, str path) {
+    const catalogue_entry* entry = catalogue_find(name);
+    if (entry != nullptr && !(entry->path == path)) {
+        tiding_tell(tiding_refusal,
+                    {"the list still has the other ", name, ": save this one under another name"});
+    }
+}
+
 }  // namespace
 
 void map_save(str name) {
@@ -77,5 +86,6 @@ void map_save(str name) {
     }
     map_work_is_saved(path);
     catalogue_add(name, path);
+    listing_tell(name, path);
     waiting_maps_try();
 }

@@ -32,20 +32,18 @@ dyn_array<str> import_paths(const command_line& command) {
     return paths;
 }
 
-bool maps_import(const dyn_array<str>& paths, i64 family) {
+// What cannot be taken in is told; the others are.
+void maps_import(const dyn_array<str>& paths, i64 family) {
     if (paths.count > 0) {
         catalogues_load();
     }
     for (str path : paths) {
-        if (!map_import(path, family)) {
-            return false;
-        }
+        map_import(path, family);
     }
-    return true;
 }
 
 // What the command line asks for before the game starts; false, with the reason in one line on
-// standard error, when it cannot be done.
+// standard error, when there is nowhere to play.
 bool files_prepare(const command_line& command) {
     dyn_array<str> paths = import_paths(command);
     str directory = argument_text(command.directory);
@@ -54,7 +52,8 @@ bool files_prepare(const command_line& command) {
                      directory.length > 0 ? command.directory : "of your files");
         return false;
     }
-    return maps_import(paths, command.family);
+    maps_import(paths, command.family);
+    return true;
 }
 
 }  // namespace

@@ -43,11 +43,11 @@ void keys_apply() {
     camera.zoom += amount_while_held(key_e, zoom_speed * frame_dt);
 }
 
-void wheel_apply(i32 height) {
+void wheel_apply(i32 width, i32 height) {
     f64 x = 0;
     f64 y_down = 0;
     input_mouse_position(x, y_down);
-    if (y_down < height - bottom_panel_height) {
+    if (0 <= x && x < width && 0 <= y_down && y_down < height - bottom_panel_height) {
         camera.zoom += input_mouse_wheel() * zoom_wheel_step;
     }
 }
@@ -91,7 +91,7 @@ void camera_input_apply(i32 width, i32 height) {
     if (!screens.text_entry_open) {
         keys_apply();
     }
-    wheel_apply(height);
+    wheel_apply(width, height);
     camera.zoom = std::clamp(camera.zoom, zoom_min, zoom_max);
     drag_apply(width, height);
     if (input_key_is_pressed(key_r) && !screens.text_entry_open) {

@@ -18,5 +18,6 @@ void camera_matrices_build(i32 width, i32 height);
 
 // Moves and zooms the camera by this frame's keys, wheel and drag; a change shows from the next
 // frame on. The keys rest while a text is being typed, the wheel and the drag on the bottom panel,
-// the drag also while no board is shown. The size is the window's, in pixels.
+// the wheel also beside the picture, the drag also while no board is shown. The size is the
+// window's, in pixels.
 void camera_input_apply(i32 width, i32 height);

@@ -26,10 +26,12 @@ pointer pointer_read() {
     input_mouse_position(mouse.x, y_down);
     mouse.y = render_target.height - y_down;
     mouse.world = view_world_point(mouse.x, mouse.y);
-    mouse.on_board =
-        bottom_panel_height < mouse.y && mouse.y < render_target.height - top_panel_height;
+    mouse.inside = 0 <= mouse.x && mouse.x < render_target.width && 0 < mouse.y &&
+                   mouse.y <= render_target.height;
+    mouse.on_board = mouse.inside && bottom_panel_height < mouse.y &&
+                     mouse.y < render_target.height - top_panel_height;
     mouse.hovers = input_mouse_hovers();
-    mouse.pressed = input_mouse_is_pressed(mouse_left);
+    mouse.pressed = mouse.inside && input_mouse_is_pressed(mouse_left);
     return mouse;
 }
 

@@ -41,9 +41,10 @@ struct pointer {
     f64 x;  // window pixels
     f64 y;
     world_point world;
+    bool inside;    // over the picture: beside it, in a window's bars, it points at nothing
     bool on_board;  // strictly between the two bands: only there states can be hovered and clicked
     bool hovers;    // over the place, which a finger is only while it clicks
-    bool pressed;   // the left button went down in this frame
+    bool pressed;   // the left button went down over the picture in this frame
 };
 
 // Read from this frame's input and matrices.

@@ -35,9 +35,11 @@ mode_t mode_of_new_file() {
     return 0666 & ~mask;
 }
 
-// The permissions for the new content of `target`. False when it must not be replaced.
+// The permissions for the new content of `target`. False when it must not be replaced. A folder
+// without anything, which a name below it may have left, makes way.
 bool target_mode(const std::string& target, mode_t& mode) {
     struct stat status;
+    rmdir(target.c_str());
     if (stat(target.c_str(), &status) != 0) {
         mode = mode_of_new_file();
         return true;
@@ -155,7 +157,7 @@ replacement replacement_open(const std::string& path, bool dated) {
     file.dated = dated;
     file.target = dated ? path : link_end(path);
     mode_t mode = mode_of_new_file();
-    if (path.empty() || (!dated && !target_mode(file.target, mode))) {
+    if (path.empty() || path.back() == '/' || (!dated && !target_mode(file.target, mode))) {
         return file;
     }
     fs::path folder = fs::path(file.target).parent_path();

@@ -16,7 +16,8 @@ struct replacement {
 };
 
 // Starts one, after making the folders that are missing; without a stream on failure, or when what
-// stands at the target must not be replaced: no regular file, or one the player may not write to.
+// stands at the target must not be replaced: no regular file, or one the player may not write to. A
+// path that ends with "/" is none for a file.
 replacement replacement_open(const std::string& path, bool dated);
 // Brings the content to the disk. False when not all of it got there.
 bool replacement_sync(const replacement& file);

@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <csignal>
+
 void standard_streams_open() {
     for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
         if (fcntl(stream, F_GETFD) < 0) {
@@ -10,4 +12,5 @@ void standard_streams_open() {
             open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
         }
     }
+    std::signal(SIGXFSZ, SIG_IGN);
 }

@@ -10,11 +10,11 @@
 void system_init(u32, f64) {
     // Messages into a pipe that nobody reads any more must not end the game.
     std::signal(SIGPIPE, SIG_IGN);
-    // A file that must not grow any more fails to be written, as on a full disk.
-    std::signal(SIGXFSZ, SIG_IGN);
     SDL_Init(SDL_INIT_EVENTS);
-    // SDL takes SIGTERM for the window being closed; the end of the session means the same.
-    std::signal(SIGHUP, [](int) { std::raise(SIGTERM); });
+    // SDL takes SIGINT and SIGTERM for the window being closed; these mean the same.
+    for (int signal : {SIGHUP, SIGQUIT, SIGXCPU}) {
+        std::signal(signal, [](int) { std::raise(SIGTERM); });
+    }
 }
 
 void system_release() {

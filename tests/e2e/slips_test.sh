@@ -141,7 +141,7 @@ save b
 grep -qx "$state" "$folder/b" || fail "b was not saved"
 leave
 
-for ending in TERM HUP window; do
+for ending in TERM HUP QUIT window; do
     say "the end by $ending"
     edit_new
     if [ "$ending" = window ]; then

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "menus/player_setup.h"
+#include "render/camera.h"
 #include "rules/cards.h"
 #include "rules/screens.h"
 #include "rules/selection.h"
@@ -54,6 +55,25 @@ TEST_F(board_test, WhereClicksHit) {
     click(0, 0);
     click(0, 0, mouse_right);
     EXPECT_EQ(selected_text(), "----");
+}
+
+// In a window of other proportions the pointer can be beside the picture.
+TEST_F(board_test, BesideThePictureThePointerPointsAtNothing) {
+    game_map.states[0].x = -384.0 / 128;
+    screens.editor_open = true;
+    for (f64 x : {-513.0, 512.0}) {
+        selection.selected_state = 1;
+        click(x, 0);
+        click(x, 0, mouse_right);
+        headless_wheel(1);
+        headless_key_press(key_1);
+        frame();
+        EXPECT_EQ(selected_text(), "1---") << x;
+        EXPECT_EQ(game_map.states.count, 3);
+        EXPECT_EQ(camera.zoom, 1);
+    }
+    click(-511, 0);
+    EXPECT_EQ(selected_text(), "10--");
 }
 
 // The deck and the sign are 128 wide, from (-192, 272) and (368, 272) on.

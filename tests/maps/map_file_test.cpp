@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/tidings.h"
 #include "maps/catalogue.h"
 #include "maps/file_text.h"
 #include "maps/reader.h"
@@ -138,6 +139,11 @@ TEST_F(save_test, ASavedMapIsAnnouncedWrittenAndListedOnce) {
     save("my-map!");
     EXPECT_NE(file_get("custom_pushdown_machines/my_map_").find("hand 3\n"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(catalogue_file));  // listed already: not written again
+    EXPECT_EQ(tidings.length, 0);
+    current_catalogue->data[0].path = "resources/maps/old";
+    save("old");
+    EXPECT_EQ(string_of({tidings.text, tidings.length}),
+              "the list still has the other old: save this one under another name");
 }
 
 TEST_F(save_test, AMapThatIsReplacedByAnotherOneIsKept) {

@@ -55,7 +55,7 @@ TEST_F(file_test, what_is_written_is_read_back_and_replaces_the_old_at_its_close
 }
 
 TEST_F(file_test, only_regular_files_open) {
-    fs::create_directory("folder");
+    file_put("folder/file", "");
     ASSERT_EQ(mkfifo("pipe", 0600), 0);
     file_put("a", "content");
     for (std::string_view path :
@@ -70,7 +70,12 @@ TEST_F(file_test, only_regular_files_open) {
         EXPECT_TRUE(file_failed(file));
         EXPECT_TRUE(path[0] == 'm' || path[0] == '/' || !file_replace(path, "new"));
     }
-    EXPECT_FALSE(file_replace("folder/", "new") || file_replace("a/below", "new"));
+    for (const char* path : {"folder/", "fresh/", "fresh/er/", "a/below", "a/far/below"}) {
+        EXPECT_FALSE(file_replace(path, "new")) << path;
+    }
+    EXPECT_FALSE(fs::exists("fresh"));
+    fs::create_directory("empty");
+    EXPECT_TRUE(file_replace("empty", "new"));  // makes way
     EXPECT_TRUE(fs::is_fifo("pipe"));
     // What the target became while it was written.
     file_id file = file_open("late/target", file_mode_write);
