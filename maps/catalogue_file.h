@@ -5,17 +5,7 @@
 // It holds one entry per line: the name, which has no blank, one blank, and the map's path, which
 // runs to the line's end. Several games may work on the same file.
 
-#include "base/dyn_array.h"
-#include "base/str.h"
-
-struct catalogue_entry {
-    str name;
-    str path;
-
-    bool operator==(const catalogue_entry&) const = default;
-};
-
-using catalogue = dyn_array<catalogue_entry>;
+#include "maps/catalogue_list.h"
 
 // What a catalogue may take of the persistent arena: its text, its entries and their copy.
 inline constexpr i64 catalogue_memory_limit = i64{32} * 1024 * 1024;  // bytes

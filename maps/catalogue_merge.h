@@ -2,7 +2,7 @@
 
 // Two catalogues that were one are brought together again.
 
-#include "maps/catalogue_file.h"
+#include "maps/catalogue_list.h"
 
 // Makes `merged` the list, with what has happened in `other` since both held the entries of
 // `known`: what went from there goes, what came there follows at the end. Nothing else moves, and

@@ -6,8 +6,6 @@
 // What a rule says of a domain of cards is a set with one bit per card: a single bit for the one
 // card that is tested, or a bit for every card value.
 
-char rule_buffer[rule_length_limit];
-
 namespace {
 
 // The top card of the pile; on an empty one a card that has no property.
@@ -40,39 +38,7 @@ struct every_card {
     set top_having(card_property property) const { return card_has(top, property) ? all : none; }
 };
 
-bool is_blank(char c) {
-    return c == '\t' || c == '\n' || c == ' ';
-}
-
-// The place in the rule of a byte of `rule_buffer`.
-i64 rule_unsqueeze(str rule, i64 position) {
-    i64 place = 0;
-    for (i64 left = position; place < rule.length; ++place) {
-        if (!is_blank(rule[place])) {
-            if (left == 0) {
-                break;
-            }
-            left -= 1;
-        }
-    }
-    return place;
-}
-
 }  // namespace
-
-i64 rule_squeeze(str rule) {
-    i64 size = 0;
-    for (char c : rule) {
-        if (size == rule_length_limit) {
-            break;
-        }
-        if (!is_blank(c)) {
-            rule_buffer[size] = c;
-            size += 1;
-        }
-    }
-    return size;
-}
 
 bool rule_matches(str rule, card tested) {
     return rule_evaluate(rule, one_card{tested}) != 0;

@@ -16,19 +16,12 @@
 
 #include "base/str.h"
 #include "rules/cards.h"
-
-inline constexpr i64 rule_length_limit = 1024;  // bytes that count
+#include "rules/rule_text.h"
 
 // Whether `tested` may be played on the current discard pile.
 bool rule_matches(str rule, card tested);
 
 // All card values that may be played on the current discard pile.
 card_set rule_matching_cards(str rule);
-
-// Where reading a rule stopped, and why, in words.
-struct rule_stop {
-    i64 position;  // byte of the rule; its length when it ends too early
-    str reason;    // empty when the rule parses
-};
 
 rule_stop rule_stop_find(str rule);

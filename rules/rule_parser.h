@@ -17,15 +17,11 @@
 
 #include <cassert>
 
+#include "maps/card.h"
 #include "maps/scan.h"
-#include "rules/rule.h"
+#include "rules/rule_text.h"
 
 inline constexpr i64 rule_list_limit = 8;
-
-extern char rule_buffer[rule_length_limit];  // the rule that is read, without its blanks
-
-// Copies the rule without its blanks into `rule_buffer`; returns the bytes stored.
-i64 rule_squeeze(str rule);
 
 // What an expression says of each card of the domain.
 template <typename domain>
