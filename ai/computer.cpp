@@ -15,23 +15,18 @@
 
 namespace {
 
-struct open_move {
-    u16 stone = no_index;
-    const transition* arc = nullptr;
-};
-
 // A uniform choice among the `count` >= 1 open moves that pass the test.
 template <typename test>
-open_move open_move_choose(const stone_table& table, i64 count, test passes) {
+const transition& open_move_choose(const stone_table& table, i64 count, test passes) {
     i64 left = random_index(count);
-    open_move chosen;
-    open_moves_visit(table, [&](const transition& arc, u16 stone) {
+    const transition* chosen = nullptr;
+    open_moves_visit(table, [&](const transition& arc, u16) {
         if (passes(arc) && left-- == 0) {
-            chosen = {stone, &arc};
+            chosen = &arc;
         }
     });
-    assert(chosen.arc != nullptr);
-    return chosen;
+    assert(chosen != nullptr);
+    return *chosen;
 }
 
 u8 stones_nimber() {
@@ -61,51 +56,46 @@ bool wants_winning(i64 winning_count, i64 other_count) {
     }
 }
 
-void state_machine_act() {
+game_act state_machine_decide() {
     stone_table table = stones_locate();
     u8 sum = stones_nimber();
     i64 counts[2] = {0, 0};  // other moves, winning moves
     open_moves_visit(table, [&](const transition& arc, u16) { counts[is_winning(sum, arc)] += 1; });
     if (counts[0] + counts[1] == 0) {
-        return;
+        return {act_wait};
     }
     bool winning = wants_winning(counts[1], counts[0]);
-    open_move move = open_move_choose(table, counts[winning], [&](const transition& arc) {
+    return move_along(open_move_choose(table, counts[winning], [&](const transition& arc) {
         return is_winning(sum, arc) == winning;
-    });
-    stone_move(move.stone, move.arc->to);
+    }));
 }
 
-void turing_machine_act() {
+game_act turing_machine_decide() {
     stone_table table = stones_locate();
     i64 count = 0;
     open_moves_visit(table, [&](const transition&, u16) { count += 1; });
     if (count == 0) {
-        turn_pass();
-        return;
+        return {act_pass};
     }
-    open_move move = open_move_choose(table, count, [](const transition&) { return true; });
-    if (move.arc->rule.length == 0) {
-        turn_pass();
-        return;
-    }
-    stone_move(move.stone, move.arc->to);
-    tape_apply(move.arc->rule);
+    const transition& arc = open_move_choose(table, count, [](const transition&) { return true; });
+    return arc.rule.length == 0 ? game_act{act_pass} : move_along(arc);
 }
 
 }  // namespace
 
-void computer_act() {
+game_act computer_decide() {
     assert(current_seat().is_computer);
     switch (machine_kind) {
         case state_machine:
-            state_machine_act();
-            break;
+            return state_machine_decide();
         case pushdown_machine:
-            pushdown_machine_act();
-            break;
+            return pushdown_machine_decide();
         default:
             assert(machine_kind == turing_machine);
-            turing_machine_act();
+            return turing_machine_decide();
     }
+}
+
+void computer_act() {
+    act_do(computer_decide());
 }

@@ -7,8 +7,13 @@
 // another move, normal in half of the cases, hard always. On pushdown machines see
 // `ai/pushdown_player.h`. On turing machines every strength makes any move.
 
-// Acts for the current seat, which must be a computer, by the player of the current family, and
-// does exactly one of these: makes a move; on a pushdown machine draws a card, with a new
-// `think_timer`, or ends the turn; on a turing machine passes; waits, on a state machine on which
-// no stone can be moved any more.
+#include "rules/acts.h"
+
+// What the current seat, which must be a computer, does next, by the player of the current family:
+// a move; on a pushdown machine a draw, or the end of the turn; on a turing machine a pass; on a
+// state machine on which no stone can be moved any more nothing. Only chance is asked, nothing else
+// changes.
+game_act computer_decide();
+
+// Decides and does it.
 void computer_act();

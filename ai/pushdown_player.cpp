@@ -27,11 +27,8 @@
 
 namespace {
 
-constexpr f64 think_after_draw = 0.25;  // seconds until the seat looks at its new card
-
 struct candidate {
     i64 card_index;  // in the hand
-    u16 stone;
     const transition* arc;
 };
 
@@ -149,14 +146,14 @@ i64 playable_count(const stone_table& table, const hand_table& hand) {
 // order and for each of them in the hand's.
 candidate playable_pick(const stone_table& table, const hand_table& hand, i64 index) {
     candidate picked = {};
-    open_moves_visit(table, [&](const transition& arc, u16 stone) {
+    open_moves_visit(table, [&](const transition& arc, u16) {
         if (index < 0) {
             return;
         }
         card_set matching = rule_matching_cards(arc.rule);
         i64 pairs = held_count(hand, matching);
         if (index < pairs) {
-            picked = {hand_nth(matching, index), stone, &arc};
+            picked = {hand_nth(matching, index), &arc};
         }
         index -= pairs;
     });
@@ -282,10 +279,10 @@ bool is_better(const scored_candidate& one, const scored_candidate& best) {
 // playable is asked of those alone that would be the best.
 void best_take(scored_candidate& best, const score_table& table, const stone_table& located,
                const hand_table& hand) {
-    open_moves_visit(located, [&](const transition& arc, u16 stone) {
+    open_moves_visit(located, [&](const transition& arc, u16) {
         std::optional<card_set> matching;
         for (i64 i = 0; i < table.top_count; ++i) {
-            candidate move = {hand.first[card_value(table.tops[i])], stone, &arc};
+            candidate move = {hand.first[card_value(table.tops[i])], &arc};
             scored_candidate scored = {move, move_score(table, arc, i)};
             if (!is_better(scored, best)) {
                 continue;
@@ -320,28 +317,17 @@ candidate playable_best(const stone_table& located, const hand_table& hand) {
     return best.move;
 }
 
-void draw_or_end() {
-    if (turn.card_drawn) {
-        turn_end();
-        return;
-    }
-    hand_draw();
-    turn.think_timer = think_after_draw;
-}
-
 }  // namespace
 
-void pushdown_machine_act() {
+game_act pushdown_machine_decide() {
     stone_table table = stones_locate();
     hand_table hand = hand_sort();
     i64 count = playable_count(table, hand);
     u64 strength = current_seat().strength;
     if (count == 0 || (strength == strength_easy && random_below(100) < 20)) {
-        draw_or_end();
-        return;
+        return {turn.card_drawn ? act_end : act_draw};
     }
     candidate move = strength == strength_hard ? playable_best(table, hand)
                                                : playable_pick(table, hand, random_index(count));
-    stone_move(move.stone, move.arc->to);
-    hand_play(move.card_index);
+    return move_along(*move.arc, move.card_index);
 }

@@ -4,5 +4,7 @@
 // one takes the card after which it can follow with the most cards of its own, while the fewest
 // card values move the same stone on.
 
-// Plays a card, draws one, or ends the turn when it has drawn already.
-void pushdown_machine_act();
+#include "rules/acts.h"
+
+// To play a card, to draw one, or to end the turn when it has drawn already.
+game_act pushdown_machine_decide();

@@ -10,6 +10,7 @@
 #include "editor/history.h"
 #include "fuzz/files.h"
 #include "fuzz/fuzz.h"
+#include "game/record.h"
 #include "maps/catalogue.h"
 #include "maps/map_work.h"
 #include "maps/model.h"
@@ -19,9 +20,11 @@
 #include "program/frame.h"
 #include "render/camera.h"
 #include "render/renderer.h"
+#include "rules/cards.h"
 #include "rules/check.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
+#include "rules/selection.h"
 #include "tools/arguments.h"
 
 namespace {
@@ -157,6 +160,28 @@ void steps_walk() {
     }
 }
 
+// The record of the game gives the same game: back to its beginning, forward again, step by step
+// and at once.
+void record_expect() {
+    if (!game_is_shown() || turn.move_timer > 0) {
+        return;
+    }
+    record_follow();  // it may have been dealt in this frame
+    deck_refill();    // as the next step begins
+    const u64 print = game_print();
+    const i64 position = record.position;
+    const turn_record turn_before = turn;
+    const selection_record selection_before = selection;
+    const flight_record flight_before = flight;
+    for (i64 target : {position / 2, i64{0}, position}) {
+        record_go(target);
+    }
+    fuzz_expect(game_print() == print, "the record gives the same game");
+    turn = turn_before;
+    selection = selection_before;
+    flight = flight_before;
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const u8* data, std::size_t size) {
@@ -169,6 +194,7 @@ int LLVMFuzzerTestOneInput(const u8* data, std::size_t size) {
         app.running = true;
         act_do(input.byte(), input);
         program_frame();
+        record_expect();
     }
     if (screens.editor_open && !screens.map_list_open) {
         steps_walk();

@@ -1,13 +1,14 @@
 #include "game/table_panel.h"
 
 #include "game/card_drawing.h"
+#include "game/record.h"
 #include "maps/model.h"
 #include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/view.h"
 #include "rules/cards.h"
-#include "rules/turns.h"
+#include "rules/game_state.h"
 
 namespace {
 
@@ -66,7 +67,7 @@ void deck_frame(const pointer& mouse) {
         return;
     }
     if (mouse.pressed) {
-        hand_draw();
+        record_take({act_draw});
     }
     card_highlight_draw(deck.x, deck.y, card_hover_tint);
 }
@@ -83,7 +84,7 @@ void end_turn_frame(const pointer& mouse) {
         return;
     }
     if (mouse.pressed) {
-        turn_end();
+        record_take({act_end});
     }
     card_highlight_draw(x, y, card_hover_tint);
 }

@@ -1,25 +1,18 @@
 #include "game/turn_update.h"
 
-#include "ai/computer.h"
 #include "base/message.h"
 #include "base/time_step.h"
 #include "game/board.h"
+#include "game/record.h"
+#include "game/takeback.h"
 #include "platform/input.h"
 #include "rules/cards.h"
 #include "rules/check.h"
 #include "rules/deal.h"
-#include "rules/rule.h"
 #include "rules/selection.h"
 #include "rules/turns.h"
 
 namespace {
-
-void humans_count() {
-    turn.human_count = 0;
-    for (const player& seat : players) {
-        turn.human_count += seat.is_computer ? 0 : 1;
-    }
-}
 
 void running_move_advance() {
     turn.move_timer -= frame_dt;
@@ -39,28 +32,12 @@ const transition* pending_transition() {
     return selected && transition_exists(arc) ? &arc : nullptr;
 }
 
-// Whether the selected card is there and satisfies the rule.
-bool card_allows(str rule) {
-    const dyn_array<card>& hand = current_seat().hand;
-    i64 index = selection.selected_card;
-    return 0 <= index && index < hand.count && rule_matches(rule, hand[index]);
-}
-
 void pending_move_take() {
-    const transition* arc = pending_transition();
-    if (arc == nullptr) {
-        return;
-    }
-    u16 stone = stone_find(arc->from);
-    bool costs_card = machine_kind == pushdown_machine;
-    if (stone == no_index || (costs_card && !card_allows(arc->rule))) {
-        return;
-    }
-    stone_move(stone, arc->to);
-    if (costs_card) {
-        hand_play(selection.selected_card);
-    } else if (machine_kind == turing_machine) {
-        tape_apply(arc->rule);
+    if (const transition* arc = pending_transition()) {
+        game_act move = move_along(*arc, selection.selected_card);
+        if (act_is_open(move, false)) {
+            record_take(move);
+        }
     }
 }
 
@@ -82,12 +59,13 @@ void computer_turn_advance() {
     if (turn.think_timer > 0) {
         turn.think_timer -= frame_dt;
     } else if (turn.move_timer <= 0) {
-        computer_act();
+        record_take_computer();
     }
 }
 
 // While no move is shown.
 void seat_act() {
+    takeback_steps_take();
     deck_refill();
     pending_move_take();
     nimbers_key_apply();
@@ -98,11 +76,14 @@ void seat_act() {
 }  // namespace
 
 void turn_update() {
+    record_follow();
     humans_count();
+    takeback_keys_apply();
     if (turn.move_timer > 0) {
         running_move_advance();
     } else {
         seat_act();
     }
     fault_assert(game_fault);
+    fault_assert(record_fault);
 }

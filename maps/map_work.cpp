@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "base/fingerprint.h"
 #include "maps/kept.h"
 #include "maps/model.h"
 
@@ -9,11 +10,7 @@ map_work_record map_work;
 
 namespace {
 
-// Mixes a value into a fingerprint.
-void print_add(u64& print, u64 value) {
-    print = (print ^ value) * 0x9e3779b97f4a7c15;
-    print ^= print >> 32;
-}
+using ::print_add;
 
 void print_add(u64& print, f64 value) {
     u64 bits;

@@ -74,10 +74,6 @@ void keys_apply() {
     }
 }
 
-bool game_is_shown() {
-    return board_is_shown() && !screens.editor_open;
-}
-
 void screen_frame() {
     if (screens.title_menu_open) {
         title_menu_frame();

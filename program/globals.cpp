@@ -12,6 +12,8 @@
 #include "editor/rule_advice.h"
 #include "editor/text_entry.h"
 #include "game/hand_panel.h"
+#include "game/record.h"
+#include "game/takeback.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
 #include "maps/map_work.h"
@@ -22,6 +24,7 @@
 #include "render/pictures.h"
 #include "render/renderer.h"
 #include "rules/cards.h"
+#include "rules/deal.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
 #include "rules/screens.h"
@@ -56,6 +59,9 @@ void game_globals_reset() {
     flight = {};
     std::memset(stone_stack, 0, sizeof stone_stack);
     hand_row = {};
+    last_deal = {};
+    record = {};
+    takeback = {};
     text_entry = {};
     goal_editing = {};
     history = {};

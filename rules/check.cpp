@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "base/arena.h"
+#include "base/fingerprint.h"
 #include "base/time_step.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
@@ -192,6 +193,37 @@ str screens_fault() {
     return open > 1 ? str("two menus are open") : str();
 }
 
+void print_add_card(u64& print, card c) {
+    print_add(print, u64{c.colour} << 16 | u64{c.shape} << 8 | c.number);
+}
+
+void print_add_cards(u64& print, const dyn_array<card>& cards) {
+    for (card c : cards) {
+        print_add_card(print, c);
+    }
+    print_add(print, static_cast<u64>(cards.count));
+}
+
+void print_add_seat(u64& print, const player& seat) {
+    print_add(print, u64{seat.is_computer} << 16 | seat.strength << 8 | seat.colour_index);
+    print_add_cards(print, seat.hand);
+    if (machine_kind == turing_machine) {
+        print_add(print, static_cast<u64>(seat.goal.target));
+        print_add(print, u64{seat.goal.measure} << 8 | seat.goal.comparison);
+        print_add_card(print, seat.goal.card_a);
+        print_add_card(print, seat.goal.card_b);
+    }
+}
+
+void print_add_turn(u64& print) {
+    print_add(print, static_cast<u64>(turn.current_player));
+    print_add(print, u64{turn.winner} << 1 | turn.card_drawn);
+    for (u64 word :
+         {random_generator.s0, random_generator.s1, random_generator.s2, random_generator.s3}) {
+        print_add(print, word);
+    }
+}
+
 }  // namespace
 
 str state_fault() {
@@ -213,4 +245,20 @@ str game_fault() {
         return "the winner does not exist";
     }
     return state_fault();
+}
+
+u64 game_print() {
+    u64 print = static_cast<u64>(machine_kind);
+    for (u16 state : stones) {
+        print_add(print, state);
+    }
+    print_add_cards(print, deck.cards);
+    print_add_cards(print, discard_pile.cards);
+    print_add_cards(print, tape);
+    print_add(print, static_cast<u64>(tape_head));
+    for (const player& seat : players) {
+        print_add_seat(print, seat);
+    }
+    print_add_turn(print);
+    return print;
 }

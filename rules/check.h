@@ -14,3 +14,7 @@ str state_fault();
 
 // The same for a running game, which has a seat to move and perhaps a winner among its seats.
 str game_fault();
+
+// A fingerprint of all that a game consists of: positions of the same game with different ones
+// differ. What only times or shows it, and whether the cover stands, does not count.
+u64 game_print();

@@ -45,3 +45,6 @@ extern turn_record turn;
 
 // The seat to move; there must be one.
 player& current_seat();
+
+// Counts `human_count` anew.
+void humans_count();

@@ -6,3 +6,7 @@ app_record app;
 bool board_is_shown() {
     return !screens.title_menu_open && !screens.player_setup_open && !screens.map_list_open;
 }
+
+bool game_is_shown() {
+    return board_is_shown() && !screens.editor_open;
+}

@@ -17,6 +17,8 @@ extern screen_flags screens;
 
 // Whether no menu covers the board.
 bool board_is_shown();
+// Whether the board is shown to be played on.
+bool game_is_shown();
 
 struct app_record {
     bool running = false;  // the loop goes on

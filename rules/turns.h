@@ -7,8 +7,9 @@
 #include "maps/model.h"
 #include "rules/game_state.h"
 
-inline constexpr f64 move_duration = 0.5;     // seconds for which a move is shown
-inline constexpr f64 think_after_turn = 0.4;  // seconds a computer seat waits when its turn comes
+inline constexpr f64 move_duration = 0.5;      // seconds for which a move is shown
+inline constexpr f64 think_after_turn = 0.4;   // seconds a computer seat waits when its turn comes
+inline constexpr f64 think_after_draw = 0.25;  // seconds until it looks at a card it drew
 
 // The first stone on `state`, `no_index` when there is none.
 u16 stone_find(u16 state);
