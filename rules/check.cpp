@@ -1,5 +1,6 @@
 #include "rules/check.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstdint>
 
@@ -88,8 +89,8 @@ str arrays_fault() {
     check("discard pile", discard_pile.cards);
     check("tape", tape);
     check("players", players);
-    for (const player& seat : players) {
-        check("hand", seat.hand);
+    for (i64 i = 0; fault.length == 0 && i < std::min(players.count, player_limit); ++i) {
+        check("hand", players[i].hand);
     }
     for (const catalogue& family : catalogues) {
         check("catalogue", family);

@@ -21,6 +21,13 @@ TEST_F(check_test, NamesWhatIsBroken) {
         {"the seat to move does not exist", [] { turn.current_player = 2; }},
         {"the time of the move is out of its range", [] { turn.move_timer = -1.0 / 60; }},
         {"the time to think is out of its range", [] { turn.think_timer = 0.5; }},
+        {"more or fewer seats than a game has",
+         [] {
+             for (i64 seat = 2; seat < 40; ++seat) {
+                 dyn_array_push(players, {});
+                 dyn_array_push(players[seat].hand, {});
+             }
+         }},
         {"an arena holds more than it can", [] { arenas[arena_frame].offset = -1; }},
     };
     for (const auto& [fault, destroy] : rows) {
