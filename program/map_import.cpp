@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cerrno>
 #include <cstdio>
 
 #include "base/message.h"
@@ -21,8 +22,9 @@ constexpr str extension = ".quorrel";
 constexpr i64 name_limit = 200;  // bytes; file systems take 255 with a number
 
 bool refuse(str path, str reason) {
-    std::fprintf(stderr, "quorrel: %.*s: %.*s\n", static_cast<int>(path.length), path.data,
-                 static_cast<int>(reason.length), reason.data);
+    std::fprintf(stderr, "%s: %.*s: %.*s\n", program_invocation_short_name,
+                 static_cast<int>(path.length), path.data, static_cast<int>(reason.length),
+                 reason.data);
     tiding_tell(tiding_refusal, {str_after_last(path, '/'), " ", reason});
     return false;
 }
@@ -43,12 +45,6 @@ str name_clean(str name) {
     return text_builder_text(clean);
 }
 
-i64 family_of_file(str path, str text) {
-    str name;
-    i64 family;
-    return kept_path_read(path, name, family) ? family : map_family_find(text);
-}
-
 str name_numbered(str name, i64 number) {
     assert(number >= 1);
     if (number == 1) {
@@ -61,27 +57,35 @@ str name_numbered(str name, i64 number) {
     return text_builder_text(text);
 }
 
-bool file_holds(str path, str text) {
+// Whether the file holds the text; false when it cannot be read.
+bool file_compare(str path, str text, bool& holds) {
+    const i64 mark = arenas[arena_persistent].offset;
     str content;
-    return file_read_all(path, content) && content == text;
+    bool is_read = file_read_all(path, content);
+    holds = is_read && content == text;
+    arena_rewind(arena_persistent, mark);
+    return is_read;
 }
 
-// Where a map of this name may go: its file is free, or holds the same map already.
-bool place_fits(str name, str text, str& path) {
-    const catalogue_entry* entry = catalogue_find(name);
-    path = entry != nullptr ? entry->path : custom_map_path(name);
-    return (entry == nullptr && !file_exists(path)) || file_holds(path, text);
-}
-
-// Puts the map where one of this name may go, with a number where the name is taken. False when it
-// cannot be written there.
-bool map_put(str name, str text, str& numbered, str& path) {
-    i64 number = 0;
-    do {
-        number += 1;
+// Puts the map where one of this name may go: where there is no file or the same map already, with
+// a number where the name is taken. Why that cannot be done; empty when it is.
+str map_put(str name, str text, str& numbered, str& path) {
+    for (i64 number = 1;; ++number) {
         numbered = name_numbered(name, number);
-    } while (!place_fits(numbered, text, path));
-    return file_exists(path) || file_write_all(path, text);
+        const catalogue_entry* entry = catalogue_find(numbered);
+        path = entry != nullptr ? entry->path : custom_map_path(numbered);
+        bool is_there = file_exists(path);
+        bool holds = false;
+        if (!is_there && entry == nullptr) {
+            return file_write_all(path, text) ? str() : str("cannot be written");
+        }
+        if (is_there && !file_compare(path, text, holds)) {
+            return "cannot be read";
+        }
+        if (holds) {
+            return {};
+        }
+    }
 }
 
 }  // namespace
@@ -97,6 +101,12 @@ str map_name_of_file(str path) {
     return file;
 }
 
+i64 map_family_of_file(str path, str text) {
+    str name;
+    i64 family;
+    return kept_path_read(path, name, family) ? family : map_family_find(text);
+}
+
 bool map_import(str path, i64 family) {
     str text;
     if (!file_read_all(path, text)) {
@@ -105,7 +115,7 @@ bool map_import(str path, i64 family) {
     if (!text_is_map(text)) {
         return refuse(path, "is not a map");
     }
-    i64 told = family == no_family ? family_of_file(path, text) : family;
+    i64 told = family == no_family ? map_family_of_file(path, text) : family;
     if (told == no_family) {
         return refuse(path, "does not tell its family: add --family state, pushdown or turing");
     }
@@ -120,12 +130,12 @@ bool map_text_import(str name, str text, i64 family) {
     current_catalogue = &catalogues[machine_kind];
     str numbered, place;
     folder_lock(catalogue_folder);
-    bool put = map_put(name_clean(name), text, numbered, place);
+    str trouble = map_put(name_clean(name), text, numbered, place);
     folder_unlock();
-    if (!put) {
+    if (trouble.length > 0) {
         machine_kind = family_before;
         current_catalogue = catalogue_before;
-        return refuse(place, "cannot be written");
+        return refuse(place, trouble);
     }
     catalogue_add(numbered, place);
     assert(catalogue_find(numbered) != nullptr);

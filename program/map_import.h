@@ -19,3 +19,7 @@ bool map_text_import(str name, str text, i64 family);
 // The name that the file at `path` gives its map: a kept file's map, else the file's name without
 // folder and extension.
 str map_name_of_file(str path);
+
+// The family of the map at `path` with that text: a kept file's, else the one that the text tells,
+// or `no_family`.
+i64 map_family_of_file(str path, str text);

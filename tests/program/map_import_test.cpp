@@ -44,11 +44,11 @@ TEST_F(map_import_test, what_is_no_map_or_cannot_be_placed_is_refused) {
     file_put("words", "* a list\n");
     file_put("deck", "deck 1 1 1 1\n. 0 0\n");
     file_put("custom_turing_machines", "in the way");
-    EXPECT_EQ(import("missing"), "quorrel: missing: cannot be read\n");
-    EXPECT_EQ(import("words"), "quorrel: words: is not a map\n");
+    EXPECT_EQ(import("missing"), "quorrel_tests: missing: cannot be read\n");
+    EXPECT_EQ(import("words"), "quorrel_tests: words: is not a map\n");
     EXPECT_NE(import("deck").find("add --family"), std::string::npos);
     EXPECT_EQ(import("deck", turing_machine),
-              "quorrel: custom_turing_machines/deck: cannot be written\n");
+              "quorrel_tests: custom_turing_machines/deck: cannot be written\n");
     EXPECT_EQ(file_get("resources/turing_maps.txt"), "");
     EXPECT_EQ(machine_kind, pushdown_machine);  // what is done goes on
     EXPECT_EQ(current_catalogue, nullptr);
