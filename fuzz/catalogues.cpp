@@ -15,7 +15,7 @@
 #include "platform/input.h"
 #include "program/frame.h"
 #include "rules/screens.h"
-#include "tools/arguments.h"
+#include "tools/words.h"
 
 namespace {
 

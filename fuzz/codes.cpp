@@ -12,7 +12,7 @@
 #include "maps/family.h"
 #include "maps/reader.h"
 #include "program/map_import.h"
-#include "tools/arguments.h"
+#include "tools/words.h"
 
 namespace {
 

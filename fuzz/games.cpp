@@ -25,7 +25,7 @@
 #include "rules/game_state.h"
 #include "rules/screens.h"
 #include "rules/selection.h"
-#include "tools/arguments.h"
+#include "tools/words.h"
 
 namespace {
 

@@ -22,7 +22,7 @@
 #include "rules/deal.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
-#include "tools/arguments.h"
+#include "tools/words.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 
 #include "fuzz/fuzz.h"
 #include "rules/rule_tops.h"
-#include "tools/arguments.h"
+#include "tools/words.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "render/goal_text.h"
 #include "render/renderer.h"
 #include "render/text.h"
-#include "tools/arguments.h"
+#include "tools/words.h"
 
 int LLVMFuzzerTestOneInput(const u8* data, std::size_t size) {
     fuzz_begin();

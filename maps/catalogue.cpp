@@ -69,7 +69,7 @@ void catalogue_select() {
     }
 }
 
-void catalogue_delete_selected() {
+void catalogue_take_out_selected() {
     const catalogue_entry* doomed = catalogue_selected();
     if (doomed == nullptr) {
         return;
@@ -82,6 +82,13 @@ void catalogue_delete_selected() {
     if (current_catalogue->count <= selected_entry) {
         selected_entry = current_catalogue->count - 1;
     }
+}
+
+void catalogue_delete_selected() {
+    if (catalogue_selected() == nullptr) {
+        return;
+    }
+    catalogue_take_out_selected();
     if (const catalogue_entry* entry = catalogue_selected()) {
         map_load(entry->path);
     }

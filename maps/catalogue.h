@@ -30,8 +30,10 @@ void catalogue_save();
 // Makes the current family's catalogue current, selects its first entry and loads that map.
 void catalogue_select();
 
-// Deletes the selected entry with its map file, which is kept, selects and loads the one that
-// follows it (else the last), and writes the catalogue. Nothing happens without a selected entry.
+// Takes the selected entry out of the list in memory and deletes its map file, which is kept. The
+// entry that follows it (else the last) is selected then. Nothing happens without a selected entry.
+void catalogue_take_out_selected();
+// The same, loads the map that is selected then, and writes the catalogue.
 void catalogue_delete_selected();
 
 // Adds an entry to the current catalogue and writes it, unless the name is there already. The

@@ -3,7 +3,7 @@
 #include "render/camera.h"
 #include "render/font.h"
 #include "render/renderer.h"
-#include "tools/arguments.h"
+#include "tools/request.h"
 
 bool board_frame_begin() {
     renderer_init();

@@ -1,6 +1,6 @@
 #include "tools/card_words.h"
 
-#include "tools/arguments.h"
+#include "tools/words.h"
 
 namespace {
 

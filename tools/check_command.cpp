@@ -6,56 +6,83 @@
 #include "tools/layout_check.h"
 #include "tools/line_check.h"
 #include "tools/map_check.h"
+#include "tools/map_files.h"
 #include "tools/play_check.h"
+#include "tools/progress.h"
 #include "tools/terminal.h"
 
 namespace {
 
-void append(remarks& to, const remarks& more) {
-    to.insert(to.end(), more.begin(), more.end());
+// In the order in which they are told.
+struct remark_group {
+    const char* name;
+    std::vector<std::string> remarks::*words;
+    std::size_t shown;  // at most, unless all are asked for
+    const char* rest;   // what the others are called
+};
+
+constexpr remark_group groups[] = {
+    {"breaks play", &remarks::breaks_play, 20, "more of these"},
+    {"doubtful", &remarks::doubtful, 20, "more of these"},
+    {"looks", &remarks::looks, 20, "more of these"},
+    {"looks", &remarks::labels, 0, "labels that leave the window or lie over something"},
+};
+
+void line_put(std::string_view map, const remark_group& group, const std::string& words) {
+    put(map, ink_name);
+    put(": ");
+    put(group.name, group.words == &remarks::breaks_play ? ink_bad : ink_plain);
+    put(": " + words + "\n");
 }
 
-int file_check(std::string_view path, machine_kind_value family, bool cyclic, i64 seats) {
-    str text;
-    if (!file_read(path, text)) {
-        return not_understood;
+void group_put(std::string_view map, const remark_group& group, const remarks& found, bool all) {
+    const std::vector<std::string>& words = found.*group.words;
+    const std::size_t shown = all ? words.size() : std::min(group.shown, words.size());
+    for (std::size_t i = 0; i < shown; ++i) {
+        line_put(map, group, words[i]);
     }
-    remarks found = lines_check(text, family);
-    map_open(text, family, !cyclic);
-    append(found, map_check(cyclic));
-    append(found, layout_check());
-    map_open(text, family, !cyclic);
-    append(found, play_check(text, seats));
-    for (const std::string& remark : found) {
-        put(path, ink_name);
-        put(": " + remark + "\n");
+    if (shown < words.size()) {
+        std::string count = std::to_string(words.size() - shown);
+        line_put(map, group, group.rest + (": " + count + ", --all names them"));
     }
-    return found.empty() ? all_well : doubtful;
+}
+
+bool is_empty(const remarks& found) {
+    return std::ranges::all_of(
+        groups, [&](const remark_group& group) { return (found.*group.words).empty(); });
+}
+
+int place_check(const map_place& place, const request& asked) {
+    named_map map;
+    if (!map_read_at(place, asked.family, map)) {
+        return failed;
+    }
+    const str text = str_from(map.text);
+    const bool cyclic = asked.cyclic && map.family == state_machine;
+    remarks found;
+    lines_check(text, static_cast<machine_kind_value>(map.family), found);
+    map_open(map, !cyclic);
+    map_check(cyclic, found);
+    layout_check(found);
+    map_open(map, !cyclic);
+    play_check(text, asked.most_seats, found);
+    progress_end();
+    for (const remark_group& group : groups) {
+        group_put(place.word, group, found, asked.all);
+    }
+    return is_empty(found) ? all_well : failed;
 }
 
 }  // namespace
 
-int check_command(words arguments) {
-    bool cyclic = false;
-    i64 seats = player_limit;
-    option_form seats_form = {"--seats", true, [&](std::string_view value) {
-                                  return number_read(value, seats) && 1 <= seats &&
-                                         seats <= player_limit;
-                              }};
-    if (!options_take(arguments, {flag_form("--cyclic", cyclic), seats_form})) {
-        return not_understood;
-    }
-    i64 family = arguments.empty() ? no_family : family_named(str_from(arguments[0]));
-    if (family == no_family || arguments.size() < 2) {
-        return complain("check", "wants a family and files");
-    }
-    if (!board_frame_begin()) {
-        return not_understood;
+int check_command(const request& asked) {
+    std::vector<map_place> places;
+    if (!board_frame_begin() || !map_places_find(asked, places)) {
+        return failed;
     }
     int worst = all_well;
-    for (std::size_t i = 1; i < arguments.size(); ++i) {
-        worst = std::max(worst, file_check(arguments[i], static_cast<machine_kind_value>(family),
-                                           cyclic && family == state_machine, seats));
+    for (const map_place& place : places) {
+        worst = std::max(worst, place_check(place, asked));
     }
     return worst;
 }

@@ -1,17 +1,16 @@
 #pragma once
 
-// The commands of quorrel_maps. Each takes what stands behind its name and returns the program's
-// exit status. The game is prepared: everything at its start value, the shipped data found.
+// The commands of quorrel_maps. Each does what it is asked for and returns the program's exit
+// status. The game is prepared: everything at its start value, the shipped data found.
 
-#include "tools/arguments.h"
+#include "tools/request.h"
 
-int check_command(words arguments);
-int play_command(words arguments);
-int trace_command(words arguments);
-int explain_command(words arguments);
-int draw_command(words arguments);
-int list_command(words arguments);
-int add_command(words arguments);
-int remove_command(words arguments);
-int export_command(words arguments);
-int import_command(words arguments);
+int check_command(const request& asked);
+int play_command(const request& asked);
+int trace_command(const request& asked);
+int explain_command(const request& asked);
+int draw_command(const request& asked);
+int list_command(const request& asked);
+int remove_command(const request& asked);
+int export_command(const request& asked);
+int import_command(const request& asked);

@@ -46,7 +46,7 @@ int rule_refuse(std::string_view rule, const rule_stop& stop) {
     put(" byte " + std::to_string(stop.position) + ": ");
     put(view_of(stop.reason));
     put("\n");
-    return doubtful;
+    return failed;
 }
 
 int rule_explain(std::string_view rule, const card* played) {
@@ -70,7 +70,7 @@ int rule_explain(std::string_view rule, const card* played) {
     put(&deciding == &whole
             ? "\n"
             : ", decided by " + deciding.text + ": " + rule_sentence(deciding) + "\n");
-    return holds ? all_well : doubtful;
+    return holds ? all_well : failed;
 }
 
 int goal_explain(std::string_view line, bool has_tape) {
@@ -86,31 +86,14 @@ int goal_explain(std::string_view line, bool has_tape) {
     put("the tape counts " + std::to_string(goal_count(g)) + ": ");
     verdict_put(goal_met(g));
     put("\n");
-    return goal_met(g) ? all_well : doubtful;
+    return goal_met(g) ? all_well : failed;
 }
 
 }  // namespace
 
-int explain_command(words arguments) {
-    card played;
-    bool has_card = false, has_tape = false;
-    option_form card_form = {"--card", true, [&](std::string_view value) {
-                                 return has_card = card_read(value, played);
-                             }};
-    option_form top_form = {"--top", true, [](std::string_view value) {
-                                return value.size() == card_field_count &&
-                                       cards_read(value, discard_pile.cards);
-                            }};
-    option_form tape_form = {
-        "--tape", true, [&](std::string_view value) { return has_tape = cards_read(value, tape); }};
-    if (!options_take(arguments, {card_form, top_form, tape_form})) {
-        return not_understood;
+int explain_command(const request& asked) {
+    if (asked.names[0].starts_with("goal ")) {
+        return goal_explain(asked.names[0], asked.has_tape);
     }
-    if (arguments.size() != 1) {
-        return complain("explain", "wants one rule, or one goal's line");
-    }
-    if (arguments[0].starts_with("goal ")) {
-        return goal_explain(arguments[0], has_tape);
-    }
-    return rule_explain(arguments[0], has_card ? &played : nullptr);
+    return rule_explain(asked.names[0], asked.has_card ? &asked.played : nullptr);
 }

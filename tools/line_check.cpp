@@ -134,22 +134,20 @@ bool has_line(str text, str keyword) {
 
 }  // namespace
 
-remarks lines_check(str text, machine_kind_value family) {
-    remarks found;
+void lines_check(str text, machine_kind_value family, remarks& found) {
     u32 family_bit = 1U << family;
     text_cursor cursor = {text.data, text.length, 0};
     for (i64 number = 1; cursor.position < cursor.size; ++number, cursor.position += 1) {
         str line = text_scan_until(cursor, '\n');
         std::string wrong = line_check({line.data, line.length, 0}, family_bit);
         if (!wrong.empty()) {
-            found.push_back("line " + std::to_string(number) + " " + wrong);
+            found.doubtful.push_back("line " + std::to_string(number) + " " + wrong);
         }
     }
     for (const line_form& form : forms) {
         if ((form.needed_by & family_bit) != 0 && !has_line(text, form.keyword)) {
             std::string keyword(form.keyword.begin(), form.keyword.end() - 1);
-            found.push_back("no \"" + keyword + "\" line: that of the map before holds");
+            found.doubtful.push_back("no \"" + keyword + "\" line: that of the map before holds");
         }
     }
-    return found;
 }

@@ -9,4 +9,4 @@
 // Names every line of `text` that a map of the family ignores, that lacks fields or goes on after
 // them, and every setting that the text leaves as it was. Blank lines and lines that start with
 // "#" are meant to be ignored.
-remarks lines_check(str text, machine_kind_value family);
+void lines_check(str text, machine_kind_value family, remarks& found);

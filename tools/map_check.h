@@ -2,13 +2,7 @@
 
 // What is wrong or doubtful in the loaded map, asked of the game's own rules.
 
-#include "base/types.h"
 #include "tools/remarks.h"
-
-// Whether the transition only carries words onto the board: its text has a "%", so that it is no
-// rule, and it lies exactly behind an earlier one. Turing machines have none, for a computer seat
-// may take every transition there.
-bool is_caption(i64 index);
 
 // Names missing states, states that no stone can reach, a transition but a caption that stands
 // behind another one between the same states, a win mode that nobody can meet, and by family:
@@ -16,7 +10,7 @@ bool is_caption(i64 index);
 //     not win;
 //   pushdown machines: rules that do not parse or never match a card of the deck, a start at which
 //     no card can be played, a deck too small for two hands;
-//   turing machines: actions that do nothing, goals that no tape meets or that every tape meets.
+//   turing machines: what `tape_check` finds.
 // With `cyclic` a state machine is meant to have cycles: its nimbers and who moves last do not
 // count. Starts a game without seats, so the piles change and random numbers are drawn.
-remarks map_check(bool cyclic);
+void map_check(bool cyclic, remarks& found);

@@ -4,12 +4,14 @@
 
 #include <algorithm>
 
-#include "tools/arguments.h"
+#include "maps/family.h"
+#include "tools/words.h"
 
 namespace {
 
 constexpr std::string_view code_letters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
+constexpr std::string_view white_space = " \t\r\n";
 constexpr int raw_window = -15;              // the largest, without zlib's own head
 constexpr std::size_t most_inflated = 1032;  // bytes that one deflated byte can become
 
@@ -90,12 +92,14 @@ bool line_take(std::string_view& text, std::string_view& line) {
 std::string map_code(const named_map& map) {
     std::string bytes(view_of(family_names[map.family]));
     bytes += "\n" + map.name + "\n" + map.text;
-    return base64(deflated(bytes));
+    std::string code = bytes.size() > code_bytes_limit ? "" : base64(deflated(bytes));
+    return code.size() > code_length_limit ? "" : code;
 }
 
 bool map_code_read(std::string_view code, named_map& map) {
     std::string deflated_bytes, bytes;
-    std::string_view letters = code.substr(code.rfind('=') + 1);
+    std::string letters(code.substr(code.rfind('=') + 1));
+    std::erase_if(letters, [](char c) { return white_space.find(c) != std::string_view::npos; });
     if (letters.size() > code_length_limit || !base64_read(letters, deflated_bytes) ||
         !inflated(deflated_bytes, bytes)) {
         return false;

@@ -1,7 +1,6 @@
 #include "tools/map_play.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <set>
 
 #include "base/arena.h"
@@ -13,6 +12,8 @@
 #include "rules/rule.h"
 #include "rules/selection.h"
 #include "rules/turns.h"
+#include "tools/progress.h"
+#include "tools/ways_out.h"
 
 namespace {
 
@@ -56,14 +57,24 @@ void selections_add(u16 index, std::vector<selection_record>& selections) {
     }
 }
 
+// The transitions that leave a state with a stone, in their order.
+std::vector<i64> transitions_at_stones(const ways_out& ways) {
+    std::set<i64> found;
+    for (u16 state : stones) {
+        if (state_exists(state)) {
+            found.insert(ways[state].begin(), ways[state].end());
+        }
+    }
+    return {found.begin(), found.end()};
+}
+
 // Every move that a human can select now: only the first transition between two states can be.
-std::vector<selection_record> selections_find() {
+std::vector<selection_record> selections_find(const ways_out& ways) {
     std::vector<selection_record> selections;
     std::set<std::pair<u16, u16>> seen;
-    for (i64 t = 0; t < game_map.transitions.count; ++t) {
+    for (i64 t : transitions_at_stones(ways)) {
         const transition& arc = game_map.transitions[t];
-        if (transition_exists(arc) && seen.insert({arc.from, arc.to}).second &&
-            stone_find(arc.from) != no_index) {
+        if (transition_exists(arc) && seen.insert({arc.from, arc.to}).second) {
             selections_add(static_cast<u16>(t), selections);
         }
     }
@@ -75,8 +86,8 @@ bool human_is_asked() {
 }
 
 // Selects a move for the next update, draws a card or ends the turn; false when none can be done.
-bool human_act() {
-    std::vector<selection_record> selections = selections_find();
+bool human_act(const ways_out& ways) {
+    std::vector<selection_record> selections = selections_find(ways);
     bool may_draw = machine_kind == pushdown_machine && !turn.card_drawn && deck.cards.count > 0;
     if (!selections.empty() && !(may_draw && random_below(draw_instead) == 0)) {
         selection = selections[random_below(selections.size())];
@@ -98,7 +109,7 @@ void tell(const play_listener& listen, play_event_kind kind, i64 seat) {
 
 // Runs one update, counts and tells what it did. A seat that does nothing when it may act cannot
 // move, and nobody after it can.
-update_result update_count(play_record& record, const play_listener& listen) {
+update_result update_count(const ways_out& ways, play_record& record, const play_listener& listen) {
     i64 seat = turn.current_player;
     bool was_moving = turn.move_timer > 0;
     bool was_thinking = turn.think_timer > 0;
@@ -110,7 +121,7 @@ update_result update_count(play_record& record, const play_listener& listen) {
         return turn.move_timer <= 0 ? turn_ended : turn_goes_on;
     }
     bool asked = human_is_asked();
-    if (asked && !human_act()) {
+    if (asked && !human_act(ways)) {
         return game_stuck;
     }
     bool moving = turn.move_timer > 0;
@@ -130,13 +141,14 @@ update_result update_count(play_record& record, const play_listener& listen) {
     return passed_at_once ? turn_ended : turn_goes_on;
 }
 
-void game_play(play_record& record, const play_listener& listen) {
+void game_play(const ways_out& ways, i64 most_turns, play_record& record,
+               const play_listener& listen) {
     game_start();
     tell(listen, play_deal, turn.current_player);
     i64 turns = 0;
     update_result result = turn_goes_on;
-    while (turn.winner == no_winner && result != game_stuck && turns < turn_limit) {
-        result = update_count(record, listen);
+    while (turn.winner == no_winner && result != game_stuck && turns < most_turns) {
+        result = update_count(ways, record, listen);
         turns += result == turn_ended ? 1 : 0;
     }
     record.turns.push_back(turns);
@@ -151,30 +163,19 @@ void game_play(play_record& record, const play_listener& listen) {
     }
 }
 
-void progress_show(i64 done, i64 games) {
-    if (done % 64 == 0 || done == games) {
-        std::fprintf(stderr, "\r%lld of %lld games%s", static_cast<long long>(done),
-                     static_cast<long long>(games), done == games ? "\r\033[K" : "");
-    }
-}
-
 }  // namespace
 
-play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, bool progress,
+play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, i64 most_turns,
                      const play_listener& listen) {
     play_record record = {std::vector<i64>(seats.size()), {}, 0, 0, 0, 0, 0, 0};
     const stone_places places(stones.begin(), stones.end());
+    const ways_out ways = ways_out_find();
     seats_make(seats);
     random_seed(seed);
     for (i64 game = 0; game < games; ++game) {
-        if (progress) {
-            progress_show(game, games);
-        }
+        progress_show("games", game, games);
         stones_put_back(places);
-        game_play(record, listen);
-    }
-    if (progress) {
-        progress_show(games, games);
+        game_play(ways, most_turns, record, listen);
     }
     return record;
 }

@@ -4,18 +4,21 @@
 // chance.
 
 #include <functional>
+#include <string_view>
 #include <vector>
 
 #include "base/types.h"
 #include "rules/game_state.h"
 
-// A game that has no winner after so many turns is given up, and so is one in which no stone of a
-// state machine can be moved any more.
+// A game that has no winner after so many turns is given up unless another number is asked for, and
+// so is one in which no stone of a state machine can be moved any more.
 inline constexpr i64 turn_limit = 2'000;
 
 // A seat is a computer of a strength or a human, who makes any of the moves that the board offers a
 // human, draws a card instead now and then, and ends the turn when nothing else is left.
 inline constexpr i64 human_seat = strength_count;
+inline constexpr std::string_view seat_names[] = {"easy", "normal", "hard", "human"};
+static_assert(std::size(seat_names) == human_seat + 1);
 
 struct play_record {
     std::vector<i64> wins;   // by seat
@@ -39,10 +42,10 @@ struct play_event {
 
 using play_listener = std::function<void(const play_event&)>;
 
-// Plays `games` games with one seat for each of `seats`, a strength or `human_seat`, dealt from
-// `seed`. With `progress` it shows on the terminal how far it is; `listen` is told what happens.
+// Plays `games` games of up to `most_turns` with one seat for each of `seats`, a strength or
+// `human_seat`, dealt from `seed`; `listen` is told what happens.
 play_record map_play(
-    const std::vector<i64>& seats, i64 games, u64 seed, bool progress,
+    const std::vector<i64>& seats, i64 games, u64 seed, i64 most_turns = turn_limit,
     const play_listener& listen = [](const play_event&) {});
 
 // The middle value, the lower one of two; 0 of none.

@@ -11,6 +11,7 @@
 #include "render/renderer.h"
 #include "rules/selection.h"
 #include "tools/board_frame.h"
+#include "tools/progress.h"
 
 namespace {
 
@@ -179,10 +180,12 @@ void stones_put(svg_drawing& svg) {
 }
 
 void transitions_put(svg_drawing& svg) {
-    for (const transition& arc : game_map.transitions) {
+    for (i64 t = 0; t < game_map.transitions.count; ++t) {
+        const transition& arc = game_map.transitions[t];
         if (transition_exists(arc)) {
             draws_put(svg, draws_of([&] { transition_draw(on_board, arc, colour_white); }));
         }
+        progress_show("transitions", t, game_map.transitions.count);
     }
 }
 

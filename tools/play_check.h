@@ -11,4 +11,4 @@
 // map that the first turn of a hard seat wins in more than a few percent of games. A pushdown map
 // that names no tape is played with one that a turing machine has left. Of a map for one seat it
 // finds nothing. `text` is the loaded map's. Draws random numbers.
-remarks play_check(str text, i64 seats);
+void play_check(str text, i64 seats, remarks& found);

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <limits>
 
 #include "base/arena.h"
+#include "base/tidings.h"
 #include "platform/file.h"
 #include "platform/headless/headless.h"
 #include "platform/standard_streams.h"
@@ -15,60 +17,83 @@
 
 namespace {
 
+constexpr std::size_t many = std::numeric_limits<std::size_t>::max();
+
 struct command_form {
     std::string_view name;
-    int (*run)(words arguments);
+    int (*run)(const request& asked);
+    const char* options;  // their codes
+    std::size_t least;    // words beside the options
+    std::size_t most;
     const char* synopsis;
     const char* help;
 };
 
 // clang-format off
 constexpr command_form commands[] = {
-    {"check", check_command, "FAMILY [--cyclic] [--seats N] FILE...",
-     "Name, one line each, what is wrong or doubtful in the maps; nothing of a good one.\n"
-     "--cyclic: state machines are meant to have cycles. --seats: for at most N seats (6)."},
-    {"play", play_command, "FAMILY FILE --seats SEAT,... [--games N] [--seed S]",
+    {"check", check_command, "afdcm", 1, many,
+     "[FAMILY] MAP... [--cyclic] [--seats N] [--all]",
+     "Name what is wrong or doubtful in the maps, what breaks play first; nothing of a good one.\n"
+     "--cyclic: state machines are meant to have cycles. --seats: for at most N seats (6).\n"
+     "--all: every label and all lines, of which otherwise 20 of a kind are shown."},
+    {"play", play_command, "fdsgr", 1, 1,
+     "[FAMILY] MAP [--seats SEAT,...] [--games N] [--seed S]",
      "Play N games (100) dealt from seed S (1). SEAT is easy, normal, hard or human, for 1 to 6\n"
-     "seats; a human plays by chance what the board offers. A game is given up after 2000\n"
-     "turns and when nobody can go on."},
-    {"trace", trace_command, "FILE --seats SEAT,... [--seed S] [--family FAMILY]",
+     "seats (hard,hard); a human plays by chance what the board offers. A game is given up after\n"
+     "2000 turns and when nobody can go on."},
+    {"trace", trace_command, "fdsr", 1, 1,
+     "[FAMILY] MAP [--seats SEAT,...] [--seed S]",
      "Write one such game move by move."},
-    {"explain", explain_command, "RULE [--card Aa1] [--top Bb2]",
+    {"explain", explain_command, "ptT", 1, 1,
+     "RULE|GOAL [--card Aa1] [--top Bb2] [--tape Aa1,Bb2,...]",
      "Say what a rule asks; with a card, whether it may be played on the top card (without one:\n"
-     "on the empty pile) and which part decides."},
-    {"explain", explain_command, "\"goal 0 0 7\" [--tape Aa1,Bb2,...]",
-     "Say what a goal asks, as its line in a map tells it; with a tape, whether it is met."},
-    {"draw", draw_command, "FILE [-o FILE] [--numbers] [--family FAMILY]",
+     "on the empty pile) and which part decides. Or say what a goal asks, as its line in a map,\n"
+     "such as \"goal 0 0 7\", tells it; with a tape, whether it is met."},
+    {"draw", draw_command, "fdon", 1, 1,
+     "[FAMILY] MAP [-o FILE] [--numbers]",
      "Draw the board for a worksheet, as SVG. --numbers: with the states' numbers."},
-    {"list", list_command, "[FAMILY] [--all]",
+    {"list", list_command, "fda", 0, 0,
+     "[FAMILY] [--all]",
      "List your own maps. --all: those of the game too."},
-    {"add", add_command, "FILE... [--family FAMILY]",
-     "Take map files into your maps."},
-    {"remove", remove_command, "NAME [--family FAMILY]",
-     "Take a map off your list; its file goes into kept/."},
-    {"export", export_command, "NAME|FILE [-o FILE] [--family FAMILY]",
+    {"import", import_command, "fd", 1, many,
+     "CODE|FILE...",
+     "Take maps into yours: from files, codes and links that end in one, also from mails."},
+    {"add", import_command, "fd", 1, many,
+     "FILE...",
+     "The same."},
+    {"export", export_command, "fdo", 1, 1,
+     "[FAMILY] MAP [-o FILE]",
      "Write a map as a code of one line, for chat and mail. -o: as a file."},
-    {"import", import_command, "CODE|FILE...",
-     "Take maps from such codes, links that end in one, or files."},
+    {"remove", remove_command, "fd", 1, 1,
+     "[FAMILY] NAME",
+     "Take a map off your list; its file goes into kept/."},
 };
 // clang-format on
 
-void help_put() {
-    std::puts("usage: quorrel_maps COMMAND ...\n");
-    for (const command_form& form : commands) {
-        std::printf("  %s %s\n", form.name.data(), form.synopsis);
-        std::string_view help = form.help;
-        while (!help.empty()) {
-            std::string_view line = help.substr(0, help.find('\n'));
-            std::printf("        %.*s\n", static_cast<int>(line.size()), line.data());
-            help.remove_prefix(std::min(help.size(), line.size() + 1));
-        }
+void command_help_put(const command_form& form) {
+    std::printf("  %s %s\n", form.name.data(), form.synopsis);
+    std::string_view help = form.help;
+    while (!help.empty()) {
+        std::string_view line = help.substr(0, help.find('\n'));
+        std::printf("        %.*s\n", static_cast<int>(line.size()), line.data());
+        help.remove_prefix(std::min(help.size(), line.size() + 1));
     }
+}
+
+int help_put() {
+    std::puts("usage: quorrel_maps COMMAND ...\n");
+    std::for_each(std::begin(commands), std::end(commands), command_help_put);
     std::puts(
-        "\nFAMILY is state, pushdown or turing; --family is needed where a file does not tell.\n"
-        "Your maps are those of the game; --directory DIR names another directory than usual.\n"
-        "The exit status is 0 when all is well, 1 when a map is doubtful, a game was given up or\n"
-        "an answer is no, and 2 when the arguments or a file cannot be read.");
+        "\nMAP is a file, the name of one of your maps, which are those of the game, or a code;\n"
+        "--directory DIR names another directory of yours than usual. FAMILY is state, pushdown "
+        "or\n"
+        "turing, also as --family FAMILY: it is needed where a file does not tell its own and "
+        "where\n"
+        "several families have a map of that name.\n"
+        "\n"
+        "The exit status is 0 when all is well, 2 for a wrong command line, and 1 when something\n"
+        "could not be done, a map is doubtful, a game was given up or an answer is no.");
+    return all_well;
 }
 
 // Everything at its start value, and the game as it stands before its first frame.
@@ -83,26 +108,65 @@ void game_prepare() {
     random_seed(1);  // the same answer to the same question
 }
 
-int command_run(const words& arguments) {
-    if (arguments.empty()) {
-        return complain("no command", "see quorrel_maps --help");
+// A family may stand before the words that the command needs.
+void family_take(request& asked, std::size_t least) {
+    i64 family = asked.names.size() > least ? family_named(str_from(asked.names[0])) : no_family;
+    if (family != no_family) {
+        asked.family = family;
+        asked.names.erase(asked.names.begin());
     }
-    if (arguments[0] == "--help") {
-        help_put();
+}
+
+// Runs the command with the arguments from its name on.
+int command_run(const command_form& form, int argument_count, char** arguments) {
+    game_prepare();
+    request asked;
+    int status = request_read(form.options, argument_count, arguments, asked);
+    if (status == request_for_help) {
+        command_help_put(form);
         return all_well;
     }
-    for (const command_form& form : commands) {
-        if (form.name == arguments[0]) {
-            game_prepare();
-            return form.run({arguments.begin() + 1, arguments.end()});
-        }
+    if (status != request_is_read) {
+        return status;
     }
-    return complain(arguments[0], "no such command; see quorrel_maps --help");
+    family_take(asked, form.least);
+    if (asked.names.size() < form.least || asked.names.size() > form.most) {
+        return complain("usage",
+                        std::string("quorrel_maps ") + form.name.data() + " " + form.synopsis,
+                        wrong_use);
+    }
+    status = form.run(asked);
+    bool has_failed = tidings.is_new && tidings.kind == tiding_failure;
+    return has_failed
+               ? complain(form.name, {tidings.text, static_cast<std::size_t>(tidings.length)})
+               : status;
+}
+
+int command_find_and_run(int argument_count, char** arguments) {
+    if (argument_count < 2) {
+        return complain("no command", "see quorrel_maps --help", wrong_use);
+    }
+    std::string_view name = arguments[1];
+    if (name == "--help" || name == "-h") {
+        return help_put();
+    }
+    if (name == "--version") {
+        std::puts("quorrel_maps " QUORREL_VERSION);
+        return all_well;
+    }
+    auto form = std::ranges::find(commands, name, &command_form::name);
+    return form == std::end(commands)
+               ? complain(name, "no such command; see quorrel_maps --help", wrong_use)
+               : command_run(*form, argument_count - 1, arguments + 1);
 }
 
 }  // namespace
 
 int main(int argument_count, char** arguments) {
     standard_streams_open();
-    return command_run({arguments + 1, arguments + argument_count});
+    int status = command_find_and_run(argument_count, arguments);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        return complain("standard output", "cannot be written");
+    }
+    return status;
 }

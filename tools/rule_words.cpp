@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "rules/rule.h"
-#include "tools/arguments.h"
 #include "tools/card_words.h"
+#include "tools/words.h"
 
 namespace {
 
@@ -83,17 +83,32 @@ enum rule_subject { of_played, of_top, of_both, of_each };
 constexpr const char* subject_names[] = {"the card", "the top card", "the card and the top card",
                                          "it"};
 
-std::string sentence(const rule_part& part, rule_subject subject);
+// A sentence is open when words behind it could be read as part of it.
+struct rule_sentence_text {
+    std::string text;
+    bool is_open = false;
+};
 
-std::string chain_sentence(const rule_part& part, rule_subject subject) {
+rule_sentence_text sentence(const rule_part& part, rule_subject subject, bool negated = false);
+
+std::string delimited(const rule_sentence_text& said) {
+    return said.is_open ? "(" + said.text + ")" : said.text;
+}
+
+rule_sentence_text negation(const rule_sentence_text& said) {
+    return {"it is not so that (" + said.text + ")"};
+}
+
+rule_sentence_text chain_sentence(const rule_part& part, rule_subject subject) {
     const char* between = part.kind == '&' ? " and " : " or ";
     std::string joined;
     for (const rule_part& item : part.parts) {
-        std::string words = sentence(item, subject);
-        bool nested = is_chain_operator(item.kind) && item.kind != part.kind;
-        joined += (joined.empty() ? "" : between) + (nested ? "(" + words + ")" : words);
+        const rule_sentence_text said = sentence(item, subject);
+        bool reads_on = item.kind == part.kind && part.kind != '^';
+        joined += joined.empty() ? "" : between;
+        joined += reads_on ? said.text : delimited(said);
     }
-    return part.kind == '^' ? "either " + joined + ", but not both" : joined;
+    return {part.kind == '^' ? "either " + joined + ", but not both" : joined, true};
 }
 
 std::string primary_sentence(char symbol, rule_subject subject, bool negated) {
@@ -107,27 +122,30 @@ std::string primary_sentence(char symbol, rule_subject subject, bool negated) {
     return std::string(subject_names[subject]) + " " + is;
 }
 
-std::string sentence(const rule_part& part, rule_subject subject) {
-    if (is_chain_operator(part.kind)) {
-        return subject == of_both
-                   ? "for the card and the top card alike: " + chain_sentence(part, of_each)
-                   : chain_sentence(part, subject);
-    }
-    if (!is_list_operator(part.kind)) {
-        return primary_sentence(part.kind, subject, false);
-    }
-    const rule_part& inner = part.parts[0];
+// What is said of both cards, each for itself.
+rule_sentence_text alike(const rule_part& part) {
+    return {"for the card and the top card alike: " + sentence(part, of_each).text, true};
+}
+
+rule_sentence_text sentence(const rule_part& part, rule_subject subject, bool negated) {
     if (part.kind == 'T') {
-        return sentence(inner, of_top);
+        return sentence(part.parts[0], of_top, negated);
     }
     if (part.kind == '~') {
-        return sentence(inner, of_both);
+        const rule_sentence_text said = sentence(part.parts[0], of_both);
+        return negated ? negation(said) : said;
     }
-    if (subject == of_both) {
-        return "for the card and the top card alike: " + sentence(part, of_each);
+    if (subject == of_both && !part.parts.empty()) {
+        return alike(part);
     }
-    return inner.parts.empty() ? primary_sentence(inner.kind, subject, true)
-                               : "it is not so that " + sentence(inner, subject);
+    if (part.kind == '!') {
+        return sentence(part.parts[0], subject, !negated);
+    }
+    if (is_chain_operator(part.kind)) {
+        const rule_sentence_text said = chain_sentence(part, subject);
+        return negated ? negation(said) : said;
+    }
+    return {primary_sentence(part.kind, subject, negated)};
 }
 
 }  // namespace
@@ -141,7 +159,7 @@ rule_part rule_parts_read(std::string_view rule) {
 }
 
 std::string rule_sentence(const rule_part& part) {
-    return sentence(part, of_played);
+    return sentence(part, of_played).text;
 }
 
 bool rule_part_holds(const rule_part& part, card played) {

@@ -69,6 +69,15 @@ bool shapes_overlap(const shape& a, const shape& b) {
     return !side_separates(a, b) && !side_separates(b, a);
 }
 
+bool any_overlaps(const shape& s, const std::vector<shape>& others) {
+    return std::ranges::any_of(others,
+                               [&](const shape& other) { return shapes_overlap(s, other); });
+}
+
+bool any_overlaps(const std::vector<shape>& shapes, const std::vector<shape>& others) {
+    return std::ranges::any_of(shapes, [&](const shape& s) { return any_overlaps(s, others); });
+}
+
 bool rectangle_holds(const shape& outer, const shape& inner) {
     return std::all_of(inner.begin(), inner.end(), [&](point p) {
         return outer[0].x <= p.x && p.x <= outer[2].x && outer[0].y <= p.y && p.y <= outer[2].y;

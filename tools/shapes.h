@@ -25,6 +25,9 @@ shape bounds_of(const std::vector<shape>& shapes);
 // interference detection" (1996), the separating axis test.
 bool shapes_overlap(const shape& a, const shape& b);
 
+bool any_overlaps(const shape& s, const std::vector<shape>& others);
+bool any_overlaps(const std::vector<shape>& shapes, const std::vector<shape>& others);
+
 // Whether all corners of `inner` lie in `outer`, an upright rectangle.
 bool rectangle_holds(const shape& outer, const shape& inner);
 
