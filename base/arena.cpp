@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 arena arenas[arena_count];
 
@@ -41,6 +42,7 @@ i64 block_start(arena_id id, i64 size) {
 }  // namespace
 
 void arenas_create() {
+    std::set_new_handler(stop_exhausted);
     arena_create(arenas[arena_persistent], persistent_arena_capacity);
     arena_create(arenas[arena_frame], frame_arena_capacity);
 }

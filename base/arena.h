@@ -27,7 +27,7 @@ struct arena {
 
 extern arena arenas[arena_count];
 
-// Takes both arenas' memory from the system. Called once, before anything is allocated.
+// Takes both arenas' memory, once and first; what a library cannot get from then on stops alike.
 void arenas_create();
 // Gives both arenas' memory back; every block is gone.
 void arenas_free();

@@ -13,6 +13,6 @@ void folder_trim(str folder, i64 count);
 
 // Waits until no other program has the folder locked, and locks it; one that is missing is made
 // first. Only one can be locked at a time. A program that stands still with the lock is not waited
-// for longer than two seconds, and where locks cannot be had nothing is locked.
+// for longer than five seconds, and where locks cannot be had nothing is locked.
 void folder_lock(str folder);
 void folder_unlock();

@@ -21,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::chrono::milliseconds lock_pause(10);
-constexpr int lock_attempts = 200;
+constexpr int lock_attempts = 500;
 
 int lock_descriptor = -1;
 

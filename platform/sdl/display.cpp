@@ -1,12 +1,15 @@
 #include "platform/display.h"
 
 #include <SDL.h>
+#include <sys/mman.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "base/message.h"
@@ -24,6 +27,11 @@ namespace {
 
 constexpr int gl_major = 3;
 constexpr int gl_minor = 3;
+// What a software renderer takes of the address space, and for each of its threads; others take
+// less.
+constexpr std::size_t driver_addresses = std::size_t{256} << 20;  // bytes
+constexpr std::size_t thread_addresses = std::size_t{160} << 20;  // bytes
+constexpr std::size_t driver_threads_most = 32;
 constexpr Uint32 window_flags = SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI;
 
 SDL_GLContext context;
@@ -38,6 +46,14 @@ std::string game_title;
         {"failed to open the display: ", {reason, static_cast<i64>(std::strlen(reason))}, "\n"});
     system_release();
     std::exit(EXIT_FAILURE);
+}
+
+// Whether "ulimit -v" leaves what drivers take: without it they crash instead of failing.
+bool address_space_suffices() {
+    std::size_t threads = std::thread::hardware_concurrency();
+    std::size_t size = driver_addresses + std::min(threads, driver_threads_most) * thread_addresses;
+    void* room = mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    return room != MAP_FAILED && munmap(room, size) == 0;
 }
 
 // Without a display SDL falls back to a driver that draws where nobody can see it.
@@ -58,6 +74,9 @@ void hints_set() {
 }
 
 void video_start() {
+    if (!address_space_suffices()) {
+        open_failed("the address space is limited too much (ulimit -v)");
+    }
     hints_set();
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         open_failed(SDL_GetError());

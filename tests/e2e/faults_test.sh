@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Every system call of a save and of a deletion failed and killed in turn, on the real program: the
-# map's file and the list stay whole, and what goes is kept. QUORREL_FAULTS=all tries every call, else
-# a few are tried.
+# Every system call of a save, of a deletion and of a map that is taken in failed and killed in turn,
+# on the real programs: the map's file and the list stay whole, and what goes is kept. QUORREL_FAULTS=all
+# tries every call, else a few are tried.
 
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 source tests/e2e/screens.sh
@@ -13,6 +13,8 @@ calls+=,utimensat,linkat,rename,unlink,close
 player="$work/player"
 folder="$player/custom_pushdown_machines"
 list="$player/resources/pushdown_maps.txt"
+tool="$(dirname "$program")/quorrel_maps"
+home="$work/home" # a player's directory that is made anew for every act of two programs
 
 # Starts the game on its editor.
 editor_start() {
@@ -152,8 +154,72 @@ faults_try() {
     say "$tried faults injected, nothing lost"
 }
 
+# Two programs of one player start for the first time and take in different maps of the same name,
+# the first program under strace with these options.
+import_try() {
+    rm -rf "$home"
+    ASAN_OPTIONS=detect_leaks=0 strace -qq -o "$work/trace" -e trace="$calls" "$@" \
+        "$tool" add --family turing --directory "$home" "$work/one/twin" &>/dev/null &
+    local first=$!
+    "$tool" add --family turing --directory "$home" "$work/two/twin" >/dev/null
+    status=0
+    wait "$first" 2>/dev/null || status=$?
+    import_check
+}
+
+# The list has what ships and the map of the second program, which had no fault; that of the first,
+# if it said so. No map is torn.
+import_check() {
+    local file
+    grep -v custom_turing_machines "$home/resources/turing_maps.txt" |
+        cmp -s - resources/turing_maps.txt || fail "the list is torn after: $fault"
+    import_has two || fail "the map of the other program is lost after: $fault"
+    [ "$status" -ne 0 ] || import_has one || fail "the map is lost after: $fault"
+    for file in "$home"/custom_turing_machines/*; do
+        cmp -s "$file" "$work/one/twin" || cmp -s "$file" "$work/two/twin" ||
+            fail "$file is torn after: $fault"
+    done
+}
+
+# Whether the list names a file that holds this one of the two maps.
+import_has() {
+    local name path
+    while read -r name path; do
+        ! cmp -s "$work/$1/twin" "$home/$path" || return 0
+    done <"$home/resources/turing_maps.txt"
+    return 1
+}
+
+# The first program waits before it puts its list in place, and then its map; after that each of its
+# calls fails and kills it, but for those that lock.
+imports_try() {
+    local name when number call nth faults effect
+    say "two first starts that take in maps of one name"
+    for name in one two; do
+        mkdir "$work/$name"
+        printf '# %s\ntape 4\n. 0 0\n' "$name" >"$work/$name/twin"
+    done
+    for when in 5 7; do
+        fault="rename $when delayed"
+        import_try -e inject=rename:delay_enter=500000:when="$when"
+    done
+    mapfile -t faults < <(awk -F'(' -v home="$home" '
+        index($0, home) { begun = 1 }
+        { nth[$1] += 1 }
+        begun && /^[a-z]/ && !/quorrel_lock|^flock/ { print $1, nth[$1] }' "$work/trace")
+    say "${#faults[@]} calls"
+    for ((number = 0; number < ${#faults[@]}; number += stride)); do
+        read -r call nth <<<"${faults[number]}"
+        for effect in error=ENOSPC signal=KILL; do
+            fault="$call $nth, $effect"
+            import_try -e "inject=$call:$effect:when=$nth"
+        done
+    done
+}
+
 display_start
 packages_install strace
+imports_try
 player_make
 mkdir "$player/maps"
 printf 'map 0 0 128\nhand 2\n. 0 0\n' >"$player/maps/base"

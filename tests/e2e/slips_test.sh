@@ -155,6 +155,22 @@ for ending in TERM HUP QUIT window; do
     wait_until title_is_shown
 done
 
+say "no standard streams"
+kill "$game"
+game_ends_with 0
+printf '#!/bin/sh\nexec "%s" <&- >&- 2>&-\n' "$program" >"$work/without_streams"
+chmod +x "$work/without_streams"
+program="$work/without_streams" game_start 1024x832
+wait_until title_is_shown
+edit_new
+save e
+leave
+grep -qx "$state" "$folder/e" || fail "e was not saved"
+kill "$game"
+game_ends_with 0
+game_start 1024x832
+wait_until title_is_shown
+
 say "two games at once"
 edit_new
 first=$game
@@ -173,7 +189,7 @@ DISPLAY=$first_display window=$first_window save d
 for name in b c d; do
     grep -qx "$name custom_pushdown_machines/$name" "$list" || fail "$name is not on the list"
 done
-wait_until list_has 170005
+wait_until list_has 170006
 kill "$first" "$game"
 game_ends_with 0
 game=$first game_ends_with 0
