@@ -8,6 +8,7 @@ build_packages=(g++ cmake ninja-build pkg-config libsdl2-dev libepoxy-dev libx11
 # To drive the program on virtual displays, with window managers of both kinds and on Wayland.
 window_packages=(xvfb xdotool x11-utils x11-xkb-utils x11-xserver-utils
     imagemagick openbox dwm weston)
+apt_patience=120 # seconds
 
 say() {
     echo "== $*"
@@ -36,6 +37,20 @@ packages_missing() {
             sed -n 's/^installed //p' | sort)
 }
 
+# Runs apt-get, which waits for another one to end.
+apt_get() {
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout="$apt_patience" "$@"
+}
+
+# Brings apt's lists up to date. Their lock is the one that apt itself does not wait for.
+apt_update() {
+    local said end=$((SECONDS + apt_patience))
+    until said=$(apt_get update 2>&1); do
+        [[ $said = */lists/lock* && $SECONDS -lt $end ]] || fail "$said"
+        sleep 1
+    done
+}
+
 # Installs those of the given Debian packages that are missing.
 packages_install() {
     if ! command -v apt-get >/dev/null; then
@@ -48,9 +63,8 @@ packages_install() {
         return
     fi
     say "installing ${missing[*]}"
-    as_root apt-get update -q
-    as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -q -y --no-install-recommends "${missing[@]}"
+    apt_update
+    apt_get install -y --no-install-recommends "${missing[@]}"
 }
 
 # Configures and builds a preset of CMakePresets.json.
