@@ -27,7 +27,8 @@ bool own_list_read(catalogue& list, str path) {
 }
 
 bool list_update(str path, const catalogue& before, const catalogue& now) {
-    return std::ranges::equal(before, now) || catalogue_replace(path, now);
+    bool same = std::equal(before.begin(), before.end(), now.begin(), now.end());
+    return same || catalogue_replace(path, now);
 }
 
 // Brings one catalogue up to the one that ships. While one of the three cannot be read it stays as

@@ -17,6 +17,7 @@
 #include "maps/reader.h"
 #include "maps/writer.h"
 #include "platform/common/pacing.h"
+#include "platform/display.h"
 #include "platform/file.h"
 #include "platform/gl/frame.h"
 #include "platform/web/canvas.h"
@@ -25,6 +26,7 @@
 #include "program/player_files.h"
 #include "render/renderer.h"
 #include "rules/screens.h"
+#include "web/screen.h"
 
 namespace {
 
@@ -45,16 +47,30 @@ i32 steps_due(f64 now) {
     return steps;
 }
 
+// The picture takes the size that the page has room for.
+void picture_follow() {
+    i32 width = 0;
+    i32 height = 0;
+    display_get_info(width, height);
+    if (width != render_target.width || height != render_target.height) {
+        render_target.width = width;
+        render_target.height = height;
+        render_target_rebuild();
+    }
+}
+
 // Plays the steps that are due; only the last one's picture is shown.
 EM_BOOL frame(f64 now, void*) {
     for (i32 steps = context_lost ? 0 : steps_due(now); steps > 0; --steps) {
         frame_hold(steps > 1);
+        picture_follow();
         if (!program_frame()) {
             program_end();
             EM_ASM(page_ended());
             return EM_FALSE;
         }
     }
+    screen_tell();
     return EM_TRUE;
 }
 

@@ -3,7 +3,7 @@
 // Keeps the page's files, so that the game also starts without a network. With one, the files come
 // from the server, which may have newer ones.
 
-const files = ["./", "page.css", "store.js", "link.js", "page.js", "quorrel.js", "quorrel.wasm",
+const files = ["./", "page.css", "touch.css", "touch.js", "keys.js", "typing.js", "store.js", "link.js", "page.js", "quorrel.js", "quorrel.wasm",
     "quorrel.data", "icon.svg", "rules.html", "map-format.html"];
 
 async function file_answer(request) {

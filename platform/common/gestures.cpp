@@ -23,6 +23,7 @@ std::vector<finger> fingers;
 gesture current;
 finger first;    // as it came down
 i64 first_time;  // milliseconds
+bool waited;     // since it came down
 
 // What one or two fingers hold: their middle, and how far they are apart.
 struct grip {
@@ -47,6 +48,7 @@ void down(const finger_event& event) {
         current = gesture::resting;
         first = fingers.front();
         first_time = event.time;
+        waited = false;
     } else if (fingers.size() == 2 && current == gesture::resting) {
         drag_begin();
     } else if (fingers.size() > 2) {
@@ -88,10 +90,17 @@ void cancelled(i64 id) {
     gone(id);
 }
 
+void long_press_find(i64 time) {
+    if (current == gesture::resting && time - first_time >= long_press) {
+        current = gesture::spoilt;
+        input_feed_tap(mouse_right, first.x, first.y);
+    }
+}
+
 }  // namespace
 
 void gestures_feed(const finger_event& event, f64 stray) {
-    gestures_wait(event.time);
+    long_press_find(event.time);
     auto found = std::find_if(fingers.begin(), fingers.end(),
                               [&](const finger& one) { return one.id == event.finger; });
     if (event.phase == finger_down) {
@@ -111,10 +120,10 @@ void gestures_feed(const finger_event& event, f64 stray) {
 }
 
 void gestures_wait(i64 time) {
-    if (current == gesture::resting && time - first_time >= long_press) {
-        current = gesture::spoilt;
-        input_feed_tap(mouse_right, first.x, first.y);
+    if (waited) {
+        long_press_find(time);
     }
+    waited = true;
 }
 
 void gestures_end() {

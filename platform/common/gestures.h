@@ -29,7 +29,8 @@ inline constexpr f64 finger_stray = 12;
 // A finger does something. One that is not down can only come down; what is told of it otherwise is
 // ignored. `stray` is how many pixels of the picture a resting finger may move.
 void gestures_feed(const finger_event& event, f64 stray);
-// Nothing else was fed until this time.
+// Nothing else was heard until this time. What came down since the call before may have gone up by
+// then: on a slow machine its lifting is still on its way.
 void gestures_wait(i64 time);
 // The fingers are somebody else's now.
 void gestures_end();

@@ -7,8 +7,8 @@ view_record view;
 
 namespace {
 
-constexpr i32 fullscreen_width_min = 1024;
-constexpr i32 fullscreen_height_min = 832;
+constexpr i32 width_min = 1024;
+constexpr i32 height_min = 832;
 constexpr i32 fullscreen_height_max = 1080;
 
 view_size at_least_one(view_size size) {
@@ -53,7 +53,14 @@ view_size view_fitted(view_size proportions, view_size room) {
 
 view_size view_fullscreen(view_size display) {
     display = at_least_one(display);
-    i32 height = std::clamp(display.height, fullscreen_height_min, fullscreen_height_max);
-    return scaled(display, std::max(ratio(height, display.height),
-                                    ratio(fullscreen_width_min, display.width)));
+    i32 height = std::clamp(display.height, height_min, fullscreen_height_max);
+    return scaled(display,
+                  std::max(ratio(height, display.height), ratio(width_min, display.width)));
+}
+
+view_size view_filled(view_size room) {
+    room = at_least_one(room);
+    f64 factor = std::max(ratio(width_min, room.width), ratio(height_min, room.height));
+    return {static_cast<i32>(std::lround(std::min(room.width * factor, 3.0 * width_min))),
+            static_cast<i32>(std::lround(std::min(room.height * factor, 3.0 * height_min)))};
 }

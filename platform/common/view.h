@@ -36,6 +36,9 @@ void view_point(f64& x, f64& y);
 
 // The largest size of the given proportions that fits, at least one pixel.
 view_size view_fitted(view_size proportions, view_size room);
+// The logical size that fills a room with things as large as they can be: of its proportions, as
+// near to 1024 by 832 as it can be where all of that is seen, but not three times as wide or high.
+view_size view_filled(view_size room);
 // The logical size for a whole display: its proportions, at least 1024 by 832; displays of up to
 // 1080 lines are drawn pixel for pixel where that is enough, larger ones as if they had 1080.
 view_size view_fullscreen(view_size display);

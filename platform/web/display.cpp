@@ -14,14 +14,16 @@
 
 // clang-format off
 EM_JS(void, page_fullscreen_set, (bool wanted), { page_fullscreen(wanted !== 0); });
+EM_JS(bool, page_is_touched, (), { return page_touched(); });
 EM_JS(void, page_tell, (const char* line, int length), { page_told(UTF8ToString(line, length)); });
 // clang-format on
 
 namespace {
 
 EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context;
-view_size windowed_size;  // of the game's picture outside fullscreen
-view_size logical_size;   // of the game's picture now
+view_size windowed_size;    // of the game's picture where nothing else is wanted
+view_size fullscreen_size;  // the same, on a whole screen
+bool is_fullscreen;
 
 EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context_create() {
     EmscriptenWebGLContextAttributes attributes;
@@ -49,10 +51,17 @@ view_size screen_size() {
     return {pixels_of(width), pixels_of(height)};
 }
 
+// What the game's picture shall have in a canvas of so many pixels.
+view_size logical_size(view_size canvas) {
+    return page_is_touched() ? view_filled(canvas)
+           : is_fullscreen   ? fullscreen_size
+                             : windowed_size;
+}
+
 }  // namespace
 
 void display_open(i32 width, i32 height, str, u32, u32) {
-    windowed_size = logical_size = {width, height};
+    windowed_size = {width, height};
     context = context_create();
     if (context <= 0 || emscripten_webgl_make_context_current(context) < 0) {
         message_write({"failed to open the display: no WebGL 2\n"});
@@ -77,7 +86,7 @@ void canvas_fit() {
     f64 height = 0;
     emscripten_get_element_css_size(canvas_selector, &width, &height);
     view_size size = {pixels_of(width), pixels_of(height)};
-    if (view_set(logical_size, size)) {
+    if (view_set(logical_size(size), size)) {
         emscripten_set_canvas_element_size(canvas_selector, view.window.width, view.window.height);
         frame_ask();
     }
@@ -89,14 +98,15 @@ bool display_is_closed() {
 }
 
 void display_set_fullscreen(bool fullscreen) {
-    logical_size = fullscreen ? view_fullscreen(screen_size()) : windowed_size;
+    is_fullscreen = fullscreen;
+    fullscreen_size = view_fullscreen(screen_size());
     page_fullscreen_set(fullscreen);
     canvas_fit();
 }
 
 void display_get_info(i32& width, i32& height) {
-    width = logical_size.width;
-    height = logical_size.height;
+    width = view.logical.width;
+    height = view.logical.height;
 }
 
 void display_tell(str line) {

@@ -1,10 +1,13 @@
 #include "platform/input.h"
 
+#include <emscripten.h>
 #include <emscripten/dom_pk_codes.h>
 #include <emscripten/html5.h>
 
+#include <iterator>
 #include <string_view>
 
+#include "platform/common/gestures.h"
 #include "platform/common/input_state.h"
 #include "platform/common/keyboard.h"
 #include "platform/common/view.h"
@@ -12,8 +15,8 @@
 
 namespace {
 
-constexpr unsigned short mouse_left_of_page = 0;
-constexpr unsigned short mouse_right_of_page = 2;
+// By the numbers that a page gives its buttons.
+constexpr mouse_button mouse_buttons[] = {mouse_left, mouse_middle, mouse_right};
 
 // What one step of a wheel is, by the unit that an event is told in: pixels, lines, pages.
 constexpr f64 wheel_units[] = {100, 3, 1};
@@ -130,10 +133,8 @@ EM_BOOL mouse_event(int type, const EmscriptenMouseEvent* event, void*) {
     x_before = x;
     y_before = y;
     bool is_button = type != EMSCRIPTEN_EVENT_MOUSEMOVE;
-    if (is_button &&
-        (event->button == mouse_left_of_page || event->button == mouse_right_of_page)) {
-        input_feed_button(event->button == mouse_left_of_page ? mouse_left : mouse_right,
-                          type == EMSCRIPTEN_EVENT_MOUSEDOWN);
+    if (is_button && event->button < std::size(mouse_buttons)) {
+        input_feed_button(mouse_buttons[event->button], type == EMSCRIPTEN_EVENT_MOUSEDOWN);
     }
     return EM_FALSE;  // the browser moves the focus
 }
@@ -161,7 +162,18 @@ void input_listen() {
     emscripten_set_blur_callback(canvas, nullptr, EM_FALSE, blur_event);
 }
 
+// What web/touch.js tells of a finger: its place in units of the page from the canvas's top-left
+// corner, and when it was there, in milliseconds.
+extern "C" EMSCRIPTEN_KEEPALIVE void page_finger(i32 finger, i32 phase, f64 x, f64 y, f64 time) {
+    f64 stray = finger_stray * canvas_density() * view.logical.width / view.shown.width;
+    x *= canvas_density();
+    y *= canvas_density();
+    view_point(x, y);
+    gestures_feed({finger, static_cast<finger_phase>(phase), x, y, static_cast<i64>(time)}, stray);
+}
+
 void input_poll() {
     canvas_fit();
+    gestures_wait(static_cast<i64>(emscripten_get_now()));
     input_sample();
 }

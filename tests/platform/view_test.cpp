@@ -46,4 +46,14 @@ TEST(view, fills_a_display_in_its_proportions) {
     }
 }
 
+TEST(view, fills_a_room_with_things_as_large_as_they_can_be) {
+    const view_size cases[][2] = {
+        {{390, 633}, {1024, 1662}},   {{2360, 1400}, {1403, 832}}, {{1024, 832}, {1024, 832}},
+        {{100, 10000}, {1024, 2496}}, {{10000, 1}, {3072, 832}},   {{0, 0}, {1024, 1024}},
+    };
+    for (const auto& [room, logical] : cases) {
+        EXPECT_EQ(view_filled(room), logical) << room.width << " by " << room.height;
+    }
+}
+
 }  // namespace

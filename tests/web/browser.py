@@ -55,6 +55,13 @@ class Browser:
         self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
             "width": width, "height": height, "deviceScaleFactor": density, "mobile": False})
 
+    def be_tablet(self, width, height):
+        """Becomes a device of that size, in units of the page, with a touch screen and no mouse."""
+        self.driver.execute_cdp_cmd("Emulation.setTouchEmulationEnabled", {
+            "enabled": True, "maxTouchPoints": 5})
+        self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
+            "width": width, "height": height, "deviceScaleFactor": 1, "mobile": True})
+
     def allow(self, address, folder):
         """Lets the page use the clipboard, and keeps what it downloads in a folder."""
         self.driver.execute_cdp_cmd("Browser.grantPermissions", {
@@ -80,6 +87,15 @@ class Browser:
         return (left + width / 2 + (x + 0.5 - PICTURE[0] / 2) * scale,
                 top + height / 2 + (y + 0.5 - PICTURE[1] / 2) * scale)
 
+    def picture_height(self):
+        width, height = self.script(
+            "const box = document.getElementById('canvas').getBoundingClientRect();"
+            "return [box.width, box.height]")
+        return height / min(width / PICTURE[0], height / PICTURE[1])
+
+    def from_bottom(self, x, y):
+        return x, PICTURE[1] - y + (self.picture_height() - PICTURE[1]) / 2
+
     def move(self, x, y):
         pointer = ActionBuilder(self.driver, duration=0)
         pointer.pointer_action.move_to_location(*map(int, self.place(x, y)))
@@ -92,6 +108,41 @@ class Browser:
             pointer.pointer_action.pointer_down(button)
             pointer.pointer_action.pointer_up(button)
             pointer.perform()
+
+    def touch(self, kind, *places):
+        """What the fingers do that are down afterwards: touchStart, touchMove, touchEnd, touchCancel."""
+        self.driver.execute_cdp_cmd("Input.dispatchTouchEvent", {
+            "type": kind, "touchPoints": [{"x": x, "y": y, "id": i} for i, (x, y) in enumerate(places)]})
+
+    def tap(self, *points, long=False):
+        """Fingers that go down and up on the game's picture, half a second later or at once."""
+        for point in points:
+            x, y = self.place(*point)
+            self.settle()
+            self.driver.execute_cdp_cmd("Input.synthesizeTapGesture", {
+                "x": x, "y": y, "duration": 800 if long else 50, "gestureSourceType": "touch"})
+
+    def settle(self):
+        """Waits for the page to have time: a page that is busy for long takes a tap for a long one."""
+        self.driver.execute_async_script(
+            "requestAnimationFrame(() => requestAnimationFrame(arguments[0]))")
+
+    def tap_button(self, name):
+        """Taps the button of the page that has a name, once it is there and can be pressed."""
+        find = (f"const name = {name!r}, box = [...document.querySelectorAll('button:enabled')]"
+                ".find(one => [one.ariaLabel, one.textContent].includes(name))?.getBoundingClientRect();"
+                "return box?.width ? [box.left + box.width / 2, box.top + box.height / 2, box.height] : null")
+        self.wait(f"the button {name}", lambda: self.script(find))
+        x, y, height = self.script(find)
+        if height < 44:
+            raise SystemExit(f"error: the button {name} is only {height} high")
+        self.settle()
+        self.touch("touchStart", (x, y))
+        self.touch("touchEnd")
+
+    def words(self):
+        """What the game tells the page of its screen."""
+        return self.script("return screen_words").split()
 
     def press(self, keys, held=None):
         """Presses keys one after the other, while another one is held."""

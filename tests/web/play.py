@@ -2,6 +2,7 @@
 
 import base64
 import pathlib
+import re
 import sys
 import tempfile
 import time
@@ -10,6 +11,7 @@ import zlib
 from selenium.webdriver.common.keys import Keys
 
 from browser import Browser
+import touch
 from server import Server
 
 BACKGROUND = (0, 0, 123)
@@ -205,6 +207,23 @@ def leave_unsaved(browser, address):
     browser.wait_shows("the map", MAP_LIST | {MADE_PLACES[1]: ACCEPTING})
 
 
+def play_by_touch(address):
+    with Browser() as browser:
+        say("by touch alone: a game of three seats, a map made, saved and found again")
+        browser.be_tablet(*touch.TABLET)
+        browser.driver.get(address)
+        browser.wait("the title menu", lambda: browser.words() == ["title"])
+        expect("what was no tap clicked", touch.expect_no_click(browser))
+        touch.play_three_seats(browser, link_letters("pushdown", "three", touch.DUEL))
+        touch.make_map(browser)
+        made = touch.save_map(browser)
+        expect(f"the map is another: {made}", re.sub("hand .*", "hand", made) == touch.MADE)
+        browser.driver.refresh()
+        browser.wait("the title menu", lambda: browser.words() == ["title"])
+        expect("the map is not in the list", touch.find_map(browser))
+        expect_quiet(browser)
+
+
 def main():
     server = Server(sys.argv[1])
     Browser.failed = pathlib.Path(sys.argv[1]).parent / "failed.png"
@@ -226,6 +245,7 @@ def main():
         browser.open(server.address)
         browser.wait_shows("the title menu", TITLE)
     server = Server(sys.argv[1])
+    play_by_touch(server.address)
     with Browser(before=FULL_DISK) as browser:
         say("on a full disk")
         open_title(browser, server.address)
