@@ -207,6 +207,19 @@ def leave_unsaved(browser, address):
     browser.wait_shows("the map", MAP_LIST | {MADE_PLACES[1]: ACCEPTING})
 
 
+def print_rules(address):
+    say("the rules on two sheets")
+    with Browser() as browser:
+        browser.driver.get(address + "rules.html")
+        expect("the rules lack pictures", browser.script(
+            "return [...document.images].filter(image => image.naturalWidth > 0).length") == 4)
+        for width, height in (8.27, 11.69), (8.5, 11):  # inches
+            paper = {"paperWidth": width, "paperHeight": height}
+            printed = base64.b64decode(browser.driver.execute_cdp_cmd("Page.printToPDF", paper)["data"])
+            sheets = len(re.findall(rb"/Type /Page\b", printed))
+            expect(f"the rules are printed on {sheets} sheets", sheets == 2)
+
+
 def play_by_touch(address):
     with Browser() as browser:
         say("by touch alone: a game of three seats, a map made, saved and found again")
@@ -245,6 +258,7 @@ def main():
         browser.open(server.address)
         browser.wait_shows("the title menu", TITLE)
     server = Server(sys.argv[1])
+    print_rules(server.address)
     play_by_touch(server.address)
     with Browser(before=FULL_DISK) as browser:
         say("on a full disk")
