@@ -13,5 +13,7 @@ bool directory_exists(str path);
 // Makes the directory the working one, after making it and the ones above it if they are missing.
 // False, with the working directory unchanged, when that cannot be done.
 bool directory_enter(str path);
+// Whether it is the working one, by whatever path.
+bool directory_is_entered(str path);
 // The same place, wherever the working directory moves.
 str path_absolute(str path);

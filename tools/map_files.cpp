@@ -63,7 +63,11 @@ bool text_read_at(const map_place& place, named_map& map) {
 }  // namespace
 
 bool player_maps_load(const request& asked) {
-    if (!player_files_enter(str_from(asked.directory), shipped_data_find(), false)) {
+    str data = shipped_data_find();
+    if (asked.directory.empty() && directory_is_entered(data)) {
+        directory_enter("/");  // the game's own data is nobody's directory
+    }
+    if (!player_files_enter(str_from(asked.directory), data, false)) {
         complain(asked.directory.empty() ? "your directory" : asked.directory, "cannot be entered");
         return false;
     }

@@ -51,6 +51,11 @@ bool directory_enter(str path) {
     return !error;
 }
 
+bool directory_is_entered(str path) {
+    std::error_code error;
+    return fs::equivalent(path_text(path), ".", error);
+}
+
 str path_absolute(str path) {
     std::error_code error;
     fs::path absolute = fs::absolute(path_text(path), error);
