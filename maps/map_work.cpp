@@ -91,8 +91,10 @@ void map_work_is_saved(str path) {
 }
 
 void map_work_keep() {
-    if (map_work.open && map_work.print != map_print()) {
+    u64 print = map_print();
+    if (map_work.open && print != map_work.print && print != map_work.kept_print) {
         kept_map_put(map_work.path, map_work.family);
+        map_work.kept_print = print;
     }
 }
 

@@ -8,9 +8,10 @@
 
 struct map_work_record {
     bool open = false;
-    i64 family = 0;  // of the map, whatever family becomes the current one
-    str path = {};   // where it was loaded from or saved last; empty for a new map
-    u64 print = 0;   // the fingerprint of what the file there holds
+    i64 family = 0;      // of the map, whatever family becomes the current one
+    str path = {};       // where it was loaded from or saved last; empty for a new map
+    u64 print = 0;       // the fingerprint of what the file there holds
+    u64 kept_print = 0;  // of what was kept last
 };
 
 extern map_work_record map_work;
@@ -20,7 +21,8 @@ void map_work_begin();
 // While a map is under work: what is loaded now is what the file at `path` holds. The path must
 // live on.
 void map_work_is_saved(str path);
-// Keeps the map under work if it was changed since; called before it is given up.
+// Keeps the map under work if it was changed since, each state of it once; called before it is, or
+// may be, given up.
 void map_work_keep();
 // The same, and nothing is under work any more.
 void map_work_end();

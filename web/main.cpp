@@ -5,11 +5,13 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "base/arena.h"
 #include "editor/editor.h"
 #include "maps/catalogue.h"
+#include "maps/code_limits.h"
 #include "maps/family.h"
 #include "maps/file_text.h"
 #include "maps/map_work.h"
@@ -101,8 +103,26 @@ const char* c_text(str text) {
 
 }  // namespace
 
-// What web/page.js calls, between frames.
+// What the page's scripts call, between frames.
 extern "C" {
+
+// What links call a family; null past the last one.
+EMSCRIPTEN_KEEPALIVE const char* page_family_name(i32 family) {
+    return family < machine_kind_count ? c_text(family_names[family]) : nullptr;
+}
+
+// Bytes of the largest map file that is read.
+EMSCRIPTEN_KEEPALIVE i32 page_text_limit() {
+    return static_cast<i32>(text_file_limit);
+}
+
+EMSCRIPTEN_KEEPALIVE i32 page_code_letters_limit() {
+    return static_cast<i32>(code_letters_limit);
+}
+
+EMSCRIPTEN_KEEPALIVE i32 page_code_bytes_limit() {
+    return static_cast<i32>(code_bytes_limit);
+}
 
 // The family that a map's file tells, below 0 when it tells none.
 EMSCRIPTEN_KEEPALIVE i32 page_file_family(const char* path) {
@@ -148,7 +168,22 @@ EMSCRIPTEN_KEEPALIVE void page_map_write(const char* path) {
     file_close(file);
 }
 
-// The player is about to leave the page.
+// Another tab's changes have come into the player's files: the lists are read again. The map that
+// was selected stays so where it still is.
+EMSCRIPTEN_KEEPALIVE void page_files_changed() {
+    const catalogue_entry* entry = catalogue_selected();
+    str path = entry != nullptr ? entry->path : str();
+    for (catalogue& list : catalogues) {
+        list.count = 0;
+    }
+    catalogues_load();
+    selected_entry = std::min(selected_entry, catalogue_count() - 1);
+    for (i64 i = 0; i < catalogue_count(); ++i) {
+        selected_entry = (*current_catalogue)[i].path == path ? i : selected_entry;
+    }
+}
+
+// The player may be about to leave the page.
 EMSCRIPTEN_KEEPALIVE void page_leave() {
     map_work_keep();
 }
@@ -160,10 +195,11 @@ EMSCRIPTEN_KEEPALIVE void page_fullscreen_changed(bool fullscreen) {
 }
 }
 
-int main() {
+// Called with the player's directory.
+int main(int, char** arguments) {
     umask(S_IWGRP | S_IWOTH);  // Emscripten's own would leave no permission to new files
     arenas_create();
-    player_files_enter("/player", "/shipped", false);
+    player_files_enter(text_of(arguments[1]), "/shipped", false);
     arenas_free();
     program_start();
     emscripten_set_webglcontextlost_callback(canvas_selector, nullptr, EM_FALSE, context_event);

@@ -17,7 +17,19 @@ constexpr f32 part_coverage = 32;  // whole pictures
 constexpr u32 part_draws = 16'384;
 constexpr u64 parts_time = 500'000'000;  // nanoseconds for the parts drawn in one go
 
+// A frame keeps about this many words: more than a million letters in 128 MiB, which a few words
+// more could double. What comes before the rest of a longer one is drawn at once, with every such
+// frame anew.
+constexpr std::size_t kept_most = std::size_t{32} * 1024 * 1024 - 1024;
+
 constexpr std::size_t arguments_most = 18;  // a program, a location and a matrix
+
+// The parts of a kept call's first word, from the lowest bit on.
+constexpr u32 call_bits = 5;
+constexpr u32 count_bits = 5;
+static_assert(static_cast<u32>(frame_call::part_end) < 1U << call_bits);
+static_assert(arguments_most < 1U << count_bits);
+static_assert(call_bits + count_bits + arguments_most <= 32);
 
 using words = std::vector<u32>;
 
@@ -27,8 +39,8 @@ struct setting {
     words arguments;
 };
 
-// Frames are lists of calls: each one word for the call, one for the number of its arguments, and
-// these.
+// Frames are lists of calls: each one word for the call, the number of its arguments and a bit for
+// each of them that is not 0, and then these. Most numbers of a matrix are 0.
 words kept;             // the frame that is being made
 words shown;            // the frame drawn last
 std::size_t shown_end;  // up to where it is drawn, if it takes several parts
@@ -42,9 +54,16 @@ f32 covered;                       // by the draws of the part
 u32 draws;                         // of the part
 
 void call_keep(frame_call call, std::span<const u32> arguments) {
-    kept.push_back(static_cast<u32>(call));
-    kept.push_back(static_cast<u32>(arguments.size()));
-    kept.insert(kept.end(), arguments.begin(), arguments.end());
+    std::size_t head = kept.size();
+    kept.push_back(static_cast<u32>(call) | static_cast<u32>(arguments.size()) << call_bits);
+    u32 bit = 1U << (call_bits + count_bits);
+    for (u32 argument : arguments) {
+        if (argument != 0) {
+            kept[head] |= bit;
+            kept.push_back(argument);
+        }
+        bit <<= 1;
+    }
 }
 
 void settings_keep() {
@@ -95,9 +114,17 @@ void frame_begin() {
 
 // Makes the call at a place of a list; returns the place of the next one.
 std::size_t call_run(const words& list, std::size_t at) {
-    std::size_t count = list[at + 1];
-    frame_call_run(static_cast<frame_call>(list[at]), {list.data() + at + 2, count});
-    return at + 2 + count;
+    u32 head = list[at++];
+    std::size_t count = head >> call_bits & ((1U << count_bits) - 1);
+    std::array<u32, arguments_most> arguments = {};
+    for (std::size_t i = 0; i < count; ++i) {
+        if ((head >> (call_bits + count_bits + i) & 1) != 0) {
+            arguments[i] = list[at++];
+        }
+    }
+    frame_call_run(static_cast<frame_call>(head & ((1U << call_bits) - 1)),
+                   {arguments.data(), count});
+    return at;
 }
 
 // Goes on with the picture until its end or, at the end of a part, until the time is over.
@@ -108,6 +135,24 @@ void parts_run() {
         bool part_ends = shown[shown_end] == static_cast<u32>(frame_call::part_end);
         shown_end = call_run(shown, shown_end);
         over = part_ends && system_time() - begin > parts_time;
+    }
+}
+
+void kept_run() {
+    for (std::size_t at = 0; at < kept.size();) {
+        at = call_run(kept, at);
+    }
+    frame_begin();
+    asked = true;
+}
+
+// Draws what is kept so far. While nobody can see it, it is forgotten instead, and what follows
+// with it: all of a held frame is.
+void room_make() {
+    if (held) {
+        kept.clear();
+    } else {
+        kept_run();
     }
 }
 
@@ -164,15 +209,14 @@ void frame_draw(frame_call call, std::initializer_list<u32> arguments, f32 cover
         call_keep(frame_call::part_end, {});
         part_begin();
     }
+    if (kept.size() > kept_most) {
+        room_make();
+    }
 }
 
 void frame_flush() {
     settings_keep();
-    for (std::size_t at = 0; at < kept.size();) {
-        at = call_run(kept, at);
-    }
-    frame_begin();
-    asked = true;
+    kept_run();
 }
 
 void frame_finish() {

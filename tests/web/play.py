@@ -156,7 +156,7 @@ def visit_fresh(address, link, file):
             browser.script(f"location.hash = '#map={letters}'")
             browser.wait_text("notice", "The link holds no map that can be read.")
         bad = file.with_name("bad.quorrel")
-        for content, words in ((b"\0\xff<script>" * 99, "is not a map"), (b" " * 5000000, "too large")):
+        for content, words in ((b"\0\xff<script>" * 99, "is not a map"), (b" " * 34000000, "too large")):
             bad.write_bytes(content)
             browser.driver.find_element("id", "file").send_keys(str(bad))
             browser.wait_text("notice", words)
@@ -267,11 +267,11 @@ def main():
         browser.wait_shows("the editor", BOARD)
         browser.press("s", held=Keys.CONTROL)
         browser.press("ab" + Keys.ENTER)
-        browser.wait_text("notice", "has no room for more: ab.")
+        browser.wait_text("warnings", "has no room for more: ab.")
     with Browser(before=NO_DATABASE) as browser:
         say("without a database, without WebGL 2")
         open_title(browser, server.address)
-        browser.wait_text("notice", "Maps that you make are not kept")
+        browser.wait_text("warnings", "Maps that you make are not kept")
     with Browser("--disable-3d-apis") as browser:
         browser.driver.get(server.address)
         browser.wait_text("curtain_text", "WebGL 2")

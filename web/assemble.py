@@ -1,0 +1,57 @@
+#!/usr/bin/python3
+"""Makes one set of the page's files: assemble.py FROM TO.
+
+What may never be mixed with another build's, scripts, style sheets and the program, goes into a
+folder named after the contents of all files; the pages that load it say what its bytes have to be.
+"""
+
+import base64
+import hashlib
+import json
+import pathlib
+import shutil
+import sys
+
+BOUND = {".js", ".css", ".wasm", ".data"}
+CHECKED = {".js", ".css"}  # by the browser; what page.js fetches, by its length
+
+
+def integrity(content):
+    return "sha256-" + base64.b64encode(hashlib.sha256(content).digest()).decode()
+
+
+def page_bind(page, build, bound):
+    """Lets a page load the files of its build."""
+    for name, content in bound.items():
+        sign = f' integrity="{integrity(content)}"' if pathlib.Path(name).suffix in CHECKED else ""
+        size = f' data-bytes="{len(content)}"'
+        for link in ("href", "src"):
+            page = page.replace(f'{link}="{name}"', f'{link}="{build}/{name}"{sign or size}')
+    return page
+
+
+def main():
+    source, target = map(pathlib.Path, sys.argv[1:])
+    files = {path.relative_to(source).as_posix(): path.read_bytes()
+             for path in sorted(source.rglob("*")) if path.is_file()}
+    build = hashlib.sha256(repr(files).encode()).hexdigest()[:12]
+    worker = files.pop("worker.js")
+    bound = {name: content for name, content in files.items() if pathlib.Path(name).suffix in BOUND}
+    made = {}
+    for name, content in files.items():
+        if name in bound:
+            name = f"{build}/{name}"
+        elif name.endswith(".html"):
+            content = page_bind(content.decode(), build, bound).encode()
+        made[name] = content
+    checks = {"./" if name == "index.html" else name: integrity(content) for name, content in made.items()}
+    made["worker.js"] = worker.replace(b'"BUILD"', json.dumps(build).encode(), 1).replace(
+        b"FILES", json.dumps(checks, indent=4).encode(), 1)
+    shutil.rmtree(target, ignore_errors=True)
+    for name, content in made.items():
+        path = target / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(content)
+
+
+main()
