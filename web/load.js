@@ -30,7 +30,7 @@ function again_offer(text) {
     curtain_show(text);
     element("progress").hidden = true;
     element("late").hidden = true;
-    element("again").hidden = false;
+    element("choices").hidden = false;
     element("again").focus();
 }
 
@@ -51,12 +51,12 @@ function load_goes_on() {
     }
 }
 
-// A file of the program, whole. The page says how large each is.
+// The page says how large each file is.
 async function file_fetch(name) {
     const {href, dataset} = document.querySelector(`link[href$="/${name}"]`);
     const answer = await fetch(href);
     if (!answer.ok) {
-        throw new Error(`the server answers ${answer.status} for ${name}`);
+        throw new Error(`the server answers ${answer.status}`);
     }
     const bytes = new Uint8Array(Number(dataset.bytes));
     let size = 0;
@@ -71,9 +71,15 @@ async function file_fetch(name) {
         load_goes_on();
     }
     if (size < bytes.length) {
-        throw new Error(`${name} came cut off`);
+        throw new Error("cut off");
     }
     return bytes.buffer;
+}
+
+function program_file(name) {
+    return file_fetch(name).catch(error => {
+        throw new Error(`${name}: ${error.message}`);
+    });
 }
 
 // Why the game cannot start, in words for the player.
@@ -98,7 +104,6 @@ function failure_words(error) {
 
 function start_fail(error) {
     console.info(error);
-    element("without").hidden = store.known.size === 0;
     game_over(failure_words(error));
 }
 
@@ -152,19 +157,25 @@ async function game_load() {
     }
 }
 
+element("again").onclick = () => location.reload();
+element("without").onclick = () => {
+    location.hash = "#without_maps";
+    location.reload();
+};
+
 addEventListener("error", event => {
     if (event.target instanceof HTMLScriptElement) {
         start_fail(new Error(`${event.target.src.replace(/.*\//, "")} did not come whole`));
-    } else if (game_state === "loading") {
+    } else if (event instanceof ErrorEvent && game_state === "loading") {
         start_fail(event.error ?? event.message);
-    } else if (event.error instanceof WebAssembly.RuntimeError) {
+    } else if (self.WebAssembly && event.error instanceof WebAssembly.RuntimeError) {
         game_fail(event.error);
     }
 }, true);
 
 load_goes_on();
 const program_files = Promise.all([
-    file_fetch("quorrel.wasm").then(bytes => WebAssembly.compile(bytes)),
-    file_fetch("quorrel.data"),
+    program_file("quorrel.wasm").then(bytes => WebAssembly.compile(bytes)),
+    program_file("quorrel.data"),
 ]);
 program_files.catch(() => {}); // told by game_load

@@ -28,7 +28,12 @@ store.changed = () => {
     store_show();
     persistence_ask();
 };
-store.replaced = () => game_runs() && Module.ccall("page_files_changed");
+store.replaced = () => {
+    element("without").hidden = store.known.size === 0;
+    if (game_runs()) {
+        Module.ccall("page_files_changed");
+    }
+};
 
 // Called by the game.
 
@@ -36,6 +41,8 @@ function page_started() {
     game_state = "running";
     clearTimeout(silence_timer);
     curtain_show("");
+    element("choices").hidden = true;
+    element("without").hidden = true;
     buttons_enable(true);
     element("fullscreen").hidden = !canvas.requestFullscreen;
     canvas_focus();
@@ -71,11 +78,6 @@ element("file").onchange = event => {
 element("bring_back").onclick = kept_offer;
 element("kept").onclose = kept_bring_back;
 element("copy_link").onclick = () => link_copy().catch(() => notice_show("No link could be made."));
-element("again").onclick = () => location.reload();
-element("without").onclick = () => {
-    location.hash = "#without_maps";
-    location.reload();
-};
 
 document.addEventListener("dragover", event => event.preventDefault());
 document.addEventListener("drop", event => {

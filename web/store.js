@@ -108,7 +108,9 @@ async function files_read(database) {
             store.FS.unlink_unwatched(path);
         }
     }
-    store.bad = paths.filter(path => !file_bring(path, kept.get(path))).map(String);
+    const bad = paths.filter(path => !file_bring(path, kept.get(path)));
+    bad.forEach(path => kept.delete(path));
+    store.bad = bad.map(String);
     store.known = kept;
     store.replaced();
 }
