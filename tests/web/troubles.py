@@ -23,6 +23,15 @@ put.put("words", "/player/words");
 put.put(bytes, "/player/../shipped/resources/font.txt").onsuccess = done;
 """
 
+# Asks the server for a new build, and whether the page has a worker and none is on its way.
+WORKER_IS_DONE = """
+const done = arguments[0];
+navigator.serviceWorker.getRegistration().then(async one => {
+    await one.update().catch(() => {});
+    setTimeout(() => done(Boolean(one.active && !one.installing)), 200);
+});
+"""
+
 MAPS_KEPT = "return [...store.known.keys()].filter(path => path.includes('/custom_')).map(path => path.split('/').pop())"
 
 
@@ -115,9 +124,7 @@ def next_build(browser, server, page):
         subprocess.run([ASSEMBLE, parts, new], check=True)
         start(browser, server.address)
         old_build = browser.script(build_of)
-        worker_is_done = lambda: browser.driver.execute_async_script(
-            "const done = arguments[0]; navigator.serviceWorker.ready.then(one => one.update()"
-            ".then(one => setTimeout(() => done(!one.installing), 200), () => done(true)))")
+        worker_is_done = lambda: browser.driver.execute_async_script(WORKER_IS_DONE)
         browser.wait("the first set", worker_is_done)
         server.directory, server.cut = new, "quorrel.wasm"
         for _ in range(2):
