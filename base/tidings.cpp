@@ -87,8 +87,11 @@ void failure_tell(std::initializer_list<str> parts) {
 }
 
 bool tidings_step(str& shown) {
-    if (tidings.is_new) {
+    bool may_change = tidings.kind <= tidings.shown_kind ||
+                      tidings.frames_left <= tiding_frames - tiding_least_frames;
+    if (tidings.is_new && may_change) {
         tidings.is_new = false;
+        tidings.shown_kind = tidings.kind;
         tidings.frames_left = tiding_frames;
         shown = {tidings.text, tidings.length};
         return true;

@@ -14,14 +14,16 @@ enum tiding_kind : u8 {
     tiding_news,
 };
 
-inline constexpr i64 tiding_limit = 320;  // bytes of a line
-inline constexpr i32 tiding_frames = 8 * 60;
+inline constexpr i64 tiding_limit = 320;            // bytes of a line
+inline constexpr i32 tiding_frames = 8 * 60;        // for which one is shown
+inline constexpr i32 tiding_least_frames = 3 * 60;  // also when one that matters less comes
 
 // The latest tiding.
 struct tidings_record {
     tiding_kind kind;
+    tiding_kind shown_kind;   // of the one that is shown, maybe still the one before
     bool is_new;              // not shown yet
-    i32 frames_left;          // for which it is still shown
+    i32 frames_left;          // for which one is still shown
     i64 length;               // bytes
     char text[tiding_limit];  // UTF-8 without control characters
 };

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 
+#include "base/tidings.h"
 #include "maps/catalogue.h"
+#include "maps/map_work.h"
 #include "rules/cards.h"
 #include "rules/screens.h"
 #include "tests/support/screen.h"
@@ -98,6 +100,31 @@ TEST_F(frame_test, FullscreenRebuildsTheTarget) {
                   (std::vector<i64>{1, 0, 13, width, height, 8, 0}));
         EXPECT_EQ(numbers_of(gpu_op::pipeline_viewport), (std::vector<i64>{0, 0, width, height}));
     }
+}
+
+TEST_F(frame_test, TheTitleTellsUntilAllIsOnTheDisk) {
+    begin();
+    map_work_begin();
+    map_add_state(5, 5, 0);
+    file_put("kept", "in the way");
+    output_of(map_work_end);
+    fullscreen_toggle();
+    frame();
+    EXPECT_EQ(headless_told(), "");  // where no title is seen
+    fullscreen_toggle();
+    auto told_later = [&] {
+        tidings.frames_left = 1;
+        frame();
+        frame();
+        return headless_told();
+    };
+    frame();
+    EXPECT_EQ(headless_told(), "failed to keep map: unnamed");
+    EXPECT_EQ(told_later(), "not on the disk yet: unnamed");
+    EXPECT_EQ(told_later(), "not on the disk yet: unnamed");
+    std::filesystem::remove("kept");
+    EXPECT_EQ(told_later(), "kept: unnamed");
+    EXPECT_EQ(told_later(), "");
 }
 
 TEST_F(frame_test, AGpuErrorEndsTheProgramAtOnce) {
