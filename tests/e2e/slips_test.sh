@@ -141,6 +141,15 @@ save b
 grep -qx "$state" "$folder/b" || fail "b was not saved"
 leave
 
+say "left on a full disk: kept once there is room"
+edit_new
+disk_fill
+leave
+wait_until eval '[[ $(xdotool getwindowname "$window") = *"failed to keep map: unnamed" ]]'
+! kept_has "$state" || fail "the disk was not full"
+disk_free
+expect_kept "$state"
+
 for ending in TERM HUP QUIT window; do
     say "the end by $ending"
     edit_new
