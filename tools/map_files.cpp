@@ -152,6 +152,9 @@ int output_write(const request& asked, const std::string& text) {
     if (!directory_exists(str_from(folder))) {
         return complain(folder, "is no folder");
     }
+    if (directory_exists(str_from(path))) {
+        return complain(path, "is a folder");
+    }
     if (file_write_all(str_from(path), str_from(text))) {
         return all_well;
     }

@@ -177,6 +177,7 @@ play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, i64 mos
         stones_put_back(places);
         game_play(ways, most_turns, record, listen);
     }
+    progress_end();
     return record;
 }
 

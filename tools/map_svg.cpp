@@ -223,6 +223,7 @@ std::string map_svg(bool numbers) {
     transitions_put(svg);
     states_put(svg, numbers);
     stones_put(svg);
+    progress_end();
     if (svg.drawn.empty()) {
         svg.drawn.push_back(rectangle_shape(0, 0, 0, 0));
     }
