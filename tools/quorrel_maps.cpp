@@ -84,12 +84,10 @@ int help_put() {
     std::puts("usage: quorrel_maps COMMAND ...\n");
     std::for_each(std::begin(commands), std::end(commands), command_help_put);
     std::puts(
-        "\nMAP is a file, the name of one of your maps, which are those of the game, or a code;\n"
-        "--directory DIR names another directory of yours than usual. FAMILY is state, pushdown "
-        "or\n"
-        "turing, also as --family FAMILY: it is needed where a file does not tell its own and "
-        "where\n"
-        "several families have a map of that name.\n"
+        "\nMAP is a file, the name of one of your maps, which are those of the game, or a code.\n"
+        "--directory DIR names another directory of yours than usual. FAMILY is state, pushdown\n"
+        "or turing, also as --family FAMILY: it is needed where a file does not tell its own and\n"
+        "where several families have a map of that name.\n"
         "\n"
         "The exit status is 0 when all is well, 2 for a wrong command line, and 1 when something\n"
         "could not be done, a map is doubtful, a game was given up or an answer is no.");
