@@ -78,6 +78,7 @@ u64 map_print() {
 }  // namespace
 
 void map_work_begin() {
+    map_work = {};
     map_work.open = true;
     map_work.family = machine_kind;
     map_work_is_saved({});
@@ -91,8 +92,11 @@ void map_work_is_saved(str path) {
 }
 
 void map_work_keep() {
+    if (!map_work.open) {
+        return;  // where the program ends there is no map any more
+    }
     u64 print = map_print();
-    if (map_work.open && print != map_work.print && print != map_work.kept_print) {
+    if (print != map_work.print && print != map_work.kept_print) {
         kept_map_put(map_work.path, map_work.family);
         map_work.kept_print = print;
     }

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "base/colour.h"
+#include "maps/map_work.h"
 #include "program/frame.h"
 #include "render/font.h"
 #include "render/pictures.h"
@@ -229,6 +230,7 @@ void screen_test::begin() {
 
 void screen_test::end() {
     program_end();
+    map_work_finish();  // as at the exit of the program
     std::copy(outside_arenas, outside_arenas + arena_count, arenas);
     running = false;
 }
