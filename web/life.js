@@ -50,8 +50,9 @@ function fullscreen_tell() {
 // The game waits for the answer, so it must not come before this has returned.
 async function fullscreen_set(wanted) {
     await null;
+    const shown = page_touched() ? document.documentElement : canvas; // with or without the keys
     try {
-        await (wanted ? canvas.requestFullscreen() : document.exitFullscreen());
+        await (wanted ? shown.requestFullscreen() : document.exitFullscreen());
     } catch (error) {
         notice_show("The browser does not let the game fill the screen.");
         fullscreen_tell();

@@ -66,7 +66,7 @@ function page_told(line) {
 // Buttons and what is dropped.
 
 element("fullscreen").onclick = () => {
-    page_fullscreen(true);
+    page_fullscreen(!is_fullscreen());
     canvas_focus();
 };
 element("export_map").onclick = map_export;

@@ -23,7 +23,7 @@ function pointer_event(event) {
     if (event.type === "pointerdown") {
         canvas.setPointerCapture(event.pointerId); // to hear of it wherever it goes up
     }
-    if (event.pointerType === "mouse" || !Module.calledRun) {
+    if (event.pointerType === "mouse" || !game_runs()) {
         return;
     }
     if (event.type === "pointerdown") {

@@ -104,7 +104,7 @@ function typing_show(screen) {
         typing_open();
     } else if (!shown && !element("typing").hidden) {
         element("typing").hidden = true;
-        canvas.focus();
+        canvas_focus();
     }
 }
 
