@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Every system call of a save, of a deletion and of a map that is taken in failed and killed in turn,
-# on the real programs: the map's file and the list stay whole, and what goes is kept. QUORREL_FAULTS=all
-# tries every call, else a few are tried.
+# Every system call of a save, of a deletion, of a map that is left and of one that is taken in failed
+# and killed in turn, on the real programs: the map's file and the list stay whole, and what goes is
+# kept. QUORREL_FAULTS=all tries every call, else a few are tried.
 
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 source tests/e2e/screens.sh
@@ -113,6 +113,43 @@ delete_check() {
         fail "$1 is lost after: $fault"
     grep -qx 'hand 2' "$player/maps/base" || fail "the other map is gone after: $fault"
     rm -rf "$player/kept" "$player/maps/$1"
+}
+
+# A new map is left with Escape while kept/ has an earlier one.
+leave_prepare() {
+    if game_ended; then
+        editor_start
+    else
+        push editor
+        pixel_wait 512 8 "$band"
+    fi
+    rm -rf "$player/kept"
+    mkdir "$player/kept"
+    echo "# $1" >"$player/kept/$1.pushdown.2026-01-01_00-00-00"
+    mouse_move 300 300
+    keys 1
+    settle
+}
+
+leave_do() {
+    keys Escape
+}
+
+leave_is_done() {
+    kept_has 'map 0 0 1'
+}
+
+# The earlier map stays, none is torn, and what could not be kept at first is kept at the end.
+leave_check() {
+    local torn
+    grep -qx "# $1" "$player/kept/$1".* || fail "the earlier map is gone after: $fault"
+    torn=$(grep -Lx -e "# $1" -e 'map 0 0 1' "$player/kept/"*)
+    [ -z "$torn" ] || fail "$torn is torn after: $fault"
+    if [[ $fault = *failing ]]; then
+        kill "$game"
+        game_ends_with 0
+        leave_is_done || fail "the map is lost after: $fault"
+    fi
 }
 
 # Does an act on a name under strace with these options, until it is done or the game has settled.
@@ -227,5 +264,7 @@ echo 'base maps/base' >"$list"
 editor_start
 faults_try save
 faults_try delete
+faults_try leave
+game_end
 editor_start
 [ -z "$(find "$player" -name '.quorrel-*')" ] || fail "temporary files stay"
