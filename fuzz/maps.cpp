@@ -17,11 +17,11 @@
 #include "maps/reader.h"
 #include "maps/saving.h"
 #include "maps/writer.h"
-#include "menus/player_setup.h"
 #include "program/frame.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
+#include "rules/seats.h"
 #include "tools/words.h"
 
 namespace {

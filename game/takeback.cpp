@@ -5,6 +5,7 @@
 #include "base/tidings.h"
 #include "game/record.h"
 #include "platform/input.h"
+#include "rules/screens.h"
 
 takeback_record takeback;
 
@@ -60,6 +61,14 @@ void step_forward() {
 }
 
 }  // namespace
+
+bool takeback_goes_back() {
+    return game_is_shown() && record.whole && position_back() != no_position;
+}
+
+bool takeback_goes_forward() {
+    return game_is_shown() && record.whole && position_forward() != no_position;
+}
 
 void takeback_keys_apply() {
     if (!input_key_is_held(key_ctrl)) {

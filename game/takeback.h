@@ -16,5 +16,9 @@ extern takeback_record takeback;
 // Takes the keys.
 void takeback_keys_apply();
 
+// Whether they do something on the board that is shown.
+bool takeback_goes_back();
+bool takeback_goes_forward();
+
 // Goes as far as was wanted; nothing where the record ends. No move may be shown.
 void takeback_steps_take();

@@ -1,10 +1,13 @@
 #include "maps/map_work.h"
 
+#include <cassert>
 #include <cstring>
 
 #include "base/fingerprint.h"
 #include "maps/kept.h"
+#include "maps/map_bytes.h"
 #include "maps/model.h"
+#include "maps/nimbers.h"
 
 map_work_record map_work;
 
@@ -75,6 +78,14 @@ u64 map_print() {
     return print;
 }
 
+void changed_map_keep() {
+    const u64 print = map_print();
+    if (print != map_work.print && print != map_work.kept_print) {
+        kept_map_put(map_work.path, map_work.family);
+        map_work.kept_print = print;
+    }
+}
+
 }  // namespace
 
 void map_work_begin() {
@@ -85,26 +96,63 @@ void map_work_begin() {
 }
 
 void map_work_is_saved(str path) {
-    if (map_work.open) {
+    if (map_work.open && map_work.aside.length == 0) {
         map_work.path = path;
         map_work.print = map_print();
     }
 }
 
-void map_work_keep() {
-    if (!map_work.open) {
-        return;  // where the program ends there is no map any more
-    }
-    u64 print = map_print();
-    if (print != map_work.print && print != map_work.kept_print) {
-        kept_map_put(map_work.path, map_work.family);
-        map_work.kept_print = print;
+void map_work_give_way() {
+    if (map_work.open && map_work.aside.length == 0) {
+        changed_map_keep();
     }
 }
 
+void map_work_keep() {
+    if (map_work.aside.length == 0) {
+        map_work_give_way();
+        return;
+    }
+    const i64 mark = arenas[arena_persistent].offset;
+    const whole_map played = map_exchange({});
+    map_bytes_read(map_work.aside);
+    changed_map_keep();
+    map_exchange(played);
+    arena_rewind(arena_persistent, mark);
+}
+
 void map_work_end() {
-    map_work_keep();
+    if (map_work.aside.length > 0) {
+        // Into the lists that held it before: the program may end because memory has run out.
+        map_bytes_read(map_work.aside);
+        map_work.aside = {};
+    }
+    map_work_give_way();
     map_work.open = false;
+}
+
+bool map_work_is_played() {
+    return map_work.aside.length > 0 && machine_kind == map_work.family;
+}
+
+void map_work_lay_aside(str bytes) {
+    assert(map_work.open && map_work.aside.length == 0 && bytes.length > 0);
+    map_work.aside = bytes;
+}
+
+void map_work_load() {
+    assert(map_work_is_played());
+    map_bytes_read(map_work.aside);
+    if (machine_kind == state_machine) {
+        nimbers_compute();
+    }
+}
+
+void map_work_take_back() {
+    machine_kind = map_work.family;
+    map_work_load();
+    map_rules_own();
+    map_work.aside = {};
 }
 
 void map_work_finish() {

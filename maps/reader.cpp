@@ -141,43 +141,28 @@ void read_line(text_cursor& cursor) {
 constexpr i64 growing_records_per_byte = 26;
 constexpr i64 room_for_play = i64{16} * 1024 * 1024;  // bytes that a map must leave
 
-// The lists of a map.
-struct map_lists {
-    dyn_array<map_state> states;
-    dyn_array<transition> transitions;
-    dyn_array<u16> stones;
-    dyn_array<goal> goals;
+struct record_counts {
+    i64 states;
+    i64 transitions;
+    i64 stones;
+    i64 goals;
 };
 
-// Puts other lists into the loaded map and returns its own.
-map_lists lists_exchange(const map_lists& lists) {
-    map_lists before = {game_map.states, game_map.transitions, stones, goals};
-    game_map.states = lists.states;
-    game_map.transitions = lists.transitions;
-    stones = lists.stones;
-    goals = lists.goals;
-    return before;
-}
-
 // Reads a text for the counts of its records alone; the loaded map stays as it is.
-map_lists records_count(str text) {
+record_counts records_count(str text) {
     const i64 mark = arenas[arena_persistent].offset;
-    const map_settings settings_before = settings;
-    const map_record map_before = game_map;
-    const map_lists lists_before = lists_exchange({});
-    map_lists counted = {};
+    const whole_map before = map_exchange({});
+    record_counts counted = {};
     text_cursor cursor = {text.data, text.length, 0};
     while (cursor.position < cursor.size) {
         read_line(cursor);
-        counted.states.count += game_map.states.count;
-        counted.transitions.count += game_map.transitions.count;
-        counted.stones.count += stones.count;
-        counted.goals.count += goals.count;
+        counted.states += game_map.states.count;
+        counted.transitions += game_map.transitions.count;
+        counted.stones += stones.count;
+        counted.goals += goals.count;
         map_clear();
     }
-    lists_exchange(lists_before);
-    game_map = map_before;
-    settings = settings_before;
+    map_exchange(before);
     arena_rewind(arena_persistent, mark);
     return counted;
 }
@@ -198,18 +183,17 @@ i64 list_growth(const dyn_array<element>& list, i64 count) {
 
 // Whether the arena has room for the map of a text that lies in it already. The records of a large
 // one are counted for that.
-bool map_fits(str text, map_lists& counted) {
+bool map_fits(str text, record_counts& counted) {
     const i64 room = arena_room(arena_persistent) - room_for_play;
     if (text.length <= room / growing_records_per_byte) {
         return true;
     }
     counted = records_count(text);
-    const i64 nimber_count = machine_kind == state_machine ? counted.states.count : 0;
+    const i64 nimber_count = machine_kind == state_machine ? counted.states : 0;
     const dyn_array<u8> nimbers = {game_map.nimbers, 0, game_map.nimber_capacity, arena_persistent};
-    const i64 needed = list_growth(game_map.states, counted.states.count) +
-                       list_growth(game_map.transitions, counted.transitions.count) +
-                       list_growth(stones, counted.stones.count) +
-                       list_growth(goals, counted.goals.count) +
+    const i64 needed = list_growth(game_map.states, counted.states) +
+                       list_growth(game_map.transitions, counted.transitions) +
+                       list_growth(stones, counted.stones) + list_growth(goals, counted.goals) +
                        list_growth(nimbers, nimber_count) + text_capacity_for(text) - text.length;
     return needed <= std::max(room, i64{0});
 }
@@ -253,18 +237,18 @@ void map_read(str text) {
 void map_load(str path) {
     i64 mark = arenas[arena_persistent].offset;
     str text;
-    map_lists counted = {};
+    record_counts counted = {};
     if (!file_read_all(path, text) || !map_fits(text, counted)) {
         arena_rewind(arena_persistent, mark);
         failure_tell({"failed to load map: ", path});
         return;
     }
-    map_work_keep();
+    map_work_give_way();
     text = text_settle(text, mark);
-    dyn_array_reserve(game_map.states, counted.states.count);
-    dyn_array_reserve(game_map.transitions, counted.transitions.count);
-    dyn_array_reserve(stones, counted.stones.count);
-    dyn_array_reserve(goals, counted.goals.count);
+    dyn_array_reserve(game_map.states, counted.states);
+    dyn_array_reserve(game_map.transitions, counted.transitions);
+    dyn_array_reserve(stones, counted.stones);
+    dyn_array_reserve(goals, counted.goals);
     map_read(text);
     map_work_is_saved(path);
 }

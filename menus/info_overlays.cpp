@@ -38,11 +38,15 @@ static_assert(help_text.length == 473);
 
 }  // namespace
 
-void help_overlay_draw() {
+void page_draw(str text) {
     box page =
         box_around(render_target.width / 2.0, render_target.height / 2.0, help_side, help_side);
     box_fill(page, help_tint);
-    text_draw_left(help_text, page.x + 32, page.y + help_side - 48, text_normal, colour_white);
+    text_draw_left(text, page.x + 32, page.y + help_side - 48, text_normal, colour_white);
+}
+
+void help_overlay_draw() {
+    page_draw(help_text);
 }
 
 void memory_report_draw() {

@@ -11,6 +11,7 @@
 #include "render/text.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
+#include "rules/seats.h"
 
 namespace {
 
@@ -28,25 +29,6 @@ void buttons_frame(menu_centre centre) {
         screens.player_setup_open = false;
         screens.title_menu_open = true;
     }
-}
-
-// Makes `players` hold exactly `player_count` seats; new ones are humans.
-void seats_adjust() {
-    assert(1 <= player_count && player_count <= player_limit);
-    constexpr i64 size = sizeof(player);
-    if (players.capacity < player_count) {
-        players.data = static_cast<player*>(
-            players.data == nullptr ? arena_alloc(players.arena_id, player_count * size)
-                                    : arena_realloc(players.arena_id, players.data,
-                                                    players.capacity * size, player_count * size));
-        players.capacity = player_count;
-    }
-    for (i64 i = players.count; i < player_count; ++i) {
-        players.data[i] = {};
-        seat_colour_set(players.data[i], i);
-    }
-    players.count = player_count;
-    assert(players.count <= players.capacity);
 }
 
 void strength_choose(player& seat, menu_centre centre, f64 y) {
@@ -70,12 +52,6 @@ void seat_row_frame(player& seat, menu_centre centre, f64 y) {
 }
 
 }  // namespace
-
-void seat_colour_set(player& seat, i64 index) {
-    assert(0 <= index && index < seat_colour_count);
-    seat.colour_index = static_cast<u8>(index);
-    seat.colour = colour_rgba(index);
-}
 
 void player_setup_frame() {
     menu_centre centre = menu_centre_find();

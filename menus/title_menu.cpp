@@ -4,6 +4,7 @@
 
 #include "base/arithmetic.h"
 #include "base/time_step.h"
+#include "editor/trial.h"
 #include "maps/catalogue.h"
 #include "maps/map_work.h"
 #include "maps/model.h"
@@ -48,6 +49,9 @@ void play_open() {
 
 // The editor starts with an empty map; its origin and hand size stay as they are.
 void editor_open() {
+    const i64 family = machine_kind;
+    trial_give_up();
+    machine_kind = family;
     screens.title_menu_open = false;
     screens.editor_open = true;
     catalogue_select();

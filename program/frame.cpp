@@ -8,11 +8,13 @@
 #include "base/numbers.h"
 #include "base/tidings.h"
 #include "editor/editor.h"
+#include "editor/trial.h"
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
 #include "maps/map_work.h"
 #include "menus/info_overlays.h"
+#include "menus/keys_page.h"
 #include "menus/map_list.h"
 #include "menus/player_setup.h"
 #include "menus/title_menu.h"
@@ -42,6 +44,7 @@ void pipeline_prepare() {
 // One screen back, or out of the program from the title menu.
 void escape_apply() {
     app.help_visible = false;
+    app.keys_visible = false;
     if (screens.title_menu_open) {
         app.running = false;
     } else if (screens.map_list_open) {
@@ -65,9 +68,17 @@ void keys_apply() {
     }
     if (input_key_is_pressed(key_f1)) {
         app.help_visible = !app.help_visible;
+        app.keys_visible = false;
+    }
+    if (input_key_is_pressed(key_f2)) {
+        app.keys_visible = !app.keys_visible;
+        app.help_visible = false;
     }
     if (input_key_is_pressed(key_f3)) {
         app.memory_report_visible = !app.memory_report_visible;
+    }
+    if (input_key_is_pressed(key_f9)) {
+        trial_key_apply();
     }
     if (input_key_is_pressed(key_f11)) {
         fullscreen_toggle();
@@ -86,6 +97,9 @@ void screen_frame() {
     }
     if (app.help_visible) {
         help_overlay_draw();
+    }
+    if (app.keys_visible) {
+        keys_page_draw();
     }
     if (app.memory_report_visible) {
         memory_report_draw();

@@ -11,6 +11,7 @@
 #include "editor/history.h"
 #include "editor/rule_advice.h"
 #include "editor/text_entry.h"
+#include "editor/trial.h"
 #include "game/hand_panel.h"
 #include "game/record.h"
 #include "game/takeback.h"
@@ -68,6 +69,7 @@ void game_globals_reset() {
     drag = {};
     copied = {};
     rule_advice = {};
+    trial = {};
 }
 
 void screen_globals_reset() {

@@ -9,6 +9,7 @@
 #include "base/time_step.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
+#include "maps/map_work.h"
 #include "maps/model.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"
@@ -189,6 +190,9 @@ str turn_fault() {
 str screens_fault() {
     if (machine_kind < 0 || machine_kind >= machine_kind_count) {
         return "the machine kind does not exist";
+    }
+    if (map_work.aside.length > 0 && (screens.editor_open || !map_work.open)) {
+        return "the map under work is played and edited at once";
     }
     i64 open = screens.title_menu_open + screens.player_setup_open + screens.map_list_open;
     return open > 1 ? str("two menus are open") : str();

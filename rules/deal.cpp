@@ -5,6 +5,7 @@
 
 #include "base/message.h"
 #include "maps/catalogue.h"
+#include "maps/map_work.h"
 #include "maps/model.h"
 #include "maps/reader.h"
 #include "rules/cards.h"
@@ -93,6 +94,8 @@ void game_start() {
     turn.move_timer = 0;
     if (const catalogue_entry* entry = catalogue_selected()) {
         map_load(entry->path);
+    } else if (map_work_is_played()) {
+        map_work_load();
     }
     last_deal = {last_deal.number + 1, {random_generator, tape_head, turn.card_drawn}};
     pile_limit_tell(deck_wanted(), "deck");

@@ -18,9 +18,10 @@ struct deal_record {
 
 extern deal_record last_deal;
 
-// Starts, or restarts, a game with the current family, the selected catalogue entry (or the map
-// that is loaded, without one) and the seats. Closes the menus. Piles that would hold more than
-// `pile_limit` cards are cut, which is said in one line on standard output.
+// Starts, or restarts, a game with the current family, the selected catalogue entry (without one
+// the map under work, while that is played, or else the map that is loaded) and the seats. Closes
+// the menus. Piles that would hold more than `pile_limit` cards are cut, which is said in one line
+// on standard output.
 void game_start();
 
 // Deals the running game again as it was dealt from that start, with the stones where they are.

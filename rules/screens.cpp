@@ -10,3 +10,7 @@ bool board_is_shown() {
 bool game_is_shown() {
     return board_is_shown() && !screens.editor_open;
 }
+
+bool editor_is_shown() {
+    return screens.editor_open && board_is_shown();
+}

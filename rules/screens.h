@@ -19,10 +19,13 @@ extern screen_flags screens;
 bool board_is_shown();
 // Whether the board is shown to be played on.
 bool game_is_shown();
+// Whether it is shown to edit its map.
+bool editor_is_shown();
 
 struct app_record {
     bool running = false;  // the loop goes on
     bool help_visible = false;
+    bool keys_visible = false;  // the page of keys, which takes the help page's place
     bool memory_report_visible = false;
 };
 

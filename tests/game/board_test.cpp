@@ -3,10 +3,10 @@
 
 #include <iterator>
 
-#include "menus/player_setup.h"
 #include "render/camera.h"
 #include "rules/cards.h"
 #include "rules/screens.h"
+#include "rules/seats.h"
 #include "rules/selection.h"
 #include "tests/support/screen.h"
 

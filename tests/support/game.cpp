@@ -12,12 +12,12 @@
 #include "game/turn_update.h"
 #include "maps/nimbers.h"
 #include "maps/writer.h"
-#include "menus/player_setup.h"
 #include "platform/file.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "program/globals.h"
 #include "rules/cards.h"
+#include "rules/seats.h"
 
 void globals_start() {
     static const arena memory[] = {(arenas_create(), arenas[arena_persistent]),

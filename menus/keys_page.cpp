@@ -1,0 +1,102 @@
+#include "menus/keys_page.h"
+
+#include "base/text_builder.h"
+#include "editor/copying.h"
+#include "editor/history.h"
+#include "editor/map_edit.h"
+#include "editor/trial.h"
+#include "game/takeback.h"
+#include "maps/model.h"
+#include "menus/info_overlays.h"
+#include "rules/screens.h"
+#include "rules/selection.h"
+
+namespace {
+
+bool always() {
+    return true;
+}
+
+bool can_go_back() {
+    return takeback_goes_back() || (editor_is_shown() && history.position > 0);
+}
+
+bool can_go_forward() {
+    return takeback_goes_forward() || (editor_is_shown() && history.position < history.used);
+}
+
+bool can_type_rule() {
+    return editor_is_shown() && selected_arc() != nullptr;
+}
+
+bool can_place_labels() {
+    return editor_is_shown() && game_map.transitions.count > 0;
+}
+
+bool can_drag() {
+    return editor_is_shown() && game_map.states.count > 0;
+}
+
+bool can_copy() {
+    return editor_is_shown() && selection_source() != no_index;
+}
+
+bool can_put() {
+    return editor_is_shown() && (copied.kind == copied_state ||
+                                 (copied.kind == copied_arrow && selection_target() != no_index));
+}
+
+// A line of the page; one without a key is a heading, and an empty one lies between two parts.
+struct key_row {
+    str key;
+    str words;
+    bool (*works)();  // right now
+};
+
+constexpr key_row rows[] = {
+    {"", "Everywhere:", nullptr},
+    {"<f2>", "toggle this page", always},
+    {"", "", nullptr},
+    {"", "Games and editor:", nullptr},
+    {"ctrl+z", "take back what was done", can_go_back},
+    {"ctrl+y", "do it again", can_go_forward},
+    {"<f9>", "play the map under work, and back to it", trial_key_works},
+    {"", "", nullptr},
+    {"", "Editor:", nullptr},
+    {"drag", "move a state or a rule", can_drag},
+    {"<shift> + drag", "add a transition, as the right button", can_drag},
+    {"4", "type the rule of the transition", can_type_rule},
+    {"5", "put rules beside their transitions", can_place_labels},
+    {"c", "copy the state, or the transition's rule", can_copy},
+    {"v", "put what was copied", can_put},
+};
+
+void keys_now_put(text_builder& text) {
+    str before = "Right now: ";
+    for (const key_row& row : rows) {
+        if (row.works != nullptr && row.works()) {
+            text_builder_put_str(text, before);
+            text_builder_put_str(text, row.key);
+            before = ", ";
+        }
+    }
+    text_builder_put_str(text, "\n\n");
+}
+
+void row_put(text_builder& text, const key_row& row) {
+    text_builder_put_str(text, row.key);
+    text_builder_put_str(text, row.key.length > 0 ? str(": ") : str());
+    text_builder_put_str(text, row.words);
+    text_builder_put_str(text, "\n");
+}
+
+}  // namespace
+
+void keys_page_draw() {
+    text_builder text = text_builder_make(arena_frame);
+    keys_now_put(text);
+    for (const key_row& row : rows) {
+        row_put(text, row);
+    }
+    page_draw(text_builder_text(text));
+}

@@ -1,0 +1,5 @@
+#pragma once
+
+// The overlay that F2 shows over every screen: the keys that the help page does not name, and at
+// its top those of them that do something right now.
+void keys_page_draw();
