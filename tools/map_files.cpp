@@ -68,7 +68,8 @@ bool player_maps_load(const request& asked) {
         directory_enter("/");  // the game's own data is nobody's directory
     }
     if (!player_files_enter(str_from(asked.directory), data, false)) {
-        complain(asked.directory.empty() ? "your directory" : asked.directory, "cannot be entered");
+        complain(asked.directory.empty() ? "your directory" : asked.directory,
+                 std::string("cannot be entered: ") + std::strerror(errno));
         return false;
     }
     catalogues_load();
