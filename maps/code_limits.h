@@ -1,9 +1,9 @@
 #pragma once
 
-// How large a map's code may be: the letters behind "#map=" in a link to the game's page, which
-// the tool for map makers reads and writes, too.
+// How large a map's code may be, the letters behind "#map=" in a link to the game's page. The page
+// and the tool for map makers write and read the same.
 
-#include "base/types.h"
+#include <cstddef>
 
-inline constexpr i64 code_letters_limit = 200'000;
-inline constexpr i64 code_bytes_limit = 1'000'000;  // of what the letters hold
+inline constexpr std::size_t code_length_limit = 200'000;   // letters
+inline constexpr std::size_t code_bytes_limit = 1'000'000;  // of what they hold

@@ -9,6 +9,7 @@
 #include "maps/map_work.h"
 #include "maps/model.h"
 #include "menus/menu_panel.h"
+#include "platform/display.h"
 #include "platform/maths.h"
 #include "render/button.h"
 #include "render/pictures.h"
@@ -34,7 +35,9 @@ void family_choose(menu_centre centre) {
 }
 
 void picture_draw(menu_centre centre) {
-    title_picture_angle += frame_dt * picture_turn;
+    if (!display_wants_stillness()) {
+        title_picture_angle += frame_dt * picture_turn;
+    }
     f64 width = 512 + 15 * math_sin(title_picture_angle);
     f64 height = 512 + 15 * math_cos(title_picture_angle);
     auto picture = static_cast<texture_slot>(texture_state_machine + machine_kind);

@@ -18,6 +18,8 @@ void display_set_fullscreen(bool fullscreen);
 // The size of the picture that fills the whole display which the window stands on: of the display's
 // proportions, and in its own pixels where it is neither too small nor much larger than needed.
 void display_get_info(i32& width, i32& height);
+// Whether the player's system asks for as little motion as can be.
+bool display_wants_stillness();
 // Shows the player one line of UTF-8 outside the picture: in the window's title, on the page. An
 // empty one takes the line away; a page leaves it until it has another.
 void display_tell(str line);

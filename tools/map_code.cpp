@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "maps/code_limits.h"
 #include "maps/family.h"
 #include "tools/words.h"
 

@@ -15,11 +15,8 @@ struct named_map {
     std::string text;
 };
 
-// Letters of a code, bytes of what it holds. The game's page has the same.
-inline constexpr std::size_t code_length_limit = 200'000;
-inline constexpr std::size_t code_bytes_limit = 1'000'000;
-
-// The code of a map; empty when it would be beyond the limits, so that nobody could read it.
+// The code of a map; empty when it would be beyond the limits (maps/code_limits.h), so that nobody
+// could read it.
 std::string map_code(const named_map& map);
 
 // The map of a code or of a link that ends in one, between whose letters white space does not

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Makes one set of the page's files: assemble.py FROM TO.
+"""Makes one set of the page's files: assemble.py FROM TO FILE...
 
 What may never be mixed with another build's, scripts, style sheets and the program, goes into a
 folder named after the contents of all files; the pages that load it say what its bytes have to be.
@@ -13,7 +13,7 @@ import shutil
 import sys
 
 BOUND = {".js", ".css", ".wasm", ".data"}
-CHECKED = {".js", ".css"}  # by the browser; what page.js fetches, by its length
+CHECKED = {".js", ".css"}  # by the browser; what load.js fetches, by its length
 
 
 def integrity(content):
@@ -31,9 +31,8 @@ def page_bind(page, build, bound):
 
 
 def main():
-    source, target = map(pathlib.Path, sys.argv[1:])
-    files = {path.relative_to(source).as_posix(): path.read_bytes()
-             for path in sorted(source.rglob("*")) if path.is_file()}
+    source, target = map(pathlib.Path, sys.argv[1:3])
+    files = {name: (source / name).read_bytes() for name in sorted(sys.argv[3:])}
     build = hashlib.sha256(repr(files).encode()).hexdigest()[:12]
     worker = files.pop("worker.js")
     bound = {name: content for name, content in files.items() if pathlib.Path(name).suffix in BOUND}

@@ -4,7 +4,7 @@
 // and written in the letters that a link may hold.
 
 const link_limits = () => ({
-    letters: Module.ccall("page_code_letters_limit", "number"), // in the link
+    letters: Module.ccall("page_code_length_limit", "number"), // in the link
     bytes: Module.ccall("page_code_bytes_limit", "number"), // unpacked
 });
 

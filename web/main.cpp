@@ -116,8 +116,8 @@ EMSCRIPTEN_KEEPALIVE i32 page_text_limit() {
     return static_cast<i32>(text_file_limit);
 }
 
-EMSCRIPTEN_KEEPALIVE i32 page_code_letters_limit() {
-    return static_cast<i32>(code_letters_limit);
+EMSCRIPTEN_KEEPALIVE i32 page_code_length_limit() {
+    return static_cast<i32>(code_length_limit);
 }
 
 EMSCRIPTEN_KEEPALIVE i32 page_code_bytes_limit() {

@@ -130,6 +130,10 @@ void display_get_info(i32& width, i32& height) {
     height = now.screen_height;
 }
 
+bool display_wants_stillness() {
+    return false;
+}
+
 void display_tell(str line) {
     now.told.assign(line.begin(), line.end());
 }

@@ -266,6 +266,11 @@ void display_get_info(i32& width, i32& height) {
     height = size.height;
 }
 
+// SDL 2 does not tell.
+bool display_wants_stillness() {
+    return false;
+}
+
 void display_tell(str line) {
     std::string told(line.begin(), line.end());
     SDL_SetWindowTitle(window, (told.empty() ? game_title : game_title + " - " + told).c_str());

@@ -16,6 +16,9 @@
 EM_JS(void, page_fullscreen_set, (bool wanted), { page_fullscreen(wanted !== 0); });
 EM_JS(bool, page_is_touched, (), { return page_touched(); });
 EM_JS(void, page_tell, (const char* line, int length), { page_told(UTF8ToString(line, length)); });
+EM_JS(int, page_wants_stillness, (), {
+    return matchMedia("(prefers-reduced-motion: reduce)").matches ? 1 : 0;
+});
 // clang-format on
 
 namespace {
@@ -107,6 +110,10 @@ void display_set_fullscreen(bool fullscreen) {
 void display_get_info(i32& width, i32& height) {
     width = view.logical.width;
     height = view.logical.height;
+}
+
+bool display_wants_stillness() {
+    return page_wants_stillness() != 0;
 }
 
 void display_tell(str line) {

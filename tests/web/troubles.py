@@ -121,7 +121,8 @@ def next_build(browser, server, page):
         parts, new = pathlib.Path(folder, "parts"), pathlib.Path(folder, "page")
         shutil.copytree(pathlib.Path(page).parent / "parts", parts)
         (parts / "page.css").open("a").write("/* new */")
-        subprocess.run([ASSEMBLE, parts, new], check=True)
+        names = [path.relative_to(parts) for path in parts.rglob("*.*") if path.is_file()]
+        subprocess.run([ASSEMBLE, parts, new, *names], check=True)
         start(browser, server.address)
         old_build = browser.script(build_of)
         worker_is_done = lambda: browser.driver.execute_async_script(WORKER_IS_DONE)
