@@ -64,7 +64,7 @@ constexpr key_row rows[] = {
     {"", "", nullptr},
     {"", "Editor:", nullptr},
     {"drag", "move a state or a rule", can_drag},
-    {"<shift> + drag", "add a transition, as the right button", can_drag},
+    {"<shift> + drag", "add a transition, as the right button", nullptr},
     {"4", "type the rule of the transition", can_type_rule},
     {"5", "put rules beside their transitions", can_place_labels},
     {"c", "copy the state, or the transition's rule", can_copy},
