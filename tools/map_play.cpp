@@ -4,6 +4,7 @@
 #include <set>
 
 #include "base/arena.h"
+#include "game/record.h"
 #include "game/turn_update.h"
 #include "maps/model.h"
 #include "rules/cards.h"
@@ -109,7 +110,8 @@ void tell(const play_listener& listen, play_event_kind kind, i64 seat) {
 
 // Runs one update, counts and tells what it did. A seat that does nothing when it may act cannot
 // move, and nobody after it can.
-update_result update_count(const ways_out& ways, play_record& record, const play_listener& listen) {
+update_result update_count(const ways_out& ways, play_record& counted,
+                           const play_listener& listen) {
     i64 seat = turn.current_player;
     bool was_moving = turn.move_timer > 0;
     bool was_thinking = turn.think_timer > 0;
@@ -129,9 +131,9 @@ update_result update_count(const ways_out& ways, play_record& record, const play
     bool moved = flight.moving_stone != no_index;
     bool passed = passed_at_once || (moving && !moved);
     bool drew = !had_drawn && turn.card_drawn;
-    record.moves += moved ? 1 : 0;
-    record.passes += passed ? 1 : 0;
-    record.draws += drew ? 1 : 0;
+    counted.moves += moved ? 1 : 0;
+    counted.passes += passed ? 1 : 0;
+    counted.draws += drew ? 1 : 0;
     if (moved || passed || drew) {
         tell(listen, moved ? play_move : passed ? play_pass : play_draw, seat);
     }
@@ -141,25 +143,27 @@ update_result update_count(const ways_out& ways, play_record& record, const play
     return passed_at_once ? turn_ended : turn_goes_on;
 }
 
-void game_play(const ways_out& ways, i64 most_turns, play_record& record,
+void game_play(const ways_out& ways, i64 most_turns, play_record& counted,
                const play_listener& listen) {
     game_start();
+    record = {};  // none is kept of these games: it would write down the map for each
+    record.deal = last_deal.number;
     tell(listen, play_deal, turn.current_player);
     i64 turns = 0;
     update_result result = turn_goes_on;
     while (turn.winner == no_winner && result != game_stuck && turns < most_turns) {
-        result = update_count(ways, record, listen);
+        result = update_count(ways, counted, listen);
         turns += result == turn_ended ? 1 : 0;
     }
-    record.turns.push_back(turns);
+    counted.turns.push_back(turns);
     tell(listen, turn.winner != no_winner ? play_win : play_end, turn.current_player);
     if (turn.winner != no_winner) {
-        record.wins[turn.winner] += 1;
-        record.at_once += turns == 1 ? 1 : 0;
+        counted.wins[turn.winner] += 1;
+        counted.at_once += turns == 1 ? 1 : 0;
     } else if (current_seat().is_computer || result != game_stuck) {
-        record.unfinished += 1;
+        counted.unfinished += 1;
     } else {
-        record.stuck += 1;
+        counted.stuck += 1;
     }
 }
 
@@ -167,7 +171,7 @@ void game_play(const ways_out& ways, i64 most_turns, play_record& record,
 
 play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, i64 most_turns,
                      const play_listener& listen) {
-    play_record record = {std::vector<i64>(seats.size()), {}, 0, 0, 0, 0, 0, 0};
+    play_record counted = {std::vector<i64>(seats.size()), {}, 0, 0, 0, 0, 0, 0};
     const stone_places places(stones.begin(), stones.end());
     const ways_out ways = ways_out_find();
     seats_make(seats);
@@ -175,10 +179,10 @@ play_record map_play(const std::vector<i64>& seats, i64 games, u64 seed, i64 mos
     for (i64 game = 0; game < games; ++game) {
         progress_show("games", game, games);
         stones_put_back(places);
-        game_play(ways, most_turns, record, listen);
+        game_play(ways, most_turns, counted, listen);
     }
     progress_end();
-    return record;
+    return counted;
 }
 
 i64 median(std::vector<i64> values) {
