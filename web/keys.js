@@ -33,6 +33,8 @@ const keys = [
     {says: "Paste", key: "v", place: "KeyV", on: "editor", rare: true},
     {says: "Undo", key: "z", place: "KeyZ", held: "Control", on: "game editor"},
     {says: "Redo", key: "y", place: "KeyY", held: "Control", on: "game editor"},
+    {says: "Play it", name: "Play the map", key: "F9", place: "F9", on: "editor", needs: "playable"},
+    {says: "Edit it", name: "Back to the editor", key: "F9", place: "F9", on: "trial"},
     {says: "Load", key: "o", place: "KeyO", held: "Control", on: "editor"},
     {says: "Save", key: "s", place: "KeyS", held: "Control", on: "editor", types: true},
     {says: "Reset view", key: "r", place: "KeyR", on: "game editor"},

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "editor/text_entry.h"
+#include "editor/trial.h"
+#include "maps/map_work.h"
 #include "maps/model.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
@@ -66,6 +68,8 @@ constexpr screen_word words[] = {
     {"arrow", arrow_is_selected},
     {"label", rule_is_selected},
     {"nimbers", [] { return board_is_shown() && machine_kind == state_machine; }},
+    {"playable", [] { return editor_is_shown() && trial_key_works(); }},
+    {"trial", [] { return map_work.aside.length > 0; }},
     {"rule", [] { return screens.text_entry_open && text_entry.text_purpose_rule; }},
     {"name", [] { return screens.text_entry_open && text_entry.text_purpose_map_name; }},
     {"action", [] { return machine_kind == turing_machine; }},

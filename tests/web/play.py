@@ -230,6 +230,7 @@ def play_by_touch(address):
         expect("what was no tap clicked", touch.expect_no_click(browser))
         touch.play_three_seats(browser, link_letters("pushdown", "three", touch.DUEL))
         touch.make_map(browser)
+        touch.try_map(browser)
         made = touch.save_map(browser)
         expect(f"the map is another: {made}", re.sub("hand .*", "hand", made) == touch.MADE)
         browser.driver.refresh()

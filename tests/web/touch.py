@@ -81,6 +81,13 @@ def make_map(browser):
         wait_screen(browser, "editor", absent="state")
 
 
+def try_map(browser):
+    browser.tap_button("Play the map")
+    wait_screen(browser, "trial", absent="editor")
+    browser.tap_button("Back to the editor")
+    wait_screen(browser, "editor", absent="trial")
+
+
 def save_map(browser):
     browser.tap_button("Save")
     wait_screen(browser, "name")
