@@ -74,8 +74,8 @@ def names_and_records(browser, address, link_of):
     browser.script("indexedDB.deleteDatabase('quorrel')")
 
 
-def work_is_kept(browser, letters):
-    say("work is kept when the page is hidden, once; a link that cannot be copied is shown")
+def refused_copy(browser, letters):
+    say("a link that may not be copied is shown")
     take(browser, letters)
     browser.script("navigator.clipboard.writeText = () => Promise.reject(new Error('refused'))")
     browser.script("document.getElementById('copy_link').click()")
@@ -163,7 +163,7 @@ def play(page, link_of):
         names_and_records(browser, server.address, link_of)
     with Browser() as browser:
         second_tab(browser, server.address, link_of)
-        work_is_kept(browser, link_of("first"))
+        refused_copy(browser, link_of("first"))
         narrow_notice(browser)
         next_build(browser, server, page)
     server.stop()
