@@ -5,16 +5,17 @@
 
 #include "ai/computer.h"
 #include "maps/catalogue.h"
+#include "maps/reader.h"
 #include "maps/writer.h"
 #include "rules/cards.h"
 #include "rules/random.h"
+#include "rules/seats.h"
 #include "rules/selection.h"
 #include "rules/turns.h"
 
 game_record record;
 u16 record_stones[no_index];
 char record_map[record_map_limit];
-char record_name[record_name_limit];
 recorded_act record_acts[record_act_limit];
 
 namespace {
@@ -35,7 +36,7 @@ void map_note() {
     const catalogue_entry* entry = catalogue_selected();
     if (entry != nullptr && entry->name.length <= record_name_limit) {
         record.name_length = entry->name.length;
-        std::copy_n(entry->name.data, entry->name.length, record_name);
+        std::copy_n(entry->name.data, entry->name.length, record.name);
     }
 }
 
@@ -45,16 +46,6 @@ void seats_note() {
                                            seat.colour_index};
         record.seat_count += 1;
     }
-}
-
-// How many random numbers were drawn since chance stood there.
-i64 draws_since(random_state before) {
-    random_state now = random_generator;
-    i64 draws = 0;
-    for (random_generator = before; random_generator != now; ++draws) {
-        random_next();
-    }
-    return draws;
 }
 
 void act_note(const game_act& act, bool by_computer, i64 draws) {
@@ -67,20 +58,12 @@ void act_note(const game_act& act, bool by_computer, i64 draws) {
     record_acts[record.position] = {act, by_computer, turn.move_timer > 0, static_cast<u8>(draws)};
     record.position += 1;
     record.act_count = record.position;
-}
-
-// The move that is shown has landed.
-void move_land() {
-    if (turn.move_timer > 0) {
-        turn.move_timer = 0;
-        turn_end();
-    }
-    deck_refill();
+    record.changes += 1;
 }
 
 void act_do_again(const recorded_act& act) {
     if (!act.in_flight) {
-        move_land();
+        record_land();
     }
     for (i64 i = 0; i < act.draws; ++i) {
         random_next();
@@ -99,12 +82,22 @@ void record_follow() {
     if (record.deal == last_deal.number) {
         return;
     }
+    record_begin(last_deal.start);
+}
+
+void record_begin(const deal_start& start) {
+    i64 changes = record.changes;
     record = {};
     record.deal = last_deal.number;
+    record.changes = changes + 1;
     record.whole = true;
-    record.start = last_deal.start;
+    record.start = start;
     map_note();
     seats_note();
+}
+
+bool record_exists() {
+    return record.seat_count > 0;
 }
 
 void record_take(const game_act& act) {
@@ -117,9 +110,35 @@ void record_take_computer() {
     random_state before = random_generator;
     game_act act = computer_decide();
     if (act.kind != act_wait) {
-        act_note(act, true, draws_since(before));
+        act_note(act, true, random_draws_since(before));
         act_do(act);
     }
+}
+
+void record_restart() {
+    bool own_map = record.own_map;
+    if (own_map) {
+        std::copy_n(record_stones, record.stone_count, stones.data);
+    }
+    game_start();
+    record_follow();
+    record.own_map = own_map;
+}
+
+void record_append(const recorded_act& act) {
+    assert(record.whole && record.act_count < record_act_limit);
+    record_acts[record.act_count] = act;
+    record.act_count += 1;
+    record.position = record.act_count;
+    act_do_again(act);
+}
+
+void record_land() {
+    if (turn.move_timer > 0) {
+        turn.move_timer = 0;
+        turn_end();
+    }
+    deck_refill();
 }
 
 void record_go(i64 position) {
@@ -130,12 +149,64 @@ void record_go(i64 position) {
     for (i64 i = 0; i < position; ++i) {
         act_do_again(record_acts[i]);
     }
-    move_land();
+    record_land();
     selection = {};
     flight = {};
     turn.think_timer = current_seat().is_computer ? think_after_turn : 0;
     cover_put();
     record.position = position;
+    record.changes += 1;
+}
+
+bool record_resume() {
+    i64 mark = arenas[arena_persistent].offset;
+    if (!record.whole || record.map_length > record_map_limit ||
+        record.map_length > arena_room(arena_persistent)) {
+        return false;
+    }
+    str text = str_copy({record_map, record.map_length});
+    if (!record_map_load(record.family, record.settings, text, mark)) {
+        return false;
+    }
+    record_seats_take(record.seats, record.seat_count);
+    record_entry_select({record.name, record.name_length});
+    record.own_map = catalogue_selected() == nullptr;
+    record.deal = last_deal.number;
+    record_go(record.position);
+    return true;
+}
+
+bool record_map_load(i64 family, const map_settings& cards, str text, i64 mark) {
+    i64 family_before = machine_kind;
+    map_settings settings_before = settings;
+    machine_kind = family;
+    settings = cards;
+    if (!map_take(text, mark)) {
+        machine_kind = family_before;
+        settings = settings_before;
+        return false;
+    }
+    if (stones.count == 0) {
+        dyn_array_push(stones, 0);
+        dyn_array_push(stones, 0);
+    }
+    return true;
+}
+
+void record_seats_take(const record_seat* seats, i64 count) {
+    player_count = count;
+    seats_adjust();
+    for (i64 i = 0; i < count; ++i) {
+        players[i].is_computer = seats[i].is_computer;
+        players[i].strength = seats[i].strength;
+        seat_colour_set(players[i], seats[i].colour_index);
+    }
+}
+
+void record_entry_select(str name) {
+    current_catalogue = &catalogues[machine_kind];
+    const catalogue_entry* entry = catalogue_find(name);
+    selected_entry = entry != nullptr ? entry - current_catalogue->data : -1;
 }
 
 str record_fault() {

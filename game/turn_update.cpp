@@ -8,7 +8,6 @@
 #include "platform/input.h"
 #include "rules/cards.h"
 #include "rules/check.h"
-#include "rules/deal.h"
 #include "rules/selection.h"
 #include "rules/turns.h"
 
@@ -46,7 +45,7 @@ void space_key_apply() {
         return;
     }
     if (turn.winner != no_winner) {
-        game_start();
+        record_restart();
     } else if (!current_seat().is_computer) {
         turn.turn_revealed = true;
     }

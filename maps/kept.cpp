@@ -16,7 +16,6 @@ namespace {
 
 char waiting_bytes[waiting_capacity];
 
-constexpr i64 kept_count = 100;
 constexpr i64 name_limit = 200;  // bytes; file systems take 255 with family and date
 constexpr i64 kept_path_limit = name_limit + 32;
 

@@ -11,6 +11,7 @@
 #include "base/types.h"
 
 inline constexpr str kept_folder = "kept";
+inline constexpr i64 kept_count = 100;  // files
 
 inline constexpr i64 waiting_limit = 32;                        // maps
 inline constexpr i64 waiting_capacity = i64{16} * 1024 * 1024;  // bytes of all of them

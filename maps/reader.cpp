@@ -234,14 +234,11 @@ void map_read(str text) {
     fault_assert(map_fault);
 }
 
-void map_load(str path) {
-    i64 mark = arenas[arena_persistent].offset;
-    str text;
+bool map_take(str text, i64 mark) {
     record_counts counted = {};
-    if (!file_read_all(path, text) || !map_fits(text, counted)) {
+    if (!map_fits(text, counted)) {
         arena_rewind(arena_persistent, mark);
-        failure_tell({"failed to load map: ", path});
-        return;
+        return false;
     }
     map_work_give_way();
     text = text_settle(text, mark);
@@ -250,5 +247,15 @@ void map_load(str path) {
     dyn_array_reserve(stones, counted.stones);
     dyn_array_reserve(goals, counted.goals);
     map_read(text);
+    return true;
+}
+
+void map_load(str path) {
+    i64 mark = arenas[arena_persistent].offset;
+    str text;
+    if (!file_read_all(path, text) || !map_take(text, mark)) {
+        failure_tell({"failed to load map: ", path});
+        return;
+    }
     map_work_is_saved(path);
 }

@@ -14,6 +14,8 @@ inline constexpr u32 display_samples_one = 1;  // samples per pixel: no multisam
 void display_open(i32 width, i32 height, str title, u32 options, u32 samples);
 // Whether the player has closed the window.
 bool display_is_closed();
+// Whether nothing of the window can be seen, as while it is minimised.
+bool display_is_hidden();
 void display_set_fullscreen(bool fullscreen);
 // The size of the picture that fills the whole display which the window stands on: of the display's
 // proportions, and in its own pixels where it is neither too small nor much larger than needed.

@@ -6,7 +6,12 @@
 #include "base/str.h"
 #include "base/types.h"
 
-enum file_mode : u32 { file_mode_write = 1, file_mode_read = 2, file_mode_dated = 4 };
+enum file_mode : u32 {
+    file_mode_write = 1,
+    file_mode_read = 2,
+    file_mode_dated = 4,
+    file_mode_quick = 8,
+};
 
 using file_id = u64;
 
@@ -14,7 +19,8 @@ using file_id = u64;
 // collects into a temporary file beside the target, which stays whole until `file_close`. A dated
 // file is written too, but replaces none: the local time is added to its name, "a" becomes
 // "a.2026-11-23_18-30-05", and "-2" and so on when that second has one already. It is newer than
-// the dated files that are there, whatever the clock says.
+// the dated files that are there, whatever the clock says. A quick file is written without waiting
+// for the disk: a loss of power may take it, nothing else can.
 file_id file_open(str path, u32 mode);
 // Whether opening, reading, writing or, once the file is closed, replacing the target has failed.
 // The answer for a closed file holds until the next `file_open`.

@@ -13,7 +13,7 @@ constexpr int wrong_use = 2;
 constexpr char help[] =
     "usage: quorrel [OPTION]... [FILE]...\n"
     "\n"
-    "Starts the game. Each map FILE is first taken into your custom maps.\n"
+    "Starts the game. Each map FILE is first taken into your custom maps; a game FILE is opened.\n"
     "\n"
     "  --directory DIR  play in DIR instead of $XDG_DATA_HOME/quorrel or ~/.local/share/quorrel\n"
     "  --family NAME    the FILEs are maps of this family: state, pushdown or turing\n"

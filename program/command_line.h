@@ -10,7 +10,7 @@ struct command_line {
     bool restore_maps = false;
     const char* directory = "";  // to play in; empty for the usual one
     i64 family = no_family;      // of all `files`; `no_family` to let each tell
-    char** files = nullptr;      // maps to take in
+    char** files = nullptr;      // maps to take in, games to open
     i64 file_count = 0;
 };
 

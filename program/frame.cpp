@@ -9,6 +9,7 @@
 #include "base/tidings.h"
 #include "editor/editor.h"
 #include "editor/trial.h"
+#include "game/game_file.h"
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
@@ -58,6 +59,7 @@ void escape_apply() {
         screens.player_setup_open = false;
         screens.title_menu_open = true;
     } else {
+        game_file_write();
         screens.player_setup_open = true;
     }
 }
@@ -79,6 +81,9 @@ void keys_apply() {
     }
     if (input_key_is_pressed(key_f9)) {
         trial_key_apply();
+    }
+    if (input_key_is_pressed(key_f4) && !board_is_shown() && !screens.editor_open) {
+        game_return();
     }
     if (input_key_is_pressed(key_f11)) {
         fullscreen_toggle();
@@ -164,6 +169,10 @@ bool program_frame() {
     camera_input_apply(render_target.width, render_target.height);
     if (game_is_shown()) {
         turn_update();
+        game_file_write_at_times();
+    }
+    if (display_is_hidden()) {
+        game_file_write();
     }
     render_frame_begin();
     screen_frame();
@@ -186,6 +195,7 @@ void program_restore_gpu() {
 }
 
 void program_end() {
+    game_file_write();
     map_work_finish();
     display_close();
     renderer_release();

@@ -12,6 +12,7 @@
 #include "editor/rule_advice.h"
 #include "editor/text_entry.h"
 #include "editor/trial.h"
+#include "game/game_file.h"
 #include "game/hand_panel.h"
 #include "game/record.h"
 #include "game/takeback.h"
@@ -63,6 +64,7 @@ void game_globals_reset() {
     last_deal = {};
     record = {};
     takeback = {};
+    game_file = {};
     text_entry = {};
     goal_editing = {};
     history = {};

@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 #include "base/tidings.h"
+#include "game/game_file.h"
 #include "maps/catalogue.h"
 #include "maps/map_work.h"
 #include "platform/directory.h"
@@ -32,13 +34,32 @@ dyn_array<str> import_paths(const command_line& command) {
     return paths;
 }
 
+// The game file that was named last.
+struct named_game {
+    char path[4096];
+    i64 length;
+};
+
+named_game game_named;
+
+void game_name(str path) {
+    if (path.length <= i64{sizeof game_named.path}) {
+        std::copy_n(path.data, path.length, game_named.path);
+        game_named.length = path.length;
+    }
+}
+
 // What cannot be taken in is told; the others are.
 void maps_import(const dyn_array<str>& paths, i64 family) {
     if (paths.count > 0) {
         catalogues_load();
     }
     for (str path : paths) {
-        map_import(path, family);
+        if (file_is_game(path)) {
+            game_name(path);
+        } else {
+            map_import(path, family);
+        }
     }
 }
 
@@ -74,6 +95,7 @@ int main(int argument_count, char** arguments) {
     i64 imported_family = machine_kind;
     tidings_record told = tidings;
     std::atexit(map_work_finish);  // also when the GPU or the display ends the program
+    std::atexit(game_file_write);
     program_start();
     if (command.file_count > 0) {
         machine_kind = imported_family;
@@ -83,6 +105,9 @@ int main(int argument_count, char** arguments) {
     }
     if (command.fullscreen) {
         fullscreen_toggle();
+    }
+    if (game_named.length > 0) {
+        game_open({game_named.path, game_named.length});
     }
     while (program_frame()) {}
     program_end();

@@ -34,6 +34,15 @@ u64 random_next() {
     return result;
 }
 
+i64 random_draws_since(random_state before) {
+    random_state now = random_generator;
+    i64 draws = 0;
+    for (random_generator = before; random_generator != now; ++draws) {
+        random_next();
+    }
+    return draws;
+}
+
 u64 random_below(u64 n) {
     assert(n >= 1);
     for (;;) {

@@ -20,6 +20,8 @@ extern random_state random_generator;
 
 void random_seed(u64 t);
 u64 random_next();
+// How many numbers were drawn since the generator stood there.
+i64 random_draws_since(random_state before);
 // Uniform in [0, n) for n >= 1; draws from the generator also for n = 1.
 u64 random_below(u64 n);
 // A uniform choice among `count` >= 1 things, by their index; draws as `random_below` does.

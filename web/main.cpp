@@ -10,6 +10,7 @@
 
 #include "base/arena.h"
 #include "editor/editor.h"
+#include "game/game_file.h"
 #include "maps/catalogue.h"
 #include "maps/code_limits.h"
 #include "maps/family.h"
@@ -186,6 +187,7 @@ EMSCRIPTEN_KEEPALIVE void page_files_changed() {
 // The player may be about to leave the page.
 EMSCRIPTEN_KEEPALIVE void page_leave() {
     map_work_keep();
+    game_file_write();
 }
 
 EMSCRIPTEN_KEEPALIVE void page_fullscreen_changed(bool fullscreen) {

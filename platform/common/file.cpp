@@ -89,6 +89,7 @@ file_id file_open(str path, u32 mode) {
         slot->stream = regular_file_open(path, slot->size);
     } else {
         slot->written = replacement_open(path_text(path), mode == file_mode_dated);
+        slot->written.quick = mode == file_mode_quick;
         slot->stream = slot->written.stream;
     }
     slot->failed = slot->stream == nullptr;

@@ -179,14 +179,17 @@ bool replacement_sync(const replacement& file) {
 }
 
 bool replacement_commit(replacement& file) {
-    bool placed = replacement_sync(file) &&
-                  (file.dated ? name_anew(file)
-                              : std::rename(file.temporary.c_str(), file.target.c_str()) == 0);
+    bool written = file.quick ? std::fflush(file.stream) == 0 : replacement_sync(file);
+    bool placed =
+        written && (file.dated ? name_anew(file)
+                               : std::rename(file.temporary.c_str(), file.target.c_str()) == 0);
     if (!placed) {
         replacement_discard(file);
         return false;
     }
-    folder_sync(fs::path(file.target).parent_path());
+    if (!file.quick) {
+        folder_sync(fs::path(file.target).parent_path());
+    }
     std::fclose(file.stream);
     file.stream = nullptr;
     return true;

@@ -11,6 +11,7 @@
 struct replacement {
     std::FILE* stream = nullptr;  // takes the new content; null when there is none
     bool dated = false;           // takes a new name, the target and the time, instead of its place
+    bool quick = false;           // a loss of power may take it: the disk is not waited for
     std::string target = {};
     std::string temporary = {};
 };

@@ -15,6 +15,7 @@ struct machine {
     i32 screen_height = 1080;
     bool window_open = false;
     bool window_closed_by_player = false;
+    bool window_hidden_by_player = false;
     bool fullscreen = false;
     i64 fullscreen_calls = 0;
     f64 pointer_x = 0.0;
@@ -40,6 +41,10 @@ void headless_set_time(u64 time) {
 void headless_set_screen(i32 width, i32 height) {
     now.screen_width = width;
     now.screen_height = height;
+}
+
+void headless_hide_window() {
+    now.window_hidden_by_player = true;
 }
 
 void headless_close_window() {
@@ -118,6 +123,10 @@ void display_open(i32, i32, str, u32, u32) {
 
 bool display_is_closed() {
     return now.window_closed_by_player;
+}
+
+bool display_is_hidden() {
+    return now.window_hidden_by_player;
 }
 
 void display_set_fullscreen(bool fullscreen) {

@@ -88,6 +88,7 @@ void headless_reset();
 
 void headless_set_time(u64 time);                         // what `system_time` answers
 void headless_set_screen(i32 width, i32 height);          // what `display_get_info` answers
+void headless_hide_window();                              // the player hides it
 void headless_close_window();                             // the player closes the window
 void headless_fail_shader(u32 nth, std::string message);  // the nth `shader_source` (from 0) fails
 void headless_set_frame_buffer_status(u32 status);        // what `frame_buffer_get_status` answers

@@ -249,6 +249,10 @@ bool display_is_closed() {
     return close_requested;
 }
 
+bool display_is_hidden() {
+    return (SDL_GetWindowFlags(window) & (SDL_WINDOW_HIDDEN | SDL_WINDOW_MINIMIZED)) != 0;
+}
+
 void display_set_fullscreen(bool fullscreen) {
     is_fullscreen = fullscreen;
     logical_size = fullscreen ? view_fullscreen(display_size()) : windowed_size;

@@ -100,6 +100,10 @@ bool display_is_closed() {
     return false;
 }
 
+bool display_is_hidden() {
+    return false;  // a page that is hidden plays no frames
+}
+
 void display_set_fullscreen(bool fullscreen) {
     is_fullscreen = fullscreen;
     fullscreen_size = view_fullscreen(screen_size());

@@ -1,7 +1,16 @@
 #include "game/record.h"
 
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
 #include <cstdlib>
 
+#include "game/game_file.h"
+#include "game/game_reader.h"
+#include "game/game_writer.h"
 #include "game/turn_update.h"
 #include "maps/reader.h"
 #include "rules/cards.h"
@@ -13,6 +22,22 @@ namespace {
 
 // Plays shipped maps with seats of all kinds. Humans, and who clicks for a computer, do anything
 // that is open, also while a stone flies.
+std::string game_written() {
+    std::string text;
+    game_write([](void* to, str piece) { *static_cast<std::string*>(to) += string_of(piece); },
+               &text);
+    return text;
+}
+
+// What became of a text, in words.
+std::string game_read_back(const std::string& text) {
+    text_fault fault;
+    std::string answer = game_read(str_copy(str_of(text)), trust_nobody, fault) ? "" : "refused, ";
+    return answer + std::to_string(record.act_count) + " acts" +
+           (fault.reason.length == 0 ? "" : ", line " + std::to_string(fault.line)) + " " +
+           string_of(fault.reason);
+}
+
 class record_test : public game_test {
   protected:
     std::mt19937_64 random{1};
@@ -52,6 +77,12 @@ class record_test : public game_test {
         record_go(below(position + 1));
         record_go(position);
         ASSERT_EQ(game_print(), print) << position << "\n" << game_text();
+        if (position % 16 == 1 && record.act_count > 0) {
+            const std::string text = game_written();
+            ASSERT_EQ(game_read_back(text), std::to_string(record.act_count) + " acts ");
+            ASSERT_EQ(game_print(), print) << text;
+            ASSERT_EQ(game_written(), text);
+        }
         turn = before;
     }
 };
@@ -77,6 +108,99 @@ TEST_F(record_test, GivesTheSameGameAgain) {
             }
         }
     }
+}
+
+// Two seats on a small map, who play it to its end.
+constexpr const char* duel =
+    "quorrel game 1\n# by hand\nfamily pushdown\nseat human red\nseat hard blue\n"
+    "chance 0000000000000001 0000000000000002 0000000000000003 0000000000000004\n"
+    "cards 1 1 1 6 2 0\n|map 0 0 128\n| win 0\n| . 0 0\n| => 0 0 0 0 0 \"*\"\n\n";
+
+TEST_F(record_test, TellsWhatIsWrongWithAText) {
+    golden_check("game/game_texts", [](const std::string& change) {
+        globals_start();
+        random_seed(1);
+        std::string text = duel;
+        std::string acts = change.substr(change.find('|') + 1);
+        if (std::string cut = change.substr(0, change.find('|')); !cut.empty()) {
+            const std::size_t place = text.find(cut.substr(0, cut.find('>')));
+            text.replace(place, cut.find('>'), cut.substr(cut.find('>') + 1));
+        }
+        return game_read_back(text + replaced(acts, ';', '\n'));
+    });
+}
+
+// A program starts, plays, and ends somehow; the next ones go on.
+TEST_F(record_test, GoesBackIntoTheGameUnderWay) {
+    auto start = [] {
+        globals_start();
+        random_seed(1);
+    };
+    auto begin = [&](const char* acts) {
+        start();
+        EXPECT_EQ(game_read_back(duel + replaced(acts, ';', '\n')).find("refused"),
+                  std::string::npos);
+    };
+    auto returned = [&] {
+        start();
+        return game_return() ? pile_text(players[0].hand) : "none";
+    };
+    EXPECT_EQ(returned(), "none");
+    begin("move 0 0");
+    game_file_write();
+    const std::string first = returned();
+    EXPECT_EQ(first.size(), 3U);
+    EXPECT_TRUE(game_return()) << "from memory";
+    EXPECT_EQ(pile_text(players[0].hand), first);
+    // Another program's game takes the file; this one's moves out of its way.
+    const game_file_record this_program = game_file;
+    begin("draw");
+    game_file_write();
+    EXPECT_EQ(names_in("kept").size(), 1U);
+    begin("draw;end");
+    game_file = this_program;
+    game_file.changes_written = 0;
+    game_file_write();
+    EXPECT_EQ(names_in("kept").size(), 2U);
+    EXPECT_EQ(returned().size(), 11U) << "the newer one";
+    // A game that is over is not kept.
+    turn.winner = 0;
+    record_go(0);
+    turn.winner = 0;
+    game_file_write();
+    EXPECT_EQ(returned(), "none");
+}
+
+// QUORREL_KILLS: how many programs are killed while they play on, each where the one before was.
+TEST_F(record_test, LosesFewActsWhenKilled) {
+    const char* wanted = std::getenv("QUORREL_KILLS");
+    const std::string text = replaced(
+        "quorrel game 1;family state;seat easy red;seat hard blue;"
+        "chance 0000000000000001 0000000000000002 0000000000000003 0000000000000004;"
+        "|map 0 0 128;|win 1;|stone 0;|. 0 0;|. 1 0;|=> 0 1 0;|=> 1 0 0;|=> 1 1 0;ai 1 move 0;",
+        ';', '\n');
+    auto* played = static_cast<std::atomic<i64>*>(mmap(nullptr, sizeof(std::atomic<i64>),
+                                                       PROT_READ | PROT_WRITE,
+                                                       MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    EXPECT_EQ(game_read_back(text), "1 acts ");
+    game_file_write();
+    for (i64 left = wanted != nullptr ? std::atoll(wanted) : 20; left > 0; --left) {
+        globals_start();
+        ASSERT_TRUE(game_return()) << file_get("under_way.quorrel-game");
+        ASSERT_GE(record.position, *played - 5);
+        *played = record.position;
+        pid_t program = fork();
+        for (; program == 0; *played = record.position) {
+            turn.think_timer = 0;
+            turn.move_timer = std::min(turn.move_timer, 0.001);
+            turn_update();
+            game_file_write_at_times();
+        }
+        usleep(static_cast<useconds_t>(below(20'000)));
+        kill(program, SIGKILL);
+        waitpid(program, nullptr, 0);
+    }
+    EXPECT_GT(*played, 1);
 }
 
 }  // namespace

@@ -1,0 +1,211 @@
+#include "game/game_file.h"
+
+#include <algorithm>
+
+#include "base/fingerprint.h"
+#include "base/numbers.h"
+#include "base/tidings.h"
+#include "game/game_reader.h"
+#include "game/game_words.h"
+#include "game/game_writer.h"
+#include "game/record.h"
+#include "game/takeback.h"
+#include "maps/file_text.h"
+#include "maps/kept.h"
+#include "platform/file.h"
+#include "platform/folder.h"
+#include "rules/screens.h"
+
+game_file_record game_file;
+
+namespace {
+
+constexpr str shared_path = "under_way.quorrel-game";
+constexpr str own_folder = "kept/under_way_";  // with the number that the game began with
+constexpr i64 acts_unwritten = 4;              // at most, but for the one that is being shown
+
+void bytes_add(u64& print, str bytes) {
+    for (char byte : bytes) {
+        print_add(print, u64{static_cast<u8>(byte)});
+    }
+}
+
+// Of what the shared file holds; 0 when it cannot be read.
+u64 shared_print() {
+    file_id file = file_open(shared_path, file_mode_read);
+    u64 print = 1;
+    char bytes[4096];
+    for (i64 left = file_size(file); left > 0; left -= std::min(left, i64{sizeof bytes})) {
+        i64 size = std::min(left, i64{sizeof bytes});
+        file_read(file, size, bytes);
+        bytes_add(print, {bytes, size});
+    }
+    file_close(file);
+    return file_failed(file) ? 0 : print;
+}
+
+struct game_output {
+    file_id file;
+    u64 print;
+};
+
+void piece_write(void* to, str piece) {
+    game_output& out = *static_cast<game_output*>(to);
+    file_write(out.file, piece.length, piece.data);
+    bytes_add(out.print, piece);
+}
+
+// Whether writing the shared file, or deleting it, takes nothing from another program.
+bool shared_is_ours() {
+    return !file_is_own(shared_path) || (game_file.print != 0 && shared_print() == game_file.print);
+}
+
+constexpr i64 path_limit = 64;
+
+// The file that this game has of its own.
+str own_path(char (&bytes)[path_limit]) {
+    text_buffer text = {bytes, sizeof bytes, 0, 0};
+    text_buffer_put_str(text, own_folder);
+    text_buffer_put_int(text, static_cast<i64>(record.start.chance.s0 >> 1));
+    text_buffer_put_str(text, ".quorrel-game");
+    return text_buffer_text(text);
+}
+
+void own_delete() {
+    char bytes[path_limit];
+    if (game_file.has_own) {
+        file_delete(own_path(bytes));
+        game_file.has_own = false;
+    }
+}
+
+bool write_to(str path, u32 mode, u64& print) {
+    game_output out = {file_open(path, mode), 1};
+    game_write(piece_write, &out);
+    file_close(out.file);
+    print = out.print;
+    return !file_failed(out.file);
+}
+
+// A run that has written there before has been pushed aside by a newer one.
+bool own_write(u32 mode) {
+    char bytes[path_limit];
+    u64 print;
+    game_file.has_own = true;
+    return write_to(own_path(bytes), mode, print);
+}
+
+bool shared_write(u32 mode) {
+    if (!shared_is_ours()) {
+        folder_trim(kept_folder, kept_count - 1);
+        file_keep(shared_path, "kept/under_way.game");
+    }
+    own_delete();
+    return write_to(shared_path, mode, game_file.print);
+}
+
+void write(u32 mode) {
+    game_file.changes_written = record.changes;
+    bool pushed_aside = game_file.print != 0 && !shared_is_ours();
+    bool written = pushed_aside ? own_write(mode) : shared_write(mode);
+    if (!written && !game_file.failed) {
+        failure_tell({"failed to keep the game under way: ", shared_path});
+    }
+    game_file.failed = !written;
+}
+
+void remove() {
+    game_file.changes_written = record.changes;
+    if (shared_is_ours()) {
+        file_delete(shared_path);
+    }
+    own_delete();
+}
+
+void keep(u32 mode) {
+    if (turn.winner == no_winner) {
+        write(mode);
+    } else {
+        remove();
+    }
+}
+
+void board_show() {
+    takeback = {};
+    screens = {};
+    screens.title_menu_open = false;
+}
+
+bool kept_game_resume() {
+    str text;
+    i64 mark = arenas[arena_persistent].offset;
+    text_fault fault;
+    if (!file_read_all(shared_path, text) || !game_read(text, trust_text, fault)) {
+        arena_rewind(arena_persistent, mark);
+        return false;
+    }
+    game_file.print = 1;
+    bytes_add(game_file.print, text);
+    game_file.changes_written = record.changes;
+    return true;
+}
+
+}  // namespace
+
+void game_file_write() {
+    if (record.changes != game_file.changes_written && game_can_be_written()) {
+        keep(file_mode_write);
+    }
+}
+
+void game_file_write_at_times() {
+    if (record.changes - game_file.changes_written >= acts_unwritten && turn.move_timer <= 0 &&
+        game_can_be_written()) {
+        keep(file_mode_quick);
+    }
+}
+
+bool game_can_return() {
+    return record_exists() || file_is_own(shared_path);
+}
+
+bool file_is_game(str path) {
+    char start[game_text_start.length];
+    file_id file = file_open(path, file_mode_read);
+    bool long_enough = file_size(file) >= game_text_start.length;
+    file_read(file, long_enough ? game_text_start.length : 0, start);
+    file_close(file);
+    return long_enough && !file_failed(file) && text_is_game({start, game_text_start.length});
+}
+
+bool game_open(str path) {
+    game_file_write();
+    i64 mark = arenas[arena_persistent].offset;
+    str text;
+    text_fault fault;
+    if (!file_read_all(path, text)) {
+        failure_tell({"failed to read game: ", path});
+        return false;
+    }
+    bool opened = game_read(text, trust_nobody, fault);
+    if (fault.reason.length > 0) {
+        failure_tell({str_after_last(path, '/'), ": line ", number_text(fault.line), ": ",
+                      fault.reason, opened ? str("; the game stands before it") : str()});
+    }
+    if (!opened) {
+        arena_rewind(arena_persistent, mark);
+        return false;
+    }
+    game_file.print = 0;  // the file holds another game
+    board_show();
+    return true;
+}
+
+bool game_return() {
+    if (record_exists() ? !record_resume() : !kept_game_resume()) {
+        tiding_tell(tiding_refusal, {"there is no game to go back to"});
+        return false;
+    }
+    board_show();
+    return true;
+}
