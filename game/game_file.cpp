@@ -166,7 +166,7 @@ void game_file_write_at_times() {
 }
 
 bool game_can_return() {
-    return record_exists() || file_is_own(shared_path);
+    return record_stays() || file_is_own(shared_path);
 }
 
 bool file_is_game(str path) {
@@ -202,7 +202,7 @@ bool game_open(str path) {
 }
 
 bool game_return() {
-    if (record_exists() ? !record_resume() : !kept_game_resume()) {
+    if (record_stays() ? !record_resume() : !kept_game_resume()) {
         tiding_tell(tiding_refusal, {"there is no game to go back to"});
         return false;
     }

@@ -109,7 +109,8 @@ void act_write(line_output& out, const recorded_act& act) {
 }  // namespace
 
 bool game_can_be_written() {
-    return record.whole && record.act_count > 0 && record.map_length <= record_map_limit;
+    return record_stays() && record.whole && record.act_count > 0 &&
+           record.map_length <= record_map_limit;
 }
 
 void game_write(text_taker take, void* to) {

@@ -4,8 +4,8 @@
 
 #include "maps/writer.h"
 
-// Whether there is a game to be written: something was done in it, all of it is recorded, and its
-// map's text is no longer than `record_map_limit`.
+// Whether there is a game to be written: one to go back into, in which something was done, of which
+// all is recorded, and whose map's text is no longer than `record_map_limit`.
 bool game_can_be_written();
 
 // Hands the text to `take` piece by piece. Needs no memory of the arenas.

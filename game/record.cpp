@@ -5,6 +5,7 @@
 
 #include "ai/computer.h"
 #include "maps/catalogue.h"
+#include "maps/map_work.h"
 #include "maps/reader.h"
 #include "maps/writer.h"
 #include "rules/cards.h"
@@ -83,6 +84,7 @@ void record_follow() {
         return;
     }
     record_begin(last_deal.start);
+    record.trial = catalogue_selected() == nullptr && map_work_is_played();
 }
 
 void record_begin(const deal_start& start) {
@@ -96,8 +98,8 @@ void record_begin(const deal_start& start) {
     seats_note();
 }
 
-bool record_exists() {
-    return record.seat_count > 0;
+bool record_stays() {
+    return record.seat_count > 0 && !record.trial;
 }
 
 void record_take(const game_act& act) {

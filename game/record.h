@@ -35,6 +35,7 @@ struct game_record {
     i64 deal = 0;          // the number of the deal that it follows
     bool whole = false;    // there is one, and every act since its deal is in it
     bool own_map = false;  // its map is on no list, so that another game begins from the record
+    bool trial = false;    // of the map under work; nobody goes back into it
     i64 family = 0;
     deal_start start = {};
     map_settings settings = {};
@@ -61,8 +62,8 @@ void record_follow();
 // Begins with the loaded map, its settings and the seats, which stand as before a deal from there.
 // It counts as the game that was dealt last.
 void record_begin(const deal_start& start);
-// Whether there is one.
-bool record_exists();
+// Whether there is one to go back into.
+bool record_stays();
 
 // Starts another game on its map with its seats.
 void record_restart();

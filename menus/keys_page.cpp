@@ -5,6 +5,7 @@
 #include "editor/history.h"
 #include "editor/map_edit.h"
 #include "editor/trial.h"
+#include "game/game_file.h"
 #include "game/takeback.h"
 #include "maps/model.h"
 #include "menus/info_overlays.h"
@@ -15,6 +16,10 @@ namespace {
 
 bool always() {
     return true;
+}
+
+bool can_return() {
+    return game_menu_is_shown() && game_can_return();
 }
 
 bool can_go_back() {
@@ -56,6 +61,7 @@ struct key_row {
 constexpr key_row rows[] = {
     {"", "Everywhere:", nullptr},
     {"<f2>", "toggle this page", always},
+    {"<f4>", "from the menus back into the game", can_return},
     {"", "", nullptr},
     {"", "Games and editor:", nullptr},
     {"ctrl+z", "take back what was done", can_go_back},

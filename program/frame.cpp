@@ -82,7 +82,7 @@ void keys_apply() {
     if (input_key_is_pressed(key_f9)) {
         trial_key_apply();
     }
-    if (input_key_is_pressed(key_f4) && !board_is_shown() && !screens.editor_open) {
+    if (input_key_is_pressed(key_f4) && game_menu_is_shown()) {
         game_return();
     }
     if (input_key_is_pressed(key_f11)) {

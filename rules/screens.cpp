@@ -14,3 +14,7 @@ bool game_is_shown() {
 bool editor_is_shown() {
     return screens.editor_open && board_is_shown();
 }
+
+bool game_menu_is_shown() {
+    return !screens.editor_open && !board_is_shown();
+}

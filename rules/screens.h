@@ -21,6 +21,8 @@ bool board_is_shown();
 bool game_is_shown();
 // Whether it is shown to edit its map.
 bool editor_is_shown();
+// Whether one of the menus before a game is shown.
+bool game_menu_is_shown();
 
 struct app_record {
     bool running = false;  // the loop goes on

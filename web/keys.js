@@ -35,6 +35,7 @@ const keys = [
     {says: "Redo", key: "y", place: "KeyY", held: "Control", on: "game editor"},
     {says: "Play it", name: "Play the map", key: "F9", place: "F9", on: "editor", needs: "playable"},
     {says: "Edit it", name: "Back to the editor", key: "F9", place: "F9", on: "trial"},
+    {says: "Back to the game", key: "F4", place: "F4", on: "left"},
     {says: "Load", key: "o", place: "KeyO", held: "Control", on: "editor"},
     {says: "Save", key: "s", place: "KeyS", held: "Control", on: "editor", types: true},
     {says: "Reset view", key: "r", place: "KeyR", on: "game editor"},
@@ -108,6 +109,7 @@ function screen_show() {
     }
     typing_show(screen);
     element("keys").hidden = !element("typing").hidden;
+    element("resume").hidden = !screen.has("left");
 }
 
 // Called by the game, with words for what is shown and what can be done there.
@@ -128,5 +130,9 @@ function page_touched_set(touched) {
 }
 
 key_buttons_make();
+element("resume").onclick = () => {
+    key_press({key: "F4", place: "F4"});
+    canvas_focus();
+};
 element("touched").onclick = () => page_touched_set(!page_touched());
 page_touched_set(matchMedia("(pointer: coarse)").matches);

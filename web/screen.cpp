@@ -6,6 +6,7 @@
 
 #include "editor/text_entry.h"
 #include "editor/trial.h"
+#include "game/game_file.h"
 #include "maps/map_work.h"
 #include "maps/model.h"
 #include "rules/game_state.h"
@@ -17,14 +18,6 @@ EM_JS(void, page_screen_tell, (const char* words), { page_screen(UTF8ToString(wo
 // clang-format on
 
 namespace {
-
-bool game_is_shown() {
-    return board_is_shown() && !screens.editor_open;
-}
-
-bool editor_is_shown() {
-    return board_is_shown() && screens.editor_open;
-}
 
 bool state_is_selected() {
     return editor_is_shown() && selection_source() != no_index && selection_target() == no_index;
@@ -69,6 +62,7 @@ constexpr screen_word words[] = {
     {"label", rule_is_selected},
     {"nimbers", [] { return board_is_shown() && machine_kind == state_machine; }},
     {"playable", [] { return editor_is_shown() && trial_key_works(); }},
+    {"left", [] { return game_menu_is_shown() && game_can_return(); }},
     {"trial", [] { return map_work.aside.length > 0; }},
     {"rule", [] { return screens.text_entry_open && text_entry.text_purpose_rule; }},
     {"name", [] { return screens.text_entry_open && text_entry.text_purpose_map_name; }},
