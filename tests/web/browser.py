@@ -186,8 +186,8 @@ class Browser:
                    for part in self.place(*corner)]
         return any(near(pixel, colour, 24) for pixel in picture.crop(corners).getdata())
 
-    def wait(self, what, condition):
-        end = time.monotonic() + PATIENCE
+    def wait(self, what, condition, patience=PATIENCE):
+        end = time.monotonic() + patience
         while not condition():
             if time.monotonic() > end:
                 self.driver.save_screenshot(str(self.failed))

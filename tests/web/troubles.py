@@ -125,15 +125,18 @@ def next_build(browser, server, page):
         subprocess.run([ASSEMBLE, parts, new, *names], check=True)
         start(browser, server.address)
         old_build = browser.script(build_of)
-        worker_is_done = lambda: browser.driver.execute_async_script(WORKER_IS_DONE)
-        browser.wait("the first set", worker_is_done)
+        # A browser asks for no update in a page's first minute.
+        browser.driver.set_script_timeout(150)
+        wait_for = lambda what: browser.wait(
+            what, lambda: browser.driver.execute_async_script(WORKER_IS_DONE), 180)
+        wait_for("the first set")
         server.directory, server.cut = new, "quorrel.wasm"
         for _ in range(2):
-            browser.wait("the end of the cut update", worker_is_done)
+            wait_for("the end of the cut update")
             start(browser, server.address)
             expect("a cut update counts", browser.script(build_of) == old_build)
         server.cut = None
-        browser.wait("the update", worker_is_done)
+        wait_for("the update")
         server.silent = "."
         start(browser, server.address)
         expect("a whole update does not count", browser.script(build_of) != old_build)
