@@ -25,6 +25,11 @@ struct map_facts {
     std::vector<bool> usable;    // by transition: a card in play may some time meet its rule
 };
 
+// The place of a state or transition in a list that has one value for each of them.
+std::size_t place_of(i64 index) {
+    return static_cast<std::size_t>(index);
+}
+
 void references_check(remarks& found) {
     for (i64 i = 0; i < stones.count; ++i) {
         if (!state_exists(stones[i])) {
@@ -44,7 +49,7 @@ void twins_check(const std::vector<bool>& captions, remarks& found) {
     std::set<std::pair<u16, u16>> seen;
     for (i64 t = 0; t < game_map.transitions.count; ++t) {
         const transition& arc = game_map.transitions[t];
-        if (!seen.insert({arc.from, arc.to}).second && !captions[t]) {
+        if (!seen.insert({arc.from, arc.to}).second && !captions[place_of(t)]) {
             found.doubtful.push_back(transition_name(t) +
                                      " stands behind another one: humans cannot use it");
         }
@@ -124,14 +129,14 @@ void hands_check(remarks& found) {
 void rules_check(const map_facts& facts, remarks& found) {
     for (i64 t = 0; t < game_map.transitions.count; ++t) {
         str rule = game_map.transitions[t].rule;
-        if (facts.captions[t]) {
+        if (facts.captions[place_of(t)]) {
             continue;
         }
         if (rule_stop stop = rule_stop_find(rule); stop.reason.length > 0) {
             found.breaks_play.push_back(
                 transition_name(t) + " has a rule that does not parse: byte " +
                 std::to_string(stop.position) + ": " + std::string(view_of(stop.reason)));
-        } else if (!facts.usable[t]) {
+        } else if (!facts.usable[place_of(t)]) {
             found.doubtful.push_back(transition_name(t) +
                                      " has a rule that no card in play ever meets");
         }
@@ -158,18 +163,18 @@ void reach_check(const map_facts& facts, remarks& found) {
     while (!left.empty()) {
         i64 state = left.back();
         left.pop_back();
-        if (!state_exists(state) || reached[state]) {
+        if (!state_exists(state) || reached[place_of(state)]) {
             continue;
         }
-        reached[state] = true;
-        for (i64 t : facts.ways[state]) {
-            if (facts.usable[t]) {
+        reached[place_of(state)] = true;
+        for (i64 t : facts.ways[place_of(state)]) {
+            if (facts.usable[place_of(t)]) {
                 left.push_back(game_map.transitions[t].to);
             }
         }
     }
     for (i64 s = 0; s < game_map.states.count; ++s) {
-        if (!reached[s]) {
+        if (!reached[place_of(s)]) {
             found.doubtful.push_back("no stone can reach " + state_name(s));
         }
     }
@@ -186,7 +191,7 @@ void nimbers_check(remarks& found) {
 
 void last_mover_check(const map_facts& facts, remarks& found) {
     for (i64 s = 0; s < game_map.states.count; ++s) {
-        if (game_map.states[s].accepting && !facts.ways[s].empty()) {
+        if (game_map.states[s].accepting && !facts.ways[place_of(s)].empty()) {
             found.doubtful.push_back(state_name(s) + " accepts but has a way out");
         }
     }
@@ -198,7 +203,7 @@ void last_mover_check(const map_facts& facts, remarks& found) {
 
 void state_machine_check(const map_facts& facts, bool cyclic, remarks& found) {
     for (i64 s = 0; s < game_map.states.count; ++s) {
-        if (!game_map.states[s].accepting && facts.ways[s].empty()) {
+        if (!game_map.states[s].accepting && facts.ways[place_of(s)].empty()) {
             found.doubtful.push_back(state_name(s) + " has no way out but does not accept");
         }
     }

@@ -190,11 +190,12 @@ TEST_F(record_test, LosesFewActsWhenKilled) {
         ASSERT_GE(record.position, *played - 5);
         *played = record.position;
         pid_t program = fork();
-        for (; program == 0; *played = record.position) {
+        while (program == 0) {
             turn.think_timer = 0;
             turn.move_timer = std::min(turn.move_timer, 0.001);
             turn_update();
             game_file_write_at_times();
+            *played = record.position;
         }
         usleep(static_cast<useconds_t>(below(20'000)));
         kill(program, SIGKILL);
