@@ -113,7 +113,8 @@ std::string card_line(const draw_group& group) {
 std::string spelling_of(const gpu_draw& draw, bool icons) {
     if (draw.texture == font.texture) {
         // The font's cells stand in 16 rows of 16.
-        char letter = static_cast<char>(draw.uv_rect[0] * 16 + draw.uv_rect[1] * 256);
+        char letter =
+            static_cast<char>(static_cast<u8>(draw.uv_rect[0] * 16 + draw.uv_rect[1] * 256));
         bool escaped =
             icons && std::string_view("ABCDEFabcdefT~").find(letter) != std::string::npos;
         return escaped ? std::string{'%', letter} : std::string{letter};
