@@ -13,6 +13,7 @@
 #include "platform/system.h"
 #include "rules/cards.h"
 #include "rules/random.h"
+#include "rules/seats.h"
 
 namespace {
 
@@ -86,7 +87,7 @@ bool name_read(game_head& head, str rest) {
 }
 
 bool seat_read(game_head& head, str rest) {
-    i64 kind = place_of(word_take(rest), game_seat_kinds);
+    i64 kind = place_of(word_take(rest), seat_kinds);
     i64 colour = place_of(word_take(rest), game_colours);
     if (kind < 0 || colour < 0 || rest.length > 0 || head.seat_count == player_limit) {
         return false;

@@ -7,7 +7,6 @@
 #include "rules/game_state.h"
 
 inline constexpr str game_version = "1";
-inline constexpr str game_seat_kinds[] = {"human", "easy", "normal", "hard"};  // by strength
 inline constexpr str game_colours[seat_colour_count] = {"red",    "blue",   "green",
                                                         "yellow", "purple", "orange"};
 inline constexpr str game_act_words[act_kind_count] = {"", "move", "draw", "end", "pass"};

@@ -7,6 +7,7 @@
 #include "game/record.h"
 #include "maps/family.h"
 #include "maps/scan.h"
+#include "rules/seats.h"
 
 namespace {
 
@@ -50,7 +51,7 @@ void seats_write(line_output& out) {
     for (i64 i = 0; i < record.seat_count; ++i) {
         const record_seat& seat = record.seats[i];
         put(out, "seat");
-        put(out, game_seat_kinds[seat.is_computer ? 1 + seat.strength : 0]);
+        put(out, seat_kinds[seat.is_computer ? 1 + seat.strength : 0]);
         put(out, game_colours[seat.colour_index]);
         line_end(out);
     }

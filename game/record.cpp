@@ -118,13 +118,15 @@ void record_take_computer() {
 }
 
 void record_restart() {
-    bool own_map = record.own_map;
-    if (own_map) {
-        std::copy_n(record_stones, record.stone_count, stones.data);
+    if (!record.own_map) {
+        game_start();
+        record_follow();
+        return;
     }
-    game_start();
-    record_follow();
-    record.own_map = own_map;
+    std::copy_n(record_stones, record.stone_count, stones.data);
+    game_start_loaded();
+    record_begin(last_deal.start);
+    record.own_map = true;
 }
 
 void record_append(const recorded_act& act) {

@@ -1,13 +1,16 @@
 #include "game/turn_update.h"
 
 #include "base/message.h"
+#include "base/tidings.h"
 #include "base/time_step.h"
 #include "game/board.h"
 #include "game/record.h"
 #include "game/takeback.h"
+#include "maps/catalogue.h"
 #include "platform/input.h"
 #include "rules/cards.h"
 #include "rules/check.h"
+#include "rules/deal.h"
 #include "rules/selection.h"
 #include "rules/turns.h"
 
@@ -51,6 +54,22 @@ void space_key_apply() {
     }
 }
 
+// After a win: the next map of the list, with the same seats.
+void next_map_key_apply() {
+    bool wanted = input_key_is_pressed(key_n) && !input_key_is_held(key_shift) &&
+                  !input_key_is_held(key_ctrl);
+    if (!wanted || turn.winner == no_winner) {
+        return;
+    }
+    if (!catalogue_has_next()) {
+        tiding_tell(tiding_refusal, {"there is no next map on the list"});
+        return;
+    }
+    selected_entry += 1;
+    game_start();
+    record_follow();
+}
+
 void computer_turn_advance() {
     if (!current_seat().is_computer || turn.winner != no_winner) {
         return;
@@ -69,6 +88,7 @@ void seat_act() {
     pending_move_take();
     nimbers_key_apply();
     space_key_apply();
+    next_map_key_apply();
     computer_turn_advance();
 }
 

@@ -1,5 +1,7 @@
 #include "maps/catalogue.h"
 
+#include <algorithm>
+
 #include "base/tidings.h"
 #include "maps/kept.h"
 #include "maps/reader.h"
@@ -27,6 +29,13 @@ constexpr family_files families[machine_kind_count] = {
 bool is_path_byte(char c) {
     return ('A' <= c && c <= 'Z') || ('a' <= c && c <= 'z') || ('0' <= c && c <= '9') || c == '/' ||
            c == '_';
+}
+
+// Of the entry of that name, -1 when there is none.
+i64 place_find(const catalogue& list, str name) {
+    const catalogue_entry* entry = std::find_if(
+        list.begin(), list.end(), [&](const catalogue_entry& e) { return e.name == name; });
+    return entry == list.end() ? -1 : entry - list.begin();
 }
 
 }  // namespace
@@ -104,12 +113,25 @@ void catalogue_add(str name, str path) {
 }
 
 const catalogue_entry* catalogue_find(str name) {
-    for (i64 i = 0; i < catalogue_count(); ++i) {
-        if ((*current_catalogue)[i].name == name) {
-            return &(*current_catalogue)[i];
+    i64 place = current_catalogue == nullptr ? -1 : place_find(*current_catalogue, name);
+    return place < 0 ? nullptr : &(*current_catalogue)[place];
+}
+
+i64 catalogue_select_named(str name, i64 family) {
+    i64 found = 0;
+    i64 found_kind = 0;
+    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
+        if ((family == no_family || family == kind) && place_find(catalogues[kind], name) >= 0) {
+            found_kind = kind;
+            found += 1;
         }
     }
-    return nullptr;
+    if (found == 1) {
+        machine_kind = found_kind;
+        current_catalogue = &catalogues[machine_kind];
+        selected_entry = place_find(*current_catalogue, name);
+    }
+    return found;
 }
 
 i64 catalogue_count() {
@@ -121,6 +143,10 @@ const catalogue_entry* catalogue_selected() {
         return nullptr;
     }
     return &current_catalogue->data[selected_entry];
+}
+
+bool catalogue_has_next() {
+    return selected_entry >= 0 && selected_entry + 1 < catalogue_count();
 }
 
 str custom_map_path(str name) {

@@ -4,6 +4,7 @@
 
 #include "base/str.h"
 #include "maps/catalogue_file.h"
+#include "maps/family.h"
 #include "maps/model.h"
 
 // Where the lists lie. Locked by whoever changes one of them or puts a map file in a place.
@@ -43,10 +44,16 @@ void catalogue_add(str name, str path);
 // The entry of that name in the current catalogue, null when there is none; valid until the
 // catalogue changes.
 const catalogue_entry* catalogue_find(str name);
+// Selects the entry of that name in the family, or with `no_family` in the only one that has it,
+// which becomes the current one. In how many it is; unless that is one, nothing changes.
+i64 catalogue_select_named(str name, i64 family);
 // Entries in the current catalogue; 0 when none is current.
 i64 catalogue_count();
 // The selected entry, null when there is none; valid until the catalogue changes.
 const catalogue_entry* catalogue_selected();
+
+// Whether one follows it.
+bool catalogue_has_next();
 
 // The path, in the persistent arena, under which a custom map of the current family is saved: the
 // family's directory and the name, in which every byte but letters, digits, "/" and "_" becomes

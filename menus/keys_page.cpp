@@ -7,8 +7,10 @@
 #include "editor/trial.h"
 #include "game/game_file.h"
 #include "game/takeback.h"
+#include "maps/catalogue.h"
 #include "maps/model.h"
 #include "menus/info_overlays.h"
+#include "rules/game_state.h"
 #include "rules/screens.h"
 #include "rules/selection.h"
 
@@ -28,6 +30,10 @@ bool can_go_back() {
 
 bool can_go_forward() {
     return takeback_goes_forward() || (editor_is_shown() && history.position < history.used);
+}
+
+bool can_play_next() {
+    return game_is_shown() && turn.winner != no_winner && catalogue_has_next();
 }
 
 bool can_type_rule() {
@@ -67,6 +73,7 @@ constexpr key_row rows[] = {
     {"ctrl+z", "take back what was done", can_go_back},
     {"ctrl+y", "do it again", can_go_forward},
     {"<f9>", "play the map under work, and back to it", trial_key_works},
+    {"n", "after a win the next map", can_play_next},
     {"", "", nullptr},
     {"", "Editor:", nullptr},
     {"drag", "move a state or a rule", can_drag},

@@ -18,7 +18,9 @@ constexpr char help[] =
     "  --directory DIR  play in DIR instead of $XDG_DATA_HOME/quorrel or ~/.local/share/quorrel\n"
     "  --family NAME    the FILEs are maps of this family: state, pushdown or turing\n"
     "  --fullscreen     begin on the whole screen\n"
+    "  --play MAP       play this MAP, a name on your lists or a file, straight away\n"
     "  --restore-maps   bring back the shipped maps that you removed from the lists\n"
+    "  --seats SEAT,... the seats: up to six of human, easy, normal and hard\n"
     "  --help           show this help and end\n"
     "  --version        show the version and end\n";
 
@@ -26,7 +28,9 @@ enum option_code : int {
     option_directory = 1,
     option_family,
     option_fullscreen,
+    option_play,
     option_restore,
+    option_seats,
     option_help,
     option_version
 };
@@ -35,18 +39,32 @@ constexpr option options[] = {
     {"directory", required_argument, nullptr, option_directory},
     {"family", required_argument, nullptr, option_family},
     {"fullscreen", no_argument, nullptr, option_fullscreen},
+    {"play", required_argument, nullptr, option_play},
     {"restore-maps", no_argument, nullptr, option_restore},
+    {"seats", required_argument, nullptr, option_seats},
     {"help", no_argument, nullptr, option_help},
     {"version", no_argument, nullptr, option_version},
     {},
 };
 
+str argument_text(const char* argument) {
+    return {argument, static_cast<i64>(std::strlen(argument))};
+}
+
 bool family_read(const char* name, i64& family) {
-    family = family_named({name, static_cast<i64>(std::strlen(name))});
+    family = family_named(argument_text(name));
     if (family == no_family) {
         std::fprintf(stderr, "quorrel: no such family: %s\n", name);
     }
     return family != no_family;
+}
+
+bool seats_read(const char* words, seat_list& seats) {
+    bool known = seat_list_read(argument_text(words), seats);
+    if (!known) {
+        std::fprintf(stderr, "quorrel: no such seats: %s\n", words);
+    }
+    return known;
 }
 
 int answer(const char* text) {
@@ -64,6 +82,11 @@ int option_apply(int code, command_line& command) {
         case option_fullscreen:
             command.fullscreen = true;
             return command_play;
+        case option_play:
+            command.map_to_play = optarg;
+            return command_play;
+        case option_seats:
+            return seats_read(optarg, command.seats) ? command_play : wrong_use;
         case option_restore:
             command.restore_maps = true;
             return command_play;

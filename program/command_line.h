@@ -4,6 +4,7 @@
 
 #include "base/types.h"
 #include "maps/family.h"
+#include "rules/seats.h"
 
 struct command_line {
     bool fullscreen = false;
@@ -12,6 +13,8 @@ struct command_line {
     i64 family = no_family;      // of all `files`; `no_family` to let each tell
     char** files = nullptr;      // maps to take in, games to open
     i64 file_count = 0;
+    const char* map_to_play = "";  // a name on the lists or a file; empty for none
+    seat_list seats = {};          // none for those of the set-up
 };
 
 inline constexpr int command_play = -1;

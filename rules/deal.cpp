@@ -88,15 +88,19 @@ void cards_deal() {
 }  // namespace
 
 void game_start() {
-    screens.title_menu_open = false;
-    screens.player_setup_open = false;
-    screens.map_list_open = false;
-    turn.move_timer = 0;
     if (const catalogue_entry* entry = catalogue_selected()) {
         map_load(entry->path);
     } else if (map_work_is_played()) {
         map_work_load();
     }
+    game_start_loaded();
+}
+
+void game_start_loaded() {
+    screens.title_menu_open = false;
+    screens.player_setup_open = false;
+    screens.map_list_open = false;
+    turn.move_timer = 0;
     last_deal = {last_deal.number + 1, {random_generator, tape_head, turn.card_drawn}};
     pile_limit_tell(deck_wanted(), "deck");
     pile_limit_tell(settings.tape_length, "tape");

@@ -24,5 +24,8 @@ extern deal_record last_deal;
 // on standard output.
 void game_start();
 
+// The same on the map that is loaded, as it stands.
+void game_start_loaded();
+
 // Deals the running game again as it was dealt from that start, with the stones where they are.
 void game_deal_again(const deal_start& start);

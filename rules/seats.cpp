@@ -1,6 +1,10 @@
 #include "rules/seats.h"
 
+#include <algorithm>
 #include <cassert>
+#include <iterator>
+
+#include "maps/scan.h"
 
 void seat_colour_set(player& seat, i64 index) {
     assert(0 <= index && index < seat_colour_count);
@@ -24,4 +28,31 @@ void seats_adjust() {
     }
     players.count = player_count;
     assert(players.count <= players.capacity);
+}
+
+bool seat_list_read(str words, seat_list& list) {
+    text_cursor cursor = {words.data, words.length, 0};
+    for (list = {}; list.count < player_limit; cursor.position += 1) {
+        str word = text_scan_until(cursor, ',');
+        const str* kind = std::find(std::begin(seat_kinds), std::end(seat_kinds), word);
+        if (kind == std::end(seat_kinds)) {
+            return false;
+        }
+        list.kinds[list.count] = kind - seat_kinds;
+        list.count += 1;
+        if (cursor.position >= cursor.size) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void seats_set(const seat_list& list) {
+    player_count = list.count;
+    seats_adjust();
+    for (i64 i = 0; i < list.count; ++i) {
+        players[i].is_computer = list.kinds[i] > 0;
+        players[i].strength = static_cast<u64>(std::max(list.kinds[i] - 1, i64{strength_easy}));
+        seat_colour_set(players[i], i);
+    }
 }

@@ -92,17 +92,7 @@ bool map_places_find(const request& asked, std::vector<map_place>& places) {
 }
 
 bool entry_select(std::string_view name, i64 family) {
-    i64 found = 0;
-    for (i64 kind = 0; kind < machine_kind_count; ++kind) {
-        current_catalogue = &catalogues[kind];
-        const catalogue_entry* entry = catalogue_find(str_from(name));
-        if (entry != nullptr && (family == no_family || family == kind)) {
-            machine_kind = kind;
-            selected_entry = entry - current_catalogue->begin();
-            found += 1;
-        }
-    }
-    current_catalogue = &catalogues[machine_kind];
+    const i64 found = catalogue_select_named(str_from(name), family);
     if (found != 1) {
         complain(name, found == 0 ? "is neither a file nor the name of a map"
                                   : "several families have it: add --family NAME");
