@@ -145,7 +145,7 @@ void record_land() {
     deck_refill();
 }
 
-void record_go(i64 position) {
+void record_show(i64 position) {
     assert(record.whole && 0 <= position && position <= record.act_count);
     std::copy_n(record_stones, record.stone_count, stones.data);
     humans_count();
@@ -158,6 +158,15 @@ void record_go(i64 position) {
     flight = {};
     turn.think_timer = current_seat().is_computer ? think_after_turn : 0;
     cover_put();
+}
+
+void record_show_act(i64 index) {
+    assert(0 <= index && index < record.act_count);
+    act_do_again(record_acts[index]);
+}
+
+void record_go(i64 position) {
+    record_show(position);
     record.position = position;
     record.changes += 1;
 }

@@ -82,6 +82,11 @@ void record_land();
 // acts: nothing is selected, the last move has landed, and the cover stands.
 void record_go(i64 position);
 
+// Shows that position in the same way, and then the act with that index, which follows on it: the
+// record stays at its own position, to which the game has to come back before anything is done.
+void record_show(i64 position);
+void record_show_act(i64 index);
+
 // Brings the record's game back to the board after other maps and seats were loaded. False, with
 // nothing changed, when it is not whole or its map's text did not fit.
 bool record_resume();

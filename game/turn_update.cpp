@@ -16,13 +16,6 @@
 
 namespace {
 
-void running_move_advance() {
-    turn.move_timer -= frame_dt;
-    if (turn.move_timer <= 0) {
-        turn_end();
-    }
-}
-
 // The selected transition, null when there is none. It was found in the frame before and may
 // belong to a map that is no longer loaded.
 const transition* pending_transition() {
@@ -99,7 +92,7 @@ void turn_update() {
     humans_count();
     takeback_keys_apply();
     if (turn.move_timer > 0) {
-        running_move_advance();
+        move_advance();
     } else {
         seat_act();
     }

@@ -6,6 +6,7 @@
 #include "editor/map_edit.h"
 #include "editor/trial.h"
 #include "game/game_file.h"
+#include "game/replay.h"
 #include "game/takeback.h"
 #include "maps/catalogue.h"
 #include "maps/model.h"
@@ -68,6 +69,7 @@ constexpr key_row rows[] = {
     {"", "Everywhere:", nullptr},
     {"<f2>", "toggle this page", always},
     {"<f4>", "from the menus back into the game", can_return},
+    {"<shift> + <f4>", "show the game from its deal", replay_can_begin},
     {"", "", nullptr},
     {"", "Games and editor:", nullptr},
     {"ctrl+z", "take back what was done", can_go_back},

@@ -10,6 +10,7 @@
 #include "editor/editor.h"
 #include "editor/trial.h"
 #include "game/game_file.h"
+#include "game/replay.h"
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
@@ -51,6 +52,8 @@ void escape_apply() {
     } else if (screens.map_list_open) {
         screens.map_list_open = false;
         screens.player_setup_open = !screens.editor_open;
+    } else if (screens.replay_open) {
+        replay_end();
     } else if (screens.editor_open) {
         screens.editor_open = false;
         editor_leave();
@@ -61,6 +64,14 @@ void escape_apply() {
     } else {
         game_file_write();
         screens.player_setup_open = true;
+    }
+}
+
+void game_key_apply() {
+    if (input_key_is_held(key_shift)) {
+        replay_begin();
+    } else if (game_menu_is_shown()) {
+        game_return();
     }
 }
 
@@ -82,8 +93,8 @@ void keys_apply() {
     if (input_key_is_pressed(key_f9)) {
         trial_key_apply();
     }
-    if (input_key_is_pressed(key_f4) && game_menu_is_shown()) {
-        game_return();
+    if (input_key_is_pressed(key_f4)) {
+        game_key_apply();
     }
     if (input_key_is_pressed(key_f11)) {
         fullscreen_toggle();
@@ -170,6 +181,8 @@ bool program_frame() {
     if (game_is_shown()) {
         turn_update();
         game_file_write_at_times();
+    } else if (screens.replay_open) {
+        replay_update();
     }
     if (display_is_hidden()) {
         game_file_write();

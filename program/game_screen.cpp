@@ -4,6 +4,7 @@
 #include "game/board.h"
 #include "game/hand_panel.h"
 #include "game/notices.h"
+#include "game/replay.h"
 #include "game/table_panel.h"
 #include "maps/model.h"
 #include "render/renderer.h"
@@ -20,16 +21,24 @@ void band_draw(f64 y, f64 height) {
     box_fill({0, y, static_cast<f64>(render_target.width), height}, band_tint);
 }
 
+bool turn_is_covered() {
+    return turn.winner == no_winner && turn.human_count > 1 && !current_seat().is_computer &&
+           !screens.replay_open;
+}
+
 void play_overlays_frame(const pointer& mouse) {
     if (turn.turn_revealed) {
         hand_panel_frame(mouse);
-    } else if (turn.winner == no_winner && turn.human_count > 1 && !current_seat().is_computer) {
+    } else if (turn_is_covered()) {
         turn_cover_draw();
     }
     if (machine_kind == pushdown_machine && !turn.turn_revealed) {
         card_counts_draw();
     }
     status_lines_draw();
+    if (screens.replay_open) {
+        replay_line_draw();
+    }
     if (turn.winner != no_winner) {
         winner_banner_draw();
     }
@@ -40,6 +49,9 @@ void play_overlays_frame(const pointer& mouse) {
 void game_screen_frame() {
     piles_place();
     pointer mouse = pointer_read();
+    if (screens.replay_open) {
+        mouse.hovers = mouse.pressed = mouse.on_board = false;
+    }
     board_frame(mouse);
     band_draw(0, bottom_panel_height);
     band_draw(render_target.height - top_panel_height, top_panel_height);

@@ -15,6 +15,7 @@
 #include "game/game_file.h"
 #include "game/hand_panel.h"
 #include "game/record.h"
+#include "game/replay.h"
 #include "game/takeback.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
@@ -64,6 +65,7 @@ void game_globals_reset() {
     last_deal = {};
     record = {};
     takeback = {};
+    replay = {};
     game_file = {};
     text_entry = {};
     goal_editing = {};

@@ -8,7 +8,7 @@ bool board_is_shown() {
 }
 
 bool game_is_shown() {
-    return board_is_shown() && !screens.editor_open;
+    return board_is_shown() && !screens.editor_open && !screens.replay_open;
 }
 
 bool editor_is_shown() {

@@ -11,6 +11,7 @@ struct screen_flags {
     bool map_list_open = false;
     bool editor_open = false;
     bool text_entry_open = false;  // the editor's modal text entry dialog
+    bool replay_open = false;      // the game is shown again; none of the others is open then
 };
 
 extern screen_flags screens;

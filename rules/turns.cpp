@@ -3,6 +3,7 @@
 #include <cassert>
 
 #include "base/arithmetic.h"
+#include "base/time_step.h"
 #include "rules/cards.h"
 #include "rules/goal.h"
 #include "rules/selection.h"
@@ -80,6 +81,13 @@ void tape_apply(str action) {
     }
     if (action.length > 1) {
         tape_head_move(action[1]);
+    }
+}
+
+void move_advance() {
+    turn.move_timer -= frame_dt;
+    if (turn.move_timer <= 0) {
+        turn_end();
     }
 }
 

@@ -50,5 +50,7 @@ void turn_pass();
 // under the head; its second, "L" or "R", moves the head one card, round the tape's ends.
 void tape_apply(str action);
 
+// One step of the move that is shown; it ends when its time has passed.
+void move_advance();
 // Ends the move or turn: the current seat has won, or the next one takes its turn.
 void turn_end();

@@ -99,6 +99,7 @@ std::map<std::string, std::string> facts_now() {
                       : screens.player_setup_open ? "seats"
                       : screens.map_list_open     ? "maps"
                       : screens.editor_open       ? "editor"
+                      : screens.replay_open       ? "replay"
                                                   : "game";
     if (tidings.kind != tiding_failure) {
         facts["told"] = string_of({tidings.text, tidings.length});
