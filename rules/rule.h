@@ -16,7 +16,7 @@
 
 #include "base/str.h"
 #include "rules/cards.h"
-#include "rules/rule_text.h"
+#include "rules/rule_parser.h"
 
 // Whether `tested` may be played on the current discard pile.
 bool rule_matches(str rule, card tested);

@@ -2,26 +2,27 @@
 
 #include <algorithm>
 #include <cassert>
-#include <functional>
-#include <iterator>
 
 #include "rules/rule_parser.h"
 
-// Read over the domain `written_down`, a rule does not become a set but the operations that would
-// make it: a list of places, each the union, intersection or difference of two earlier ones. What a
-// place is depends on the top card through those of its fields alone that the place asks about.
-// Most places ask about one field at most; they are worked out once, for each value of the field.
-// The others are worked out for a few top cards at a time. Top cards that do not differ in the
-// properties asked for share an answer, which is worked out once.
+// A rule becomes a list of places, each the union, intersection or difference of two earlier ones:
+// for each node of its tree the place of the cards it holds for, and the place that is all cards if
+// it holds for the top card. What a place is depends on the top card through those of its fields
+// alone that the place asks about. Most places ask about one field at most; they are worked out
+// once, for each value of the field. The others are worked out for a few top cards at a time. Top
+// cards that do not differ in the properties asked for share an answer, which is worked out once.
+// So a rule costs its length times the answers over `lane_count`, not times the top cards.
 
 namespace {
 
 constexpr i64 field_value_count = 6;  // of every field
 constexpr i64 property_count = card_field_count * field_value_count;
+static_assert(card_colour_count == field_value_count && card_shape_count == field_value_count &&
+              card_number_count == field_value_count);
 
 // The first places are given; those from `operations_first` on are operations.
-constexpr i64 place_none = 0;
-constexpr i64 place_all = 1;
+constexpr u16 place_none = 0;
+constexpr u16 place_all = 1;
 constexpr i64 played_first = 2;  // by property: the cards that have it
 constexpr i64 tops_first =
     played_first + property_count;  // by property: all if the top card has it
@@ -37,10 +38,31 @@ constexpr i64 lane_count = 8;
 static_assert(field_value_count <= lane_count);
 
 struct operation {
-    char sign;  // '&', '|' or '^'
-    u16 left;   // places before this one
+    rule_node_kind kind;  // `node_and`, `node_or` or `node_xor`
+    u16 left;             // places before this one
     u16 right;
 };
+
+// The places of a node of the rule.
+struct node_places {
+    u16 played;
+    u16 top;
+};
+
+// The rule that is looked at.
+struct rule_work {
+    operation operations[place_limit];
+    u8 asked_fields[place_limit];  // of the top card, as bits
+    card_set sets[place_limit][lane_count];
+    i64 place_count;
+    node_places of_nodes[rule_node_limit];
+    bool is_needed[place_limit];   // by the result
+    u16 many_asking[place_limit];  // the needed places that ask about more than one field
+    i64 many_asking_count;
+    card examples[card_value_count];  // by answer: a top card that it is for
+};
+
+rule_work work;
 
 constexpr u8 field_bit(i64 field) {
     return static_cast<u8>(1 << field);
@@ -48,75 +70,98 @@ constexpr u8 field_bit(i64 field) {
 
 constexpr i64 field_set_count = 1 << card_field_count;
 
-operation operations[place_limit];
-u8 asked_fields[place_limit];  // of the top card, as bits
-card_set sets[place_limit][lane_count];
-i64 place_count;               // places of the rule that is looked at
-bool is_needed[place_limit];   // by the result
-u16 many_asking[place_limit];  // the needed places that ask about more than one field
-i64 many_asking_count;
-card examples[card_value_count];  // by answer: a top card that it is for
-
-u16 operation_write(char sign, u16 left, u16 right) {
-    assert(place_count < place_limit);
-    operations[place_count] = {sign, left, right};
-    asked_fields[place_count] = asked_fields[left] | asked_fields[right];
-    place_count += 1;
-    return static_cast<u16>(place_count - 1);
-}
-
 // The place of a value, from 0, among those of its field.
-i64 value_index(card_property property) {
+constexpr i64 value_index(card_property property) {
     return property.value - card_fields[property.field].first_value;
 }
 
-i64 property_index(card_property property) {
-    static_assert(card_colour_count == field_value_count && card_shape_count == field_value_count &&
-                  card_number_count == field_value_count);
-    return property.field * field_value_count + value_index(property);
+constexpr u16 property_index(card_property property) {
+    return static_cast<u16>(property.field * field_value_count + value_index(property));
 }
 
-card_property property_at(i64 index) {
-    auto field = static_cast<card_field>(index / field_value_count);
-    return {field, static_cast<u8>(card_fields[field].first_value + index % field_value_count)};
-}
-
-struct place {
-    u16 index = place_none;
+// What no rule changes, by place.
+struct given_places {
+    u8 asked_fields[operations_first] = {};
+    card_set sets[operations_first][lane_count] = {};
 };
 
-place operator&(place a, place b) {
-    return {operation_write('&', a.index, b.index)};
-}
-
-place operator|(place a, place b) {
-    return a.index == place_none ? b : place{operation_write('|', a.index, b.index)};
-}
-
-place operator^(place a, place b) {
-    return {operation_write('^', a.index, b.index)};
-}
-
-struct written_down {
-    using set = place;
-    static constexpr set none = {place_none};
-    static constexpr set all = {place_all};
-
-    static set having(card_property property) {
-        return {static_cast<u16>(played_first + property_index(property))};
+given_places given_places_make() {
+    given_places made;
+    std::fill_n(made.sets[place_all], lane_count, all_cards);
+    for (u8 field = 0; field < card_field_count; ++field) {
+        for (u8 i = 0; i < field_value_count; ++i) {
+            const card_property property = {static_cast<card_field>(field),
+                                            static_cast<u8>(card_fields[field].first_value + i)};
+            const i64 index = property_index(property);
+            std::fill_n(made.sets[played_first + index], lane_count, cards_having(property));
+            made.sets[tops_first + index][i] = all_cards;
+            made.asked_fields[tops_first + index] = field_bit(field);
+        }
     }
-    static set top_having(card_property property) {
-        return {static_cast<u16>(tops_first + property_index(property))};
+    return made;
+}
+
+const given_places given = given_places_make();
+
+u8 asked_fields(i64 place) {
+    return place < operations_first ? given.asked_fields[place] : work.asked_fields[place];
+}
+
+const card_set* sets_of(i64 place) {
+    return place < operations_first ? given.sets[place] : work.sets[place];
+}
+
+u16 operation_write(rule_node_kind kind, u16 left, u16 right) {
+    assert(work.place_count < place_limit);
+    work.operations[work.place_count] = {kind, left, right};
+    work.asked_fields[work.place_count] = asked_fields(left) | asked_fields(right);
+    work.place_count += 1;
+    return static_cast<u16>(work.place_count - 1);
+}
+
+// Writes the operations of a node behind those of its own parts.
+node_places node_write(const rule_node& node) {
+    const node_places& left = work.of_nodes[node.left];
+    const node_places& right = work.of_nodes[node.right];
+    switch (node.kind) {
+        case node_property: {
+            const u16 index = property_index(node.property);
+            return {static_cast<u16>(played_first + index), static_cast<u16>(tops_first + index)};
+        }
+        case node_any:
+            return {place_all, place_all};
+        case node_top:
+            return {left.top, left.top};
+        case node_both: {
+            const u16 both = operation_write(node_and, left.played, left.top);
+            return {both, both};
+        }
+        case node_not:
+            return {operation_write(node_xor, place_all, left.played),
+                    operation_write(node_xor, place_all, left.top)};
+        default:
+            return {operation_write(node.kind, left.played, right.played),
+                    operation_write(node.kind, left.top, right.top)};
     }
-};
+}
+
+// Writes the operations of the rule; returns the place of the cards that it holds for.
+i64 rule_write(str rule) {
+    work.place_count = operations_first;
+    const rule_tree& tree = rule_parse(rule);
+    for (i64 i = 0; i < tree.count; ++i) {
+        work.of_nodes[i] = node_write(tree.nodes[i]);
+    }
+    return tree.count > 0 ? work.of_nodes[tree.count - 1].played : place_none;
+}
 
 void needed_mark(i64 result) {
-    std::fill(is_needed, is_needed + place_count, false);
-    is_needed[result] = true;
+    std::fill(work.is_needed, work.is_needed + work.place_count, false);
+    work.is_needed[result] = true;
     for (i64 p = result; p >= operations_first; --p) {
-        if (is_needed[p]) {
-            is_needed[operations[p].left] = true;
-            is_needed[operations[p].right] = true;
+        if (work.is_needed[p]) {
+            work.is_needed[work.operations[p].left] = true;
+            work.is_needed[work.operations[p].right] = true;
         }
     }
 }
@@ -137,7 +182,7 @@ field_distinctions distinctions_find() {
     i64 unit = 1;
     for (i64 field = 0; field < card_field_count; ++field) {
         for (i64 i = 0; i < field_value_count; ++i) {
-            bool is_asked = is_needed[tops_first + field * field_value_count + i];
+            bool is_asked = work.is_needed[tops_first + field * field_value_count + i];
             found.of[field][i] = is_asked ? unit * (1 + i) : 0;
         }
         unit *= field_distinction_count;
@@ -161,24 +206,11 @@ void tops_sort(rule_answers& answers, const card* tops, i64 count) {
         if (!is_known[number]) {
             is_known[number] = true;
             answer_of[number] = static_cast<u8>(answers.count);
-            examples[answers.count] = tops[i];
+            work.examples[answers.count] = tops[i];
             answers.count += 1;
         }
         answers.of_top[i] = answer_of[number];
     }
-}
-
-// The places that no rule changes.
-bool constants_fill() {
-    std::fill(sets[place_all], sets[place_all] + lane_count, all_cards);
-    for (i64 i = 0; i < property_count; ++i) {
-        card_property property = property_at(i);
-        card_set* played = sets[played_first + i];
-        std::fill(played, played + lane_count, cards_having(property));
-        sets[tops_first + i][value_index(property)] = all_cards;
-        asked_fields[tops_first + i] = field_bit(property.field);
-    }
-    return true;
 }
 
 // Which set of a place is the one for each of the top cards at hand, by the fields that it asks
@@ -213,42 +245,42 @@ lane_table lanes_of(const card* tops, i64 count) {
     return lanes;
 }
 
-template <typename combining>
-void sets_combine(i64 p, const lane_table& lanes, combining combine) {
-    auto [sign, left, right] = operations[p];
-    const u8* left_lanes = lanes.of[asked_fields[left]];
-    const u8* right_lanes = lanes.of[asked_fields[right]];
-    for (i64 lane = 0; lane < lane_count; ++lane) {
-        sets[p][lane] = combine(sets[left][left_lanes[lane]], sets[right][right_lanes[lane]]);
+card_set sets_combine(rule_node_kind kind, const card_set& left, const card_set& right) {
+    switch (kind) {
+        case node_and:
+            return left & right;
+        case node_or:
+            return left | right;
+        default:
+            assert(kind == node_xor);
+            return left ^ right;
     }
 }
 
 void operation_work(i64 p, const lane_table& lanes) {
-    switch (operations[p].sign) {
-        case '&':
-            sets_combine(p, lanes, std::bit_and<>());
-            break;
-        case '|':
-            sets_combine(p, lanes, std::bit_or<>());
-            break;
-        default:
-            assert(operations[p].sign == '^');
-            sets_combine(p, lanes, std::bit_xor<>());
+    const auto [kind, left, right] = work.operations[p];
+    const u8* left_lanes = lanes.of[asked_fields(left)];
+    const u8* right_lanes = lanes.of[asked_fields(right)];
+    const card_set* left_sets = sets_of(left);
+    const card_set* right_sets = sets_of(right);
+    for (i64 lane = 0; lane < lane_count; ++lane) {
+        work.sets[p][lane] =
+            sets_combine(kind, left_sets[left_lanes[lane]], right_sets[right_lanes[lane]]);
     }
 }
 
 bool asks_about_many(i64 p) {
-    return (asked_fields[p] & (asked_fields[p] - 1)) != 0;
+    return (asked_fields(p) & (asked_fields(p) - 1)) != 0;
 }
 
 // Works out the needed places that ask about one field at most and lists the others.
 void places_work(i64 result) {
-    many_asking_count = 0;
+    work.many_asking_count = 0;
     for (i64 p = operations_first; p <= result; ++p) {
-        if (is_needed[p] && asks_about_many(p)) {
-            many_asking[many_asking_count] = static_cast<u16>(p);
-            many_asking_count += 1;
-        } else if (is_needed[p]) {
+        if (work.is_needed[p] && asks_about_many(p)) {
+            work.many_asking[work.many_asking_count] = static_cast<u16>(p);
+            work.many_asking_count += 1;
+        } else if (work.is_needed[p]) {
             operation_work(p, same_lanes);
         }
     }
@@ -257,11 +289,11 @@ void places_work(i64 result) {
 // Answers for at most `lane_count` top cards.
 void answers_work(card_set* answers, i64 result, const card* tops, i64 count) {
     lane_table lanes = lanes_of(tops, count);
-    for (i64 i = 0; i < many_asking_count; ++i) {
-        operation_work(many_asking[i], lanes);
+    for (i64 i = 0; i < work.many_asking_count; ++i) {
+        operation_work(work.many_asking[i], lanes);
     }
     for (i64 lane = 0; lane < count; ++lane) {
-        answers[lane] = sets[result][lanes.of[asked_fields[result]][lane]];
+        answers[lane] = sets_of(result)[lanes.of[asked_fields(result)][lane]];
     }
 }
 
@@ -269,14 +301,12 @@ void answers_work(card_set* answers, i64 result, const card* tops, i64 count) {
 
 void rule_answers_find(rule_answers& answers, str rule, const card* tops, i64 count) {
     assert(0 <= count && count <= card_value_count);
-    [[maybe_unused]] static const bool filled = constants_fill();
-    place_count = operations_first;
-    i64 result = rule_evaluate(rule, written_down{}).index;
+    const i64 result = rule_write(rule);
     needed_mark(result);
     places_work(result);
     tops_sort(answers, tops, count);
     for (i64 first = 0; first < answers.count; first += lane_count) {
-        answers_work(answers.matching + first, result, examples + first,
+        answers_work(answers.matching + first, result, work.examples + first,
                      std::min(lane_count, answers.count - first));
     }
 }
