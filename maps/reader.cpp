@@ -10,6 +10,7 @@
 #include "maps/map_work.h"
 #include "maps/model.h"
 #include "maps/nimbers.h"
+#include "maps/records.h"
 #include "maps/scan.h"
 
 // Every line is tried for each keyword once, in a fixed order, at a position that moves on when one
@@ -18,118 +19,121 @@
 
 namespace {
 
-// The following field: one byte is skipped, whatever it is.
-i64 next_int(text_cursor& cursor) {
-    cursor.position += 1;
-    return text_scan_int(cursor);
-}
-
-f64 next_real(text_cursor& cursor) {
-    cursor.position += 1;
-    return text_scan_real(cursor);
-}
-
-u8 next_byte(text_cursor& cursor) {
-    return static_cast<u8>(next_int(cursor));
-}
-
-bool has_more_fields(const text_cursor& cursor) {
-    return text_has_prefix(cursor, " ");
-}
-
-void read_view(text_cursor& cursor) {
-    game_map.origin_x = text_scan_real(cursor);
-    game_map.origin_y = next_real(cursor);
-    game_map.scale = next_real(cursor);
-}
-
-void read_win(text_cursor& cursor) {
-    settings.win_mode = static_cast<u8>(text_scan_int(cursor));
-}
-
-void read_deck(text_cursor& cursor) {
-    settings.deck_copies = text_scan_int(cursor);
-    settings.deck_colours = next_int(cursor);
-    settings.deck_shapes = next_int(cursor);
-    settings.deck_numbers = next_int(cursor);
-}
-
-void read_hand(text_cursor& cursor) {
-    settings.hand_size = text_scan_int(cursor);
-}
-
-void read_tape(text_cursor& cursor) {
-    settings.tape_length = text_scan_int(cursor);
-}
-
-void read_goal_card(text_cursor& cursor, card& c) {
-    if (has_more_fields(cursor)) {
-        c.colour = next_byte(cursor);
-        c.shape = next_byte(cursor);
-        c.number = next_byte(cursor);
+record_value field_read(text_cursor& cursor, char kind) {
+    switch (kind) {
+        case field_real:
+        case field_offset:
+            return {.real = text_scan_real(cursor)};
+        case field_quoted:
+            cursor.position += 1;  // the opening quote
+            return {.text = text_scan_until(cursor, '"')};
+        default:
+            return {.whole = text_scan_int(cursor)};
     }
 }
 
-void read_goal(text_cursor& cursor) {
+// Reads the fields and the groups that are there into `values`; returns how many values those are.
+// Between two fields one byte is skipped, whatever it is.
+i64 fields_read(text_cursor& cursor, const record_form& form, record_value* values) {
+    i64 count = 0;
+    for (char kind : form.fields) {
+        cursor.position += count > 0 ? 1 : 0;
+        values[count] = field_read(cursor, kind);
+        count += 1;
+    }
+    for (i64 group = 0; group < form.groups && text_has_prefix(cursor, " "); ++group) {
+        for (char kind : form.group) {
+            cursor.position += 1;
+            values[count] = field_read(cursor, kind);
+            count += 1;
+        }
+    }
+    return count;
+}
+
+void take_view(const record_value* values, i64) {
+    game_map.origin_x = values[0].real;
+    game_map.origin_y = values[1].real;
+    game_map.scale = values[2].real;
+}
+
+void take_win(const record_value* values, i64) {
+    settings.win_mode = static_cast<u8>(values[0].whole);
+}
+
+void take_deck(const record_value* values, i64) {
+    settings.deck_copies = values[0].whole;
+    settings.deck_colours = values[1].whole;
+    settings.deck_shapes = values[2].whole;
+    settings.deck_numbers = values[3].whole;
+}
+
+void take_hand(const record_value* values, i64) {
+    settings.hand_size = values[0].whole;
+}
+
+void take_tape(const record_value* values, i64) {
+    settings.tape_length = values[0].whole;
+}
+
+card card_of(const record_value* values) {
+    return {static_cast<u8>(values[0].whole), static_cast<u8>(values[1].whole),
+            static_cast<u8>(values[2].whole)};
+}
+
+void take_goal(const record_value* values, i64 count) {
     goal g;
-    g.measure = static_cast<u8>(text_scan_int(cursor));
-    g.comparison = next_byte(cursor);
-    g.target = next_int(cursor);
-    read_goal_card(cursor, g.card_a);
-    read_goal_card(cursor, g.card_b);
+    g.measure = static_cast<u8>(values[0].whole);
+    g.comparison = static_cast<u8>(values[1].whole);
+    g.target = values[2].whole;
+    if (count > 3) {
+        g.card_a = card_of(values + 3);
+    }
+    if (count > 6) {
+        g.card_b = card_of(values + 6);
+    }
     dyn_array_push(goals, g);
 }
 
-void read_stone(text_cursor& cursor) {
-    dyn_array_push(stones, static_cast<u16>(text_scan_int(cursor)));
+void take_stone(const record_value* values, i64) {
+    dyn_array_push(stones, static_cast<u16>(values[0].whole));
 }
 
-void read_state(text_cursor& cursor, u8 accepting) {
-    f64 x = text_scan_real(cursor);
-    f64 y = next_real(cursor);
-    map_add_state(x, y, accepting);
+void take_accepting(const record_value* values, i64) {
+    map_add_state(values[0].real, values[1].real, 1);
 }
 
-void read_accepting_state(text_cursor& cursor) {
-    read_state(cursor, 1);
+void take_plain(const record_value* values, i64) {
+    map_add_state(values[0].real, values[1].real, 0);
 }
 
-void read_plain_state(text_cursor& cursor) {
-    read_state(cursor, 0);
-}
-
-void read_transition(text_cursor& cursor) {
+void take_transition(const record_value* values, i64 count) {
     transition arc = {};
-    arc.from = static_cast<u16>(text_scan_int(cursor));
-    arc.to = static_cast<u16>(next_int(cursor));
-    arc.bend = static_cast<i16>(next_int(cursor));
-    if (has_more_fields(cursor)) {
-        arc.label_dx = static_cast<f32>(next_real(cursor));
-        arc.label_dy = static_cast<f32>(next_real(cursor));
-        cursor.position += 2;  // the blank and the opening quote
-        arc.rule = text_scan_until(cursor, '"');
+    arc.from = static_cast<u16>(values[0].whole);
+    arc.to = static_cast<u16>(values[1].whole);
+    arc.bend = static_cast<i16>(values[2].whole);
+    if (count > 3) {
+        arc.label_dx = static_cast<f32>(values[3].real);
+        arc.label_dy = static_cast<f32>(values[4].real);
+        arc.rule = values[5].text;
     }
     dyn_array_push(game_map.transitions, arc);
 }
 
-struct map_keyword {
-    str word;
-    void (*read)(text_cursor& cursor);
-};
-
-// In the order in which they are tried at every line.
-constexpr map_keyword keywords[] = {
-    {"map ", read_view},      {"win ", read_win},           {"deck ", read_deck},
-    {"hand ", read_hand},     {"tape ", read_tape},         {"goal ", read_goal},
-    {"stone ", read_stone},   {"* ", read_accepting_state}, {". ", read_plain_state},
-    {"$ ", read_plain_state}, {"=> ", read_transition},
+// By `record_kind`: what becomes of the values.
+constexpr void (*takers[record_kind_count])(const record_value* values, i64 count) = {
+    take_view,  take_win,       take_deck,  take_hand,  take_tape,       take_goal,
+    take_stone, take_accepting, take_plain, take_plain, take_transition,
 };
 
 void read_line(text_cursor& cursor) {
-    for (const map_keyword& keyword : keywords) {
-        if (text_has_prefix(cursor, keyword.word)) {
-            cursor.position += keyword.word.length;
-            keyword.read(cursor);
+    for (i64 kind = 0; kind < record_kind_count; ++kind) {
+        const record_form& form = record_forms[kind];
+        if (text_has_prefix(cursor, form.keyword)) {
+            cursor.position += form.keyword.length;
+            record_value values[record_field_limit];
+            const i64 count = fields_read(cursor, form, values);
+            takers[kind](values, count);
         }
     }
     text_scan_until(cursor, '\n');

@@ -1,20 +1,6 @@
 #pragma once
 
-// Reading a map's text into the loaded map.
-//
-// The format: one record per line, a keyword and its fields, each field separated from the one
-// before by exactly one byte. Lines that start with anything else are ignored.
-//
-//   map X Y SCALE                  world position of the map's origin, world units per map unit
-//   win N                          win mode
-//   deck COPIES COLOURS SHAPES NUMBERS
-//   hand N                         cards in a hand
-//   tape N                         cards on the tape
-//   goal MEASURE COMPARISON TARGET [COLOUR SHAPE NUMBER [COLOUR SHAPE NUMBER]]
-//   stone STATE
-//   * X Y                          an accepting state
-//   . X Y                          any other state ("$" reads the same)
-//   => FROM TO BEND [DX DY "RULE"] a transition, with its label's offset and its rule
+// Reading a map's text, whose lines `maps/records.h` tells, into the loaded map.
 
 #include "base/str.h"
 #include "base/types.h"

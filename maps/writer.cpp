@@ -1,48 +1,23 @@
 #include "maps/writer.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
 
 #include "base/numbers.h"
-#include "maps/model.h"
+#include "maps/records.h"
 
 namespace {
 
 constexpr f64 smallest_written = 0.00005;  // below it all four decimals are 0
-constexpr f32 largest_label_offset = std::numeric_limits<f32>::max();
-
-void put_int(text_builder& text, i64 value) {
-    text_builder_put(text, ' ');
-    text_builder_put_int(text, value);
-}
-
-// A zero has no sign, which would be lost when it is read back.
-void put_real(text_builder& text, f64 value) {
-    text_builder_put(text, ' ');
-    text_builder_put_real(text, std::abs(value) < smallest_written ? 0 : value);
-}
-
-// A file may give a label an offset beyond all f32, but an infinity cannot be read.
-void put_label_offset(text_builder& text, f32 value) {
-    put_real(text, std::clamp(value, -largest_label_offset, largest_label_offset));
-}
-
-// Bytes and indices stand in the file as signed numbers.
-void put_byte(text_builder& text, u8 value) {
-    put_int(text, static_cast<i8>(value));
-}
-
-void put_index(text_builder& text, u16 value) {
-    put_int(text, static_cast<i16>(value));
-}
-
+constexpr f64 largest_label_offset = std::numeric_limits<f32>::max();
 constexpr i64 line_capacity = 1024;  // bytes; a line without its rule takes less
 
 // The text on its way to who takes it, line by line.
 struct map_output {
     text_builder line;
-    i64 family;
     text_taker take;
     void* to;
 };
@@ -53,110 +28,124 @@ void line_pass(map_output& out) {
     out.line.cursor = 0;
 }
 
-void settings_write(text_builder& text) {
-    text_builder_put_str(text, "map");
-    put_real(text, game_map.origin_x);
-    put_real(text, game_map.origin_y);
-    put_real(text, game_map.scale);
-    text_builder_put_str(text, "\nwin");
-    put_byte(text, settings.win_mode);
-    text_builder_put(text, '\n');
+// A zero has no sign, which would be lost when it is read back.
+void put_real(text_builder& text, f64 value) {
+    text_builder_put_real(text, std::abs(value) < smallest_written ? 0 : value);
 }
 
-void deck_write(text_builder& text) {
-    text_builder_put_str(text, "deck");
-    put_int(text, settings.deck_copies);
-    put_int(text, settings.deck_colours);
-    put_int(text, settings.deck_shapes);
-    put_int(text, settings.deck_numbers);
-    text_builder_put(text, '\n');
+// A text has any length, so it is passed on as it is.
+void put_quoted(map_output& out, str text) {
+    text_builder_put(out.line, '"');
+    line_pass(out);
+    out.take(out.to, text);
+    text_builder_put(out.line, '"');
 }
 
-void goal_card_write(text_builder& text, card c) {
-    put_byte(text, c.colour);
-    put_byte(text, c.shape);
-    put_byte(text, c.number);
-}
-
-void goal_write(text_builder& text, const goal& g) {
-    text_builder_put_str(text, "goal");
-    put_byte(text, g.measure);
-    put_byte(text, g.comparison);
-    put_int(text, g.target);
-    if (static_cast<i8>(g.measure) >= measure_colour) {
-        goal_card_write(text, g.card_a);
+void put_field(map_output& out, char kind, const record_value& value) {
+    switch (kind) {
+        case field_whole:
+            text_builder_put_int(out.line, value.whole);
+            break;
+        case field_byte:
+            text_builder_put_int(out.line, static_cast<i8>(value.whole));
+            break;
+        case field_index:
+            text_builder_put_int(out.line, static_cast<i16>(value.whole));
+            break;
+        case field_offset:  // a file may give one beyond all f32, but an infinity cannot be read
+            put_real(out.line, std::clamp(value.real, -largest_label_offset, largest_label_offset));
+            break;
+        case field_real:
+            put_real(out.line, value.real);
+            break;
+        default:
+            assert(kind == field_quoted);
+            put_quoted(out, value.text);
     }
-    if (static_cast<i8>(g.measure) >= measure_either_colour) {
-        goal_card_write(text, g.card_b);
-    }
-    text_builder_put(text, '\n');
 }
 
-void family_settings_write(map_output& out) {
-    if (out.family == state_machine) {
-        return;
+// Writes the line of a record with as many fields and groups as there are values.
+void record_write(map_output& out, record_kind kind, const record_value* values, i64 count) {
+    const record_form& form = record_forms[kind];
+    assert(count >= form.fields.length);
+    text_builder_put_str(out.line, {form.keyword.data, form.keyword.length - 1});
+    for (i64 i = 0; i < count; ++i) {
+        const i64 behind = i - form.fields.length;
+        text_builder_put(out.line, ' ');
+        put_field(out, behind < 0 ? form.fields[i] : form.group[behind % form.group.length],
+                  values[i]);
     }
-    deck_write(out.line);
-    bool pushdown = out.family == pushdown_machine;
-    text_builder_put_str(out.line, pushdown ? str("hand") : str("tape"));
-    put_int(out.line, pushdown ? settings.hand_size : settings.tape_length);
     text_builder_put(out.line, '\n');
     line_pass(out);
-    if (!pushdown) {
-        for (const goal& g : goals) {
-            goal_write(out.line, g);
-            line_pass(out);
-        }
+}
+
+void record_write(map_output& out, record_kind kind, std::initializer_list<record_value> values) {
+    record_write(out, kind, values.begin(), static_cast<i64>(values.size()));
+}
+
+void settings_write(map_output& out, i64 family) {
+    record_write(
+        out, record_view,
+        {{.real = game_map.origin_x}, {.real = game_map.origin_y}, {.real = game_map.scale}});
+    record_write(out, record_win, {{.whole = settings.win_mode}});
+    if (family != state_machine) {
+        record_write(out, record_deck,
+                     {{.whole = settings.deck_copies},
+                      {.whole = settings.deck_colours},
+                      {.whole = settings.deck_shapes},
+                      {.whole = settings.deck_numbers}});
+    }
+    if (family == pushdown_machine) {
+        record_write(out, record_hand, {{.whole = settings.hand_size}});
+    }
+    if (family == turing_machine) {
+        record_write(out, record_tape, {{.whole = settings.tape_length}});
     }
 }
 
-void stone_write(text_builder& text, u16 state) {
-    text_builder_put_str(text, "stone");
-    put_index(text, state);
-    text_builder_put(text, '\n');
+// The cards follow that the measure counts.
+void goal_write(map_output& out, const goal& g) {
+    const i64 measure = static_cast<i8>(g.measure);
+    const i64 cards = measure >= measure_either_colour ? 2 : measure >= measure_colour ? 1 : 0;
+    const record_value values[] = {
+        {.whole = g.measure},       {.whole = g.comparison},   {.whole = g.target},
+        {.whole = g.card_a.colour}, {.whole = g.card_a.shape}, {.whole = g.card_a.number},
+        {.whole = g.card_b.colour}, {.whole = g.card_b.shape}, {.whole = g.card_b.number},
+    };
+    record_write(out, record_goal, values, 3 + 3 * cards);
 }
 
-void state_write(text_builder& text, const map_state& s) {
-    text_builder_put(text, s.accepting ? '*' : '.');
-    put_real(text, s.x);
-    put_real(text, s.y);
-    text_builder_put(text, '\n');
-}
-
-// A rule has any length, so it is passed on as it is.
 void transition_write(map_output& out, const transition& arc) {
-    text_builder_put_str(out.line, "=>");
-    put_index(out.line, arc.from);
-    put_index(out.line, arc.to);
-    put_int(out.line, arc.bend);
-    put_label_offset(out.line, arc.label_dx);
-    put_label_offset(out.line, arc.label_dy);
-    text_builder_put_str(out.line, " \"");
-    line_pass(out);
-    out.take(out.to, arc.rule);
-    text_builder_put_str(out.line, "\"\n");
-    line_pass(out);
+    record_write(out, record_transition,
+                 {{.whole = arc.from},
+                  {.whole = arc.to},
+                  {.whole = arc.bend},
+                  {.real = arc.label_dx},
+                  {.real = arc.label_dy},
+                  {.text = arc.rule}});
 }
 
 }  // namespace
 
 void map_write(i64 family, text_taker take, void* to) {
     char line[line_capacity];
-    map_output out = {{line, 0, line_capacity, arena_persistent, 0}, family, take, to};
-    settings_write(out.line);
-    family_settings_write(out);
+    map_output out = {{line, 0, line_capacity, arena_persistent, 0}, take, to};
+    settings_write(out, family);
+    if (family == turing_machine) {
+        for (const goal& g : goals) {
+            goal_write(out, g);
+        }
+    }
     for (u16 state : stones) {
-        stone_write(out.line, state);
-        line_pass(out);
+        record_write(out, record_stone, {{.whole = state}});
     }
     for (const map_state& s : game_map.states) {
-        state_write(out.line, s);
-        line_pass(out);
+        record_write(out, s.accepting ? record_accepting : record_plain,
+                     {{.real = s.x}, {.real = s.y}});
     }
     for (const transition& arc : game_map.transitions) {
         transition_write(out, arc);
     }
-    line_pass(out);
 }
 
 void map_write(text_builder& text) {

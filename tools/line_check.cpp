@@ -1,44 +1,9 @@
 #include "tools/line_check.h"
 
-#include <string_view>
-
+#include "maps/records.h"
 #include "maps/scan.h"
 
 namespace {
-
-enum family_set : u32 {
-    of_state = 1 << state_machine,
-    of_pushdown = 1 << pushdown_machine,
-    of_turing = 1 << turing_machine,
-    of_all = of_state | of_pushdown | of_turing,
-};
-
-// What follows a keyword. Fields are one letter each: "i" a whole number, "r" a real, "q" a text in
-// quotes.
-struct line_form {
-    str keyword;
-    std::string_view fields;
-    std::string_view group;  // may follow the fields
-    i64 groups;              // that often
-    u32 families;            // that the line means something to
-    u32 needed_by;           // families whose maps should not leave it out
-};
-
-// clang-format off
-constexpr line_form forms[] = {
-    {"map ",   "rrr",  "",    0, of_all,                  of_all},
-    {"win ",   "i",    "",    0, of_all,                  of_all},
-    {"deck ",  "iiii", "",    0, of_pushdown | of_turing, of_pushdown | of_turing},
-    {"hand ",  "i",    "",    0, of_pushdown,             of_pushdown},
-    {"tape ",  "i",    "",    0, of_pushdown | of_turing, of_turing},
-    {"goal ",  "iii",  "iii", 2, of_turing,               0},
-    {"stone ", "i",    "",    0, of_all,                  0},
-    {"* ",     "rr",   "",    0, of_all,                  0},
-    {". ",     "rr",   "",    0, of_all,                  0},
-    {"$ ",     "rr",   "",    0, of_all,                  0},
-    {"=> ",    "iii",  "rrq", 1, of_all,                  0},
-};
-// clang-format on
 
 bool skip(text_cursor& cursor, str word) {
     bool found = text_has_prefix(cursor, word);
@@ -56,19 +21,19 @@ bool quoted_text_skip(text_cursor& cursor) {
 
 // Whether a field of the kind stands at the cursor, which moves past it.
 bool field_skip(text_cursor& cursor, char kind) {
-    if (kind == 'q') {
+    if (kind == field_quoted) {
         return quoted_text_skip(cursor);
     }
     i64 start = cursor.position;
-    if (kind == 'i') {
-        text_scan_int(cursor);
-    } else {
+    if (kind == field_real || kind == field_offset) {
         text_scan_real(cursor);
+    } else {
+        text_scan_int(cursor);
     }
     return cursor.position > start && cursor.data[cursor.position - 1] != '-';
 }
 
-bool fields_skip(text_cursor& cursor, std::string_view kinds, bool first) {
+bool fields_skip(text_cursor& cursor, str kinds, bool first) {
     for (char kind : kinds) {
         if ((!first && !skip(cursor, " ")) || !field_skip(cursor, kind)) {
             return false;
@@ -84,7 +49,7 @@ bool at_end(const text_cursor& cursor) {
 }
 
 // What is wrong after the keyword; empty when nothing is.
-std::string fields_check(text_cursor cursor, const line_form& form) {
+std::string fields_check(text_cursor cursor, const record_form& form) {
     if (!fields_skip(cursor, form.fields, true)) {
         return "lacks fields";
     }
@@ -96,8 +61,8 @@ std::string fields_check(text_cursor cursor, const line_form& form) {
     return at_end(cursor) ? "" : "goes on after its last field";
 }
 
-const line_form* form_find(const text_cursor& line) {
-    for (const line_form& form : forms) {
+const record_form* form_find(const text_cursor& line) {
+    for (const record_form& form : record_forms) {
         if (text_has_prefix(line, form.keyword)) {
             return &form;
         }
@@ -109,8 +74,8 @@ bool is_meant_to_be_ignored(const text_cursor& line) {
     return at_end(line) || text_has_prefix(line, "#");
 }
 
-std::string line_check(text_cursor line, u32 family) {
-    const line_form* form = form_find(line);
+std::string line_check(text_cursor line, u8 family) {
+    const record_form* form = form_find(line);
     if (form == nullptr) {
         return is_meant_to_be_ignored(line) ? "" : "is ignored";
     }
@@ -135,7 +100,7 @@ bool has_line(str text, str keyword) {
 }  // namespace
 
 void lines_check(str text, machine_kind_value family, remarks& found) {
-    u32 family_bit = 1U << family;
+    u8 family_bit = static_cast<u8>(1 << family);
     text_cursor cursor = {text.data, text.length, 0};
     for (i64 number = 1; cursor.position < cursor.size; ++number, cursor.position += 1) {
         str line = text_scan_until(cursor, '\n');
@@ -144,7 +109,7 @@ void lines_check(str text, machine_kind_value family, remarks& found) {
             found.doubtful.push_back("line " + std::to_string(number) + " " + wrong);
         }
     }
-    for (const line_form& form : forms) {
+    for (const record_form& form : record_forms) {
         if ((form.needed_by & family_bit) != 0 && !has_line(text, form.keyword)) {
             std::string keyword(form.keyword.begin(), form.keyword.end() - 1);
             found.doubtful.push_back("no \"" + keyword + "\" line: that of the map before holds");
