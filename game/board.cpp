@@ -9,6 +9,7 @@
 #include "game/map_drawing.h"
 #include "platform/input.h"
 #include "render/text.h"
+#include "render/walk.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
 #include "rules/selection.h"
@@ -64,10 +65,9 @@ void state_click_apply(u16 state) {
     }
 }
 
-bool state_is_hovered(const pointer& mouse, world_point centre) {
+bool state_is_hovered(const pointer& mouse, const box& place) {
     return mouse.hovers && mouse.on_board && !screens.text_entry_open &&
-           box_has(box_around(centre.x, centre.y, state_size, state_size), mouse.world.x,
-                   mouse.world.y);
+           box_has(place, mouse.world.x, mouse.world.y);
 }
 
 void nimber_draw(i64 state, world_point centre) {
@@ -80,7 +80,9 @@ void nimber_draw(i64 state, world_point centre) {
 
 void state_frame(i64 state, const pointer& mouse) {
     world_point centre = state_centre(state);
-    bool hovered = state_is_hovered(mouse, centre);
+    const box place = box_around(centre.x, centre.y, state_size, state_size);
+    walk_note_on_board(place);
+    bool hovered = state_is_hovered(mouse, place);
     if (hovered && mouse.pressed && state_exists(state)) {
         state_click_apply(static_cast<u16>(state));
     }

@@ -12,6 +12,7 @@
 #include "render/sprites.h"
 #include "render/text.h"
 #include "render/view.h"
+#include "render/walk.h"
 #include "rules/game_state.h"
 #include "rules/selection.h"
 
@@ -50,8 +51,11 @@ hand_layout hand_measure(i64 count) {
 }
 
 void hand_card_frame(i64 index, f64 x, const pointer& mouse) {
-    bool hovered = machine_kind == pushdown_machine &&
-                   pointer_is_over(mouse, {x, hand_y, card_size, card_size});
+    const box face = {x, hand_y, card_size, card_size};
+    if (machine_kind == pushdown_machine) {
+        walk_note_beyond(face);
+    }
+    bool hovered = machine_kind == pushdown_machine && pointer_is_over(mouse, face);
     if (hovered && mouse.pressed) {
         selection.selected_card = selection.selected_card == index ? no_card : index;
     }
@@ -64,10 +68,23 @@ void hand_card_frame(i64 index, f64 x, const pointer& mouse) {
     }
 }
 
+// Scrolls the row by as much as shows the card beyond the window's edge that the keys have brought
+// the pointer to, and the pointer with it.
+void walked_card_pull(const hand_layout& row, const pointer& mouse) {
+    const f64 left = mouse.x - card_size / 2;
+    const f64 right = mouse.x + card_size / 2 - render_target.width;
+    const f64 beyond = mouse.x < 0 ? left : mouse.x >= render_target.width ? right : 0;
+    if (beyond != 0 && input_mouse_is_brought()) {
+        hand_row.hand_scroll += beyond / row.full_width;
+        input_mouse_bring(mouse.x - beyond, render_target.height - mouse.y);
+    }
+}
+
 void hand_cards_frame(const hand_layout& row, const pointer& mouse) {
     if (machine_kind == state_machine) {
         return;
     }
+    walked_card_pull(row, mouse);
     for (i64 i = 0; i < row.count; ++i) {
         f64 x = static_cast<f64>(i) * card_step + f64{row.start} -
                 row.full_width * hand_row.hand_scroll;

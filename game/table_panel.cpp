@@ -7,6 +7,7 @@
 #include "render/renderer.h"
 #include "render/sprites.h"
 #include "render/view.h"
+#include "render/walk.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"
 
@@ -63,7 +64,11 @@ void table_draw() {
 
 void deck_frame(const pointer& mouse) {
     bool drawable = machine_kind == pushdown_machine && deck.cards.count > 0 && !turn.card_drawn;
-    if (!drawable || !pointer_is_over(mouse, place_of(deck))) {
+    if (!drawable) {
+        return;
+    }
+    walk_note(place_of(deck));
+    if (!pointer_is_over(mouse, place_of(deck))) {
         return;
     }
     if (mouse.pressed) {
@@ -80,7 +85,11 @@ void end_turn_frame(const pointer& mouse) {
     f64 y = render_target.height - card_step;
     box sign = {x, y, card_size, card_size};
     sprite_draw(texture_next_turn, sign, current_seat().colour);
-    if (deck.cards.count == 0 || !pointer_is_over(mouse, sign)) {
+    if (deck.cards.count == 0) {
+        return;
+    }
+    walk_note(sign);
+    if (!pointer_is_over(mouse, sign)) {
         return;
     }
     if (mouse.pressed) {

@@ -68,6 +68,8 @@ struct key_row {
 constexpr key_row rows[] = {
     {"", "Everywhere:", nullptr},
     {"<f2>", "toggle this page", always},
+    {"arrows", "walk over what can be clicked", nullptr},
+    {"<enter>", "click there, with <shift> by the right button", nullptr},
     {"<f4>", "from the menus back into the game", can_return},
     {"<shift> + <f4>", "show the game from its deal", replay_can_begin},
     {"", "", nullptr},
@@ -80,6 +82,7 @@ constexpr key_row rows[] = {
     {"", "Editor:", nullptr},
     {"drag", "move a state or a rule", can_drag},
     {"<shift> + drag", "add a transition, as the right button", nullptr},
+    {"<shift> + arrows", "walk along the grid", nullptr},
     {"4", "type the rule of the transition", can_type_rule},
     {"5", "put rules beside their transitions", can_place_labels},
     {"c", "copy the state, or the transition's rule", can_copy},

@@ -8,8 +8,10 @@
 #include "maps/model.h"
 #include "maps/reader.h"
 #include "menus/menu_panel.h"
+#include "platform/input.h"
 #include "render/button.h"
 #include "render/text.h"
+#include "render/walk.h"
 #include "rules/deal.h"
 #include "rules/screens.h"
 #include "rules/selection.h"
@@ -20,11 +22,58 @@ constexpr f64 half_height = 400;
 constexpr f64 preview_width = 600;  // pixels
 constexpr f64 preview_height = 320;
 
+void entry_select(i64 entry) {
+    selected_entry = std::clamp(entry, i64{0}, catalogue_count() - 1);
+    map_load(catalogue_selected()->path);
+}
+
+bool name_begins_with(str name, u32 letter) {
+    return name.length > 0 && (name.data[0] | 0x20) == static_cast<char>('a' + letter);
+}
+
+// The next entry, around the end, whose name begins with that letter of the alphabet; the selected
+// one when there is none.
+i64 entry_with_letter(u32 letter) {
+    for (i64 ahead = 1; ahead <= catalogue_count(); ++ahead) {
+        const i64 entry = (std::max(selected_entry, i64{0}) + ahead) % catalogue_count();
+        if (name_begins_with((*current_catalogue)[entry].name, letter)) {
+            return entry;
+        }
+    }
+    return selected_entry;
+}
+
+void letter_keys_apply() {
+    for (u32 letter = 0; letter <= key_z - key_a; ++letter) {
+        if (input_key_is_pressed(key_a + letter)) {
+            entry_select(entry_with_letter(letter));
+        }
+    }
+}
+
+// Left, right, the ends and the letters choose.
+void keys_apply() {
+    walk_take_sideways();
+    if (input_key_is_held(key_ctrl) || input_key_is_held(key_alt)) {
+        return;
+    }
+    if (input_key_is_pressed(key_left)) {
+        entry_select(selected_entry - 1);
+    } else if (input_key_is_pressed(key_right)) {
+        entry_select(selected_entry + 1);
+    } else if (input_key_is_pressed(key_home)) {
+        entry_select(0);
+    } else if (input_key_is_pressed(key_end)) {
+        entry_select(catalogue_count() - 1);
+    }
+    letter_keys_apply();
+}
+
 void map_choose(menu_centre centre) {
     f64 y = centre.y + half_height - 96;
+    keys_apply();
     if (i64 step = menu_stepper(centre.x, y, 160)) {
-        selected_entry = std::clamp(selected_entry + step, i64{0}, catalogue_count() - 1);
-        map_load(catalogue_selected()->path);
+        entry_select(selected_entry + step);
     }
     label_draw("Map", centre.x, centre.y + half_height - 48);
     assert(selected_entry < catalogue_count());

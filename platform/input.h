@@ -66,6 +66,10 @@ enum input_key : u32 {
     key_f11 = 106,
     key_left = 112,  // the arrow keys
     key_right = 113,
+    key_up = 114,
+    key_down = 115,
+    key_home = 116,
+    key_end = 117,
     key_count = 128,
 };
 
@@ -95,6 +99,14 @@ bool input_mouse_hovers();
 void input_mouse_moved(f64& dx, f64& dy);
 bool input_mouse_is_pressed(u32 button);
 bool input_mouse_is_released(u32 button);
+// Brings the pointer to a place without the mouse. It hovers there until the mouse is used, which
+// takes it back to where the mouse is.
+void input_mouse_bring(f64 x, f64 y);
+// Whether the pointer is where that brought it.
+bool input_mouse_is_brought();
+// Makes a click of a key that this poll found pressed, which then is not pressed any more. Nothing
+// while the player holds that button.
+void input_key_clicks(u32 key, u32 button);
 // Steps turned since the poll before, positive away from the player.
 f64 input_mouse_wheel();
 

@@ -28,6 +28,7 @@
 #include "program/globals.h"
 #include "render/camera.h"
 #include "render/renderer.h"
+#include "render/walk.h"
 #include "rules/random.h"
 #include "rules/screens.h"
 
@@ -111,6 +112,7 @@ void screen_frame() {
     } else {
         game_screen_frame();
     }
+    walk_frame_end();
     if (app.help_visible) {
         help_overlay_draw();
     }
@@ -176,6 +178,7 @@ bool program_frame() {
         app.running = false;
     }
     keys_apply();
+    walk_frame_begin();
     camera_matrices_build(render_target.width, render_target.height);
     camera_input_apply(render_target.width, render_target.height);
     if (game_is_shown()) {

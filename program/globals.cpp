@@ -26,6 +26,7 @@
 #include "render/font.h"
 #include "render/pictures.h"
 #include "render/renderer.h"
+#include "render/walk.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
@@ -80,6 +81,7 @@ void screen_globals_reset() {
     app = {};
     screens = {};
     camera = {};
+    walk = {};
     title_picture_angle = 0;
     texture_set = {};
     quad_mesh = {};

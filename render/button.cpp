@@ -5,6 +5,7 @@
 #include "render/sprites.h"
 #include "render/text.h"
 #include "render/view.h"
+#include "render/walk.h"
 
 namespace {
 
@@ -17,6 +18,7 @@ bool button_draw(str label, f64 centre_x, f64 centre_y, f64 width, f64 height) {
     box face = box_around(centre_x, centre_y, width, height);
     sprite_draw(texture_gradient3, face, colour_white);
     label_draw(label, centre_x, centre_y);
+    walk_note(face);
     pointer mouse = pointer_read();
     if (!pointer_is_over(mouse, face)) {
         return false;

@@ -20,6 +20,12 @@ world_point view_world_point(f64 pixel_x, f64 pixel_y) {
     return {m[0] * pixel_x + m[4] * pixel_y + m[12], m[1] * pixel_x + m[5] * pixel_y + m[13]};
 }
 
+box view_window_box(const box& place) {
+    const f64 zoom = 1 / f64{inverse_view_matrix.at[0]};
+    return {(place.x - inverse_view_matrix.at[12]) * zoom,
+            (place.y - inverse_view_matrix.at[13]) * zoom, place.width * zoom, place.height * zoom};
+}
+
 pointer pointer_read() {
     pointer mouse = {};
     f64 y_down = 0;

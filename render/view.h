@@ -36,6 +36,8 @@ extern mat4 inverse_view_matrix;  // window pixels to world units
 
 // The world point under a window pixel.
 world_point view_world_point(f64 pixel_x, f64 pixel_y);
+// The window pixels that a box of the world covers.
+box view_window_box(const box& place);
 
 struct pointer {
     f64 x;  // window pixels

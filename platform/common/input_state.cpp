@@ -40,7 +40,9 @@ struct input_state {
     switches<key_count> keys;
     switches<mouse_button_count> buttons;
     bool caps_lock;
-    f64 x, y;      // pixels
+    f64 mouse_x, mouse_y;  // pixels
+    f64 x, y;              // of the pointer: the mouse's unless it was brought elsewhere
+    bool brought;
     bool touched;  // by a finger, which is gone after its click
     f64 dx, dy;    // pixels since the last sample
     f64 wheel;     // steps since the last sample
@@ -95,15 +97,35 @@ void drag_forget() {
     sampled.drag.zoom = 1;
 }
 
+// The mouse is used: the pointer is its own again.
+void pointer_take_back() {
+    sampled.brought = false;
+    sampled.x = sampled.mouse_x;
+    sampled.y = sampled.mouse_y;
+}
+
 void pointer_move(f64 x, f64 y) {
     if (sampled.buttons.held[mouse_middle]) {
-        drag_add({event_kind::drag, 0, false, sampled.x, sampled.y, x - sampled.x, y - sampled.y});
+        drag_add({event_kind::drag, 0, false, sampled.mouse_x, sampled.mouse_y, x - sampled.mouse_x,
+                  y - sampled.mouse_y});
     }
-    sampled.x = x;
-    sampled.y = y;
+    sampled.mouse_x = x;
+    sampled.mouse_y = y;
+    pointer_take_back();
+}
+
+// A mouse at rest may be told of again, and leaves the pointer where it was brought.
+void mouse_move(f64 x, f64 y) {
+    if (!sampled.brought || x != sampled.mouse_x || y != sampled.mouse_y) {
+        pointer_move(x, y);
+        sampled.touched = false;
+    }
 }
 
 void button_set(u32 button, bool down) {
+    if (down) {
+        pointer_take_back();
+    }
     if (button == mouse_middle && down) {
         drag_begin(sampled.x, sampled.y);
     }
@@ -126,9 +148,11 @@ void event_apply(const input_event& event) {
             sampled.caps_lock = event.down;
             break;
         case event_kind::pointer:
+            mouse_move(event.x, event.y);
+            break;
         case event_kind::finger:
             pointer_move(event.x, event.y);
-            sampled.touched = event.kind == event_kind::finger;
+            sampled.touched = true;
             break;
         case event_kind::grip:
             drag_begin(event.x, event.y);
@@ -141,6 +165,7 @@ void event_apply(const input_event& event) {
             sampled.dy += event.y;
             break;
         case event_kind::wheel:
+            pointer_take_back();
             sampled.wheel += event.y;
             break;
     }
@@ -255,6 +280,26 @@ void input_mouse_position(f64& x, f64& y) {
 bool input_mouse_hovers() {
     return !sampled.touched || sampled.buttons.pressed[mouse_left] ||
            sampled.buttons.pressed[mouse_right];
+}
+
+void input_mouse_bring(f64 x, f64 y) {
+    sampled.x = x;
+    sampled.y = y;
+    sampled.brought = true;
+    sampled.touched = false;
+}
+
+bool input_mouse_is_brought() {
+    return sampled.brought;
+}
+
+void input_key_clicks(u32 key, u32 button) {
+    if (!input_key_is_pressed(key) || sampled.buttons.held[button]) {
+        return;
+    }
+    sampled.keys.pressed[key] = false;
+    sampled.buttons.pressed[button] = true;
+    sampled.buttons.released[button] = true;
 }
 
 void input_mouse_moved(f64& dx, f64& dy) {

@@ -9,16 +9,16 @@
 
 namespace {
 
-struct key_down {
+struct pressed_key {
     u32 place;
     u32 key;  // of `input_key`; 0 for none
 };
 
-std::vector<key_down> keys_down;
+std::vector<pressed_key> keys_down;
 
 bool is_down(u32 key) {
     return std::any_of(keys_down.begin(), keys_down.end(),
-                       [key](const key_down& one) { return one.key == key; });
+                       [key](const pressed_key& one) { return one.key == key; });
 }
 
 bool is_letter(u32 key) {
@@ -64,7 +64,7 @@ void keyboard_press(u32 place, const key_meaning& meaning) {
 
 void keyboard_release(u32 place) {
     auto found = std::find_if(keys_down.begin(), keys_down.end(),
-                              [place](const key_down& one) { return one.place == place; });
+                              [place](const pressed_key& one) { return one.place == place; });
     if (found == keys_down.end()) {
         return;
     }

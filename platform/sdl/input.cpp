@@ -19,7 +19,7 @@ const char* text_take(SDL_Event& event) {
     return typed ? event.text.text : "";
 }
 
-void key_down(const SDL_KeyboardEvent& event) {
+void key_press(const SDL_KeyboardEvent& event) {
     SDL_Event next;
     const char* text = text_take(next);
     if (event.repeat == 0) {
@@ -116,7 +116,7 @@ void event_apply(const SDL_Event& event) {
             window_event(event.window);
             break;
         case SDL_KEYDOWN:
-            key_down(event.key);
+            key_press(event.key);
             break;
         case SDL_KEYUP:
             keyboard_release(event.key.keysym.scancode);

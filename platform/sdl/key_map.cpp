@@ -32,6 +32,10 @@ constexpr key_place named_keys[] = {
     {SDL_SCANCODE_F11, key_f11},
     {SDL_SCANCODE_LEFT, key_left},
     {SDL_SCANCODE_RIGHT, key_right},
+    {SDL_SCANCODE_UP, key_up},
+    {SDL_SCANCODE_DOWN, key_down},
+    {SDL_SCANCODE_HOME, key_home},
+    {SDL_SCANCODE_END, key_end},
 };
 
 // Where the American keyboard has them.

@@ -57,6 +57,10 @@ constexpr key_place key_places[] = {
     {"F11", key_f11},
     {"ArrowLeft", key_left},
     {"ArrowRight", key_right},
+    {"ArrowUp", key_up},
+    {"ArrowDown", key_down},
+    {"Home", key_home},
+    {"End", key_end},
 };
 // clang-format on
 

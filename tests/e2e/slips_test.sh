@@ -51,7 +51,7 @@ expect_kept() {
 
 disk_fill() {
     if mountpoint -q "$player"; then
-        cat /dev/zero >"$player/filler" 2>/dev/null || true
+        ! cat /dev/zero >"$player/filler" 2>/dev/null
     else
         prlimit --pid "$game" --fsize=0:
     fi
