@@ -24,12 +24,6 @@ constexpr str shared_path = "under_way.quorrel-game";
 constexpr str own_folder = "kept/under_way_";  // with the number that the game began with
 constexpr i64 acts_unwritten = 4;              // at most, but for the one that is being shown
 
-void bytes_add(u64& print, str bytes) {
-    for (char byte : bytes) {
-        print_add(print, u64{static_cast<u8>(byte)});
-    }
-}
-
 // Of what the shared file holds; 0 when it cannot be read.
 u64 shared_print() {
     file_id file = file_open(shared_path, file_mode_read);
@@ -38,7 +32,7 @@ u64 shared_print() {
     for (i64 left = file_size(file); left > 0; left -= std::min(left, i64{sizeof bytes})) {
         i64 size = std::min(left, i64{sizeof bytes});
         file_read(file, size, bytes);
-        bytes_add(print, {bytes, size});
+        print_add(print, str{bytes, size});
     }
     file_close(file);
     return file_failed(file) ? 0 : print;
@@ -52,7 +46,7 @@ struct game_output {
 void piece_write(void* to, str piece) {
     game_output& out = *static_cast<game_output*>(to);
     file_write(out.file, piece.length, piece.data);
-    bytes_add(out.print, piece);
+    print_add(out.print, piece);
 }
 
 // Whether writing the shared file, or deleting it, takes nothing from another program.
@@ -145,7 +139,7 @@ bool kept_game_resume() {
         return false;
     }
     game_file.print = 1;
-    bytes_add(game_file.print, text);
+    print_add(game_file.print, text);
     game_file.changes_written = record.changes;
     return true;
 }

@@ -1,80 +1,25 @@
 #include "maps/map_work.h"
 
 #include <cassert>
-#include <cstring>
 
 #include "base/fingerprint.h"
 #include "maps/kept.h"
 #include "maps/map_bytes.h"
 #include "maps/model.h"
 #include "maps/nimbers.h"
+#include "maps/writer.h"
 
 map_work_record map_work;
 
 namespace {
 
-using ::print_add;
-
-void print_add(u64& print, f64 value) {
-    u64 bits;
-    std::memcpy(&bits, &value, sizeof bits);
-    print_add(print, bits);
-}
-
-void print_add(u64& print, u16 value) {
-    print_add(print, u64{value});
-}
-
-void print_add(u64& print, card c) {
-    print_add(print, u64{c.colour} << 16 | u64{c.shape} << 8 | c.number);
-}
-
-void print_add(u64& print, const goal& g) {
-    print_add(print, u64{g.measure} << 8 | g.comparison);
-    print_add(print, static_cast<u64>(g.target));
-    print_add(print, g.card_a);
-    print_add(print, g.card_b);
-}
-
-void print_add(u64& print, const map_state& s) {
-    print_add(print, s.x);
-    print_add(print, s.y);
-    print_add(print, u64{s.accepting});
-}
-
-void print_add(u64& print, const transition& arc) {
-    print_add(print, u64{arc.from} << 32 | u64{arc.to} << 16 | static_cast<u16>(arc.bend));
-    print_add(print, f64{arc.label_dx});
-    print_add(print, f64{arc.label_dy});
-    for (char byte : arc.rule) {
-        print_add(print, u64{static_cast<u8>(byte)});
-    }
-    print_add(print, static_cast<u64>(arc.rule.length));
-}
-
-template <typename element>
-void print_add(u64& print, const dyn_array<element>& list) {
-    for (const element& e : list) {
-        print_add(print, e);
-    }
-    print_add(print, static_cast<u64>(list.count));
-}
-
-// Maps of different texts have different fingerprints.
+// Of the text that a file with it would hold: the same for equal texts, and for different ones but
+// by chance, one in 2^64.
 u64 map_print() {
     u64 print = 0;
-    print_add(print, game_map.origin_x);
-    print_add(print, game_map.origin_y);
-    print_add(print, game_map.scale);
-    for (i64 value :
-         {settings.deck_copies, settings.deck_colours, settings.deck_shapes, settings.deck_numbers,
-          settings.hand_size, settings.tape_length, i64{settings.win_mode}}) {
-        print_add(print, static_cast<u64>(value));
-    }
-    print_add(print, goals);
-    print_add(print, stones);
-    print_add(print, game_map.states);
-    print_add(print, game_map.transitions);
+    map_write(
+        map_work.family, [](void* to, str piece) { print_add(*static_cast<u64*>(to), piece); },
+        &print);
     return print;
 }
 

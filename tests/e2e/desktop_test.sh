@@ -3,6 +3,8 @@
 # found by their colours in the window and pressed three pixels inside and outside their edges.
 # QUORREL_STORM is for how many seconds the window gets another size in every frame.
 
+# shellcheck disable=SC2086 # places and sizes are lists of words
+
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 
 # Starts a display of a size, with a window manager if one is named.

@@ -51,7 +51,7 @@ kept_has() {
 
 # A map of one state is saved under the name of a file that holds "old" and of no entry on the list.
 save_prepare() {
-    local letter
+    local i
     ! game_ended || editor_start
     mouse_move 300 300
     keys 1
@@ -59,8 +59,8 @@ save_prepare() {
     mkdir -p "$folder"
     echo old >"$folder/$1"
     keys ctrl+s
-    for letter in $(grep -o . <<<"$1"); do
-        keys "$letter"
+    for ((i = 0; i < ${#1}; ++i)); do
+        keys "${1:i:1}"
     done
 }
 

@@ -2,6 +2,8 @@
 # A pushdown game against a computer from the title menu to the winner, then a map that ships, with
 # mouse and keyboard alone.
 
+# shellcheck disable=SC2086 # places and sizes are lists of words
+
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 source tests/e2e/screens.sh
 

@@ -2,6 +2,8 @@
 # What is printed on the keys is what they type, on keyboards of several countries: the name under
 # which a map is saved is typed by pressing keys by their numbers.
 
+# shellcheck disable=SC2086 # places and sizes are lists of words
+
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 source "$(dirname "${BASH_SOURCE[0]}")/screens.sh"
 

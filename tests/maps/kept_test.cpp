@@ -64,8 +64,9 @@ TEST_F(kept_test, ChangesThatNoFileHoldsAreKeptBeforeTheyAreGivenUp) {
 
 TEST_F(kept_test, EveryPartOfAMapCountsAsAChange) {
     machine_kind = turing_machine;
+    map_work_begin();
     const std::string whole =
-        "map 1 1 1\nwin 1\ndeck 1 1 1 1\ntape 1\ngoal 1 1 1 1 1 1 1 1 1\nstone 1\n"
+        "map 1 1 1\nwin 1\ndeck 1 1 1 1\ntape 1\ngoal 7 1 1 1 1 1 1 1 1\nstone 1\n"
         ". 1 1\n. 1 1\n=> 1 1 1 1 1 \"1\"\n";
     i64 count = 0;
     for (std::size_t digit = whole.find('1'); digit != whole.npos;
