@@ -17,6 +17,7 @@
 #include "platform/common/view.h"
 #include "platform/gl/frame.h"
 #include "platform/png/png.h"
+#include "platform/sdl/gamepads.h"
 #include "platform/sdl/window.h"
 #include "platform/sdl/window_manager.h"
 #include "platform/system.h"
@@ -216,6 +217,7 @@ void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
     SDL_EventState(SDL_TEXTINPUT, SDL_ENABLE);
     window_fit();
     window_changed();
+    gamepads_start();
 }
 
 f64 window_density() {

@@ -2,10 +2,12 @@
 
 #include <SDL.h>
 
+#include "platform/common/gamepads.h"
 #include "platform/common/gestures.h"
 #include "platform/common/input_state.h"
 #include "platform/common/keyboard.h"
 #include "platform/common/view.h"
+#include "platform/sdl/gamepads.h"
 #include "platform/sdl/key_map.h"
 #include "platform/sdl/window.h"
 
@@ -103,6 +105,7 @@ void window_event(const SDL_WindowEvent& event) {
     if (event.event == SDL_WINDOWEVENT_FOCUS_LOST) {
         keyboard_release_all();
         gestures_end();
+        gamepads_end();
     }
     window_changed();
 }
@@ -140,6 +143,7 @@ void event_apply(const SDL_Event& event) {
             finger_event_apply(event.tfinger);
             break;
         default:
+            gamepad_event_apply(event);
             break;
     }
 }
@@ -168,5 +172,6 @@ void input_poll() {
         input_feed_caps_lock((SDL_GetModState() & KMOD_CAPS) != 0);
     }
     gestures_wait(clock_now());
+    gamepads_wait();
     input_sample();
 }

@@ -7,11 +7,13 @@
 #include <iterator>
 #include <string_view>
 
+#include "platform/common/gamepads.h"
 #include "platform/common/gestures.h"
 #include "platform/common/input_state.h"
 #include "platform/common/keyboard.h"
 #include "platform/common/view.h"
 #include "platform/web/canvas.h"
+#include "platform/web/gamepads.h"
 
 namespace {
 
@@ -150,6 +152,7 @@ EM_BOOL wheel_event(int, const EmscriptenWheelEvent* event, void*) {
 
 EM_BOOL blur_event(int, const EmscriptenFocusEvent*, void*) {
     keyboard_release_all();
+    gamepads_end();
     return EM_FALSE;
 }
 
@@ -179,5 +182,7 @@ extern "C" EMSCRIPTEN_KEEPALIVE void page_finger(i32 finger, i32 phase, f64 x, f
 void input_poll() {
     canvas_fit();
     gestures_wait(static_cast<i64>(emscripten_get_now()));
+    gamepads_poll();
+    gamepads_wait();
     input_sample();
 }
