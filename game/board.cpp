@@ -8,6 +8,7 @@
 #include "base/time_step.h"
 #include "game/map_drawing.h"
 #include "platform/input.h"
+#include "render/motion.h"
 #include "render/text.h"
 #include "render/walk.h"
 #include "rules/game_state.h"
@@ -121,7 +122,7 @@ void flight_advance() {
         p = p + v * dt;
         speed_squared += v * v;
     }
-    if (speed_squared < 1) {
+    if (speed_squared < 1 || motion_is_reduced()) {
         std::copy(target, target + 2, flight.moving_from);
         flight.moving_stone = no_index;
     }

@@ -9,9 +9,9 @@
 #include "maps/map_work.h"
 #include "maps/model.h"
 #include "menus/menu_panel.h"
-#include "platform/display.h"
 #include "platform/maths.h"
 #include "render/button.h"
+#include "render/motion.h"
 #include "render/pictures.h"
 #include "render/sprites.h"
 #include "render/text.h"
@@ -35,7 +35,7 @@ void family_choose(menu_centre centre) {
 }
 
 void picture_draw(menu_centre centre) {
-    if (!display_wants_stillness()) {
+    if (!motion_is_reduced()) {
         title_picture_angle += frame_dt * picture_turn;
     }
     f64 width = 512 + 15 * math_sin(title_picture_angle);

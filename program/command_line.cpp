@@ -21,6 +21,7 @@ constexpr char help[] =
     "  --play MAP       play this MAP, a name on your lists or a file, straight away\n"
     "  --restore-maps   bring back the shipped maps that you removed from the lists\n"
     "  --seats SEAT,... the seats: up to six of human, easy, normal and hard\n"
+    "  --still          without movement: stones jump, the title stands\n"
     "  --help           show this help and end\n"
     "  --version        show the version and end\n";
 
@@ -30,6 +31,7 @@ enum option_code : int {
     option_fullscreen,
     option_play,
     option_restore,
+    option_still,
     option_seats,
     option_help,
     option_version
@@ -42,6 +44,7 @@ constexpr option options[] = {
     {"play", required_argument, nullptr, option_play},
     {"restore-maps", no_argument, nullptr, option_restore},
     {"seats", required_argument, nullptr, option_seats},
+    {"still", no_argument, nullptr, option_still},
     {"help", no_argument, nullptr, option_help},
     {"version", no_argument, nullptr, option_version},
     {},
@@ -89,6 +92,9 @@ int option_apply(int code, command_line& command) {
             return seats_read(optarg, command.seats) ? command_play : wrong_use;
         case option_restore:
             command.restore_maps = true;
+            return command_play;
+        case option_still:
+            command.still = true;
             return command_play;
         case option_help:
             return answer(help);

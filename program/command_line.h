@@ -9,6 +9,7 @@
 struct command_line {
     bool fullscreen = false;
     bool restore_maps = false;
+    bool still = false;
     const char* directory = "";  // to play in; empty for the usual one
     i64 family = no_family;      // of all `files`; `no_family` to let each tell
     char** files = nullptr;      // maps to take in, games to open

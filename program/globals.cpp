@@ -24,6 +24,7 @@
 #include "menus/title_menu.h"
 #include "render/camera.h"
 #include "render/font.h"
+#include "render/motion.h"
 #include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/walk.h"
@@ -82,6 +83,7 @@ void screen_globals_reset() {
     screens = {};
     camera = {};
     walk = {};
+    motion = {};
     title_picture_angle = 0;
     texture_set = {};
     quad_mesh = {};

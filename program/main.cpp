@@ -8,6 +8,7 @@
 #include "program/command_line.h"
 #include "program/frame.h"
 #include "program/opening.h"
+#include "render/motion.h"
 
 namespace {
 
@@ -41,6 +42,7 @@ int main(int argument_count, char** arguments) {
     if (!tidings.is_new) {
         tidings = told;
     }
+    motion.still = command.still;
     if (command.fullscreen) {
         fullscreen_toggle();
     }

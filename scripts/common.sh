@@ -3,8 +3,8 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-build_packages=(g++ cmake ninja-build pkg-config libsdl2-dev libepoxy-dev libx11-dev libpng-dev
-    zlib1g-dev libgl1-mesa-dri libdecor-0-plugin-1-cairo)
+build_packages=(g++ cmake ninja-build pkg-config libsdl2-dev libepoxy-dev libx11-dev libdbus-1-dev
+    libpng-dev zlib1g-dev libgl1-mesa-dri libdecor-0-plugin-1-cairo)
 # To drive the program on virtual displays, with window managers of both kinds and on Wayland.
 window_packages=(xvfb xdotool x11-utils x11-xkb-utils x11-xserver-utils
     imagemagick openbox dwm weston)

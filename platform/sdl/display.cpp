@@ -18,6 +18,7 @@
 #include "platform/gl/frame.h"
 #include "platform/png/png.h"
 #include "platform/sdl/gamepads.h"
+#include "platform/sdl/portal.h"
 #include "platform/sdl/window.h"
 #include "platform/sdl/window_manager.h"
 #include "platform/system.h"
@@ -40,6 +41,7 @@ view_size windowed_size;  // of the game's picture while the window is no fullsc
 view_size logical_size;   // of the game's picture now
 bool is_fullscreen;
 bool close_requested;
+bool stillness_wanted;  // as the game began
 std::string game_title;
 
 [[noreturn]] void open_failed(const char* reason) {
@@ -218,6 +220,7 @@ void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
     window_fit();
     window_changed();
     gamepads_start();
+    stillness_wanted = portal_wants_stillness();
 }
 
 f64 window_density() {
@@ -272,9 +275,8 @@ void display_get_info(i32& width, i32& height) {
     height = size.height;
 }
 
-// SDL 2 does not tell.
 bool display_wants_stillness() {
-    return false;
+    return stillness_wanted;
 }
 
 void display_tell(str line) {

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "render/camera.h"
+#include "render/motion.h"
 #include "rules/cards.h"
 #include "rules/screens.h"
 #include "rules/seats.h"
@@ -132,6 +133,16 @@ TEST_F(board_test, WhatNamesMissingStatesLeavesNoTrace) {
         frame();
         EXPECT_EQ(drawn(), whole);
         EXPECT_EQ(flight.moving_stone, no_index);
+    }
+}
+
+TEST_F(board_test, WithoutMotionAStoneJumps) {
+    dyn_array_push(stones, 0);
+    for (bool still : {false, true}) {
+        motion.still = still;
+        flight = {0, {128, 0}, {0, 0}};
+        frame();
+        EXPECT_EQ(drawn("player -152 -24") != "", still);
     }
 }
 
