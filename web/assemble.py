@@ -3,21 +3,34 @@
 
 What may never be mixed with another build's, scripts, style sheets and the program, goes into a
 folder named after the contents of all files; the pages that load it say what its bytes have to be.
+Scripts that stand one after the other in a page come to a browser as one: each request takes time.
 """
 
 import base64
 import hashlib
 import json
 import pathlib
+import re
 import shutil
 import sys
 
 BOUND = {".js", ".css", ".wasm", ".data"}
 CHECKED = {".js", ".css"}  # by the browser; what load.js fetches, by its length
+SCRIPT = '<script src="([^"]*)" defer></script>\n'
+JOINED = "scripts.js"
 
 
 def integrity(content):
     return "sha256-" + base64.b64encode(hashlib.sha256(content).digest()).decode()
+
+
+def scripts_join(files):
+    """Replaces the scripts that follow one another in the first page by one of their contents."""
+    page = files["index.html"].decode()
+    run = re.search(f"(?:{SCRIPT}){{2,}}", page)[0]
+    names = re.findall(SCRIPT, run)
+    files[JOINED] = b"\n".join(files.pop(name) for name in names)
+    files["index.html"] = page.replace(run, f'<script src="{JOINED}" defer></script>\n').encode()
 
 
 def page_bind(page, build, bound):
@@ -35,6 +48,7 @@ def main():
     files = {name: (source / name).read_bytes() for name in sorted(sys.argv[3:])}
     build = hashlib.sha256(repr(files).encode()).hexdigest()[:12]
     worker = files.pop("worker.js")
+    scripts_join(files)
     bound = {name: content for name, content in files.items() if pathlib.Path(name).suffix in BOUND}
     made = {}
     for name, content in files.items():

@@ -4,6 +4,7 @@
 // and is kept for a start without a network.
 
 const gpu_patience = 10000; // milliseconds that the browser may take to give the GPU back
+const worker_delay = 1000; // milliseconds between the first picture and the worker
 
 // In somebody else's page the focus stays where it is until this one is touched.
 function canvas_focus() {
@@ -65,8 +66,14 @@ async function fullscreen_set(wanted) {
 
 document.addEventListener("fullscreenchange", fullscreen_tell);
 
-try {
-    navigator.serviceWorker?.register("worker.js").catch(() => {});
-} catch (error) {
-    console.info(error); // a frame without rights plays on without it
+// Keeps the page for a start without a network. The game is to be seen first: fetching all files
+// once more would hold it up.
+function worker_begin() {
+    requestAnimationFrame(() => setTimeout(() => {
+        try {
+            navigator.serviceWorker?.register("worker.js").catch(() => {});
+        } catch (error) {
+            console.info(error); // a frame without rights plays on without it
+        }
+    }, worker_delay));
 }

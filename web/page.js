@@ -47,6 +47,7 @@ function page_started() {
     element("fullscreen").hidden = !canvas.requestFullscreen;
     canvas_focus();
     link_open();
+    worker_begin();
 }
 
 function page_ended() {

@@ -35,6 +35,10 @@ async function database_open() {
     return database;
 }
 
+// Asked for at once, since the answer takes as long as the program's files.
+const database_opened = database_open();
+database_opened.catch(() => {}); // told by store_join
+
 function reason_set(reason) {
     store.reason = reason;
     store.changed();
@@ -59,16 +63,16 @@ function store_load(FS) {
             }
             resolve();
         }, store_patience);
-        store_join(resolve);
+        store_join(database_opened, resolve);
     });
 }
 
 // Reads what is kept, and from this tab's turn on keeps what it has changed.
-async function store_join(loaded) {
+async function store_join(opened, loaded) {
     const turn_comes = store.turn.then(() => true);
     const patience_ends = new Promise(resolve => setTimeout(resolve, turn_patience));
     try {
-        const database = await database_open();
+        const database = await opened;
         const is_turn = await Promise.race([turn_comes, patience_ends]);
         await files_read(database);
         loaded();
@@ -93,7 +97,7 @@ async function store_join(loaded) {
 function store_rejoin() {
     store.may_write = false;
     store.known.forEach((content, path) => store.unkept.add(path));
-    store_join(() => {});
+    store_join(database_open(), () => {});
 }
 
 // Reading.

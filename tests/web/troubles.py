@@ -146,7 +146,7 @@ def bad_servers(page):
     for name, trouble, words in (("silent", "quorrel.data", "has not answered"),
                                  ("cut", "quorrel.data", "quorrel.data"),
                                  ("cut", "quorrel.wasm", "quorrel.wasm"),
-                                 ("cut", "store.js", "store.js did not come whole")):
+                                 ("cut", "scripts.js", "scripts.js did not come whole")):
         say(f"{trouble} is {name}")
         server = Server(page)
         setattr(server, name, trouble)
