@@ -98,6 +98,12 @@ void hand_show() {
         replay.game_is_over || (turn.human_count <= 1 && !current_seat().is_computer);
 }
 
+str space_words() {
+    return !replay.paused                        ? str("   <space> pauses")
+           : replay.position == record.act_count ? str("   <space> begins again")
+                                                 : str("   <space> goes on");
+}
+
 }  // namespace
 
 void replay_begin() {
@@ -144,8 +150,7 @@ void replay_line_draw() {
     text_builder_put_int(text, replay.position);
     text_builder_put_str(text, " of ");
     text_builder_put_int(text, record.act_count);
-    text_builder_put_str(text,
-                         replay.paused ? str("   <space> goes on") : str("   <space> pauses"));
+    text_builder_put_str(text, space_words());
     text_builder_put_str(text, "   <left> <right> step   <esc> leaves");
     label_draw(text_builder_text(text), render_target.width / 2.0,
                render_target.height - top_panel_height - line_drop, line_tint);
