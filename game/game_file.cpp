@@ -11,7 +11,6 @@
 #include "game/record.h"
 #include "game/takeback.h"
 #include "maps/file_text.h"
-#include "maps/kept.h"
 #include "platform/file.h"
 #include "platform/folder.h"
 #include "rules/screens.h"
@@ -21,8 +20,11 @@ game_file_record game_file;
 namespace {
 
 constexpr str shared_path = "under_way.quorrel-game";
-constexpr str own_folder = "kept/under_way_";  // with the number that the game began with
-constexpr i64 acts_unwritten = 4;              // at most, but for the one that is being shown
+constexpr str games_folder = "kept/games";
+constexpr str replaced_path = "kept/games/under_way.quorrel-game";  // with the date
+constexpr i64 replaced_count = 20;
+constexpr str own_start = "kept/games/under_way_";  // with the number that the game began with
+constexpr i64 acts_unwritten = 4;                   // at most, but for the one that is being shown
 
 // Of what the shared file holds; 0 when it cannot be read.
 u64 shared_print() {
@@ -56,11 +58,16 @@ bool shared_is_ours() {
 
 constexpr i64 path_limit = 64;
 
+// By which games are told apart.
+i64 game_number() {
+    return static_cast<i64>(record.start.chance.s0 >> 1);
+}
+
 // The file that this game has of its own.
 str own_path(char (&bytes)[path_limit]) {
     text_buffer text = {bytes, sizeof bytes, 0, 0};
-    text_buffer_put_str(text, own_folder);
-    text_buffer_put_int(text, static_cast<i64>(record.start.chance.s0 >> 1));
+    text_buffer_put_str(text, own_start);
+    text_buffer_put_int(text, game_number());
     text_buffer_put_str(text, ".quorrel-game");
     return text_buffer_text(text);
 }
@@ -90,11 +97,12 @@ bool own_write(u32 mode) {
 }
 
 bool shared_write(u32 mode) {
-    if (!shared_is_ours()) {
-        folder_trim(kept_folder, kept_count - 1);
-        file_keep(shared_path, "kept/under_way.game");
+    if (!shared_is_ours() || game_file.game != game_number()) {
+        folder_trim(games_folder, replaced_count - 1);
+        file_keep(shared_path, replaced_path);
     }
     own_delete();
+    game_file.game = game_number();
     return write_to(shared_path, mode, game_file.print);
 }
 
@@ -140,6 +148,7 @@ bool kept_game_resume() {
     }
     game_file.print = 1;
     print_add(game_file.print, text);
+    game_file.game = game_number();
     game_file.changes_written = record.changes;
     return true;
 }
@@ -153,8 +162,9 @@ void game_file_write() {
 }
 
 void game_file_write_at_times() {
-    if (record.changes - game_file.changes_written >= acts_unwritten && turn.move_timer <= 0 &&
-        game_can_be_written()) {
+    i64 changes = record.changes - game_file.changes_written;
+    bool due = changes >= acts_unwritten || (changes > 0 && turn.winner != no_winner);
+    if (due && turn.move_timer <= 0 && game_can_be_written()) {
         keep(file_mode_quick);
     }
 }

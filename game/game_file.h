@@ -2,9 +2,9 @@
 
 // The game under way outlives the program: it stands in a file of the player's directory, which is
 // written when the board is left, the window hidden or the program ended, and after every few acts.
-// A game that is over is not kept. What another program wrote there is not lost: it goes to
-// "kept/", and a program whose game has made way for a newer one goes on in a file of its own
-// there.
+// A game that is over is not kept. What another game is written over is not lost, whichever program
+// wrote it: the newest 20 stay in "kept/games". A program whose game has made way for a newer one
+// of another program goes on in a file of its own there.
 
 #include "base/str.h"
 #include "base/types.h"
@@ -12,6 +12,7 @@
 struct game_file_record {
     i64 changes_written = 0;  // the record's changes when it was written last
     u64 print = 0;            // of what this run wrote to the file, or read from it; 0 for nothing
+    i64 game = 0;             // the number that the game there began with
     bool has_own = false;     // this run's game stands in "kept/"
     bool failed = false;      // the player knows that it cannot be written
 };

@@ -156,13 +156,20 @@ TEST_F(record_test, GoesBackIntoTheGameUnderWay) {
     const game_file_record this_program = game_file;
     begin("draw");
     game_file_write();
-    EXPECT_EQ(names_in("kept").size(), 1U);
+    EXPECT_EQ(names_in("kept/games").size(), 1U);
     begin("draw;end");
     game_file = this_program;
     game_file.changes_written = 0;
     game_file_write();
-    EXPECT_EQ(names_in("kept").size(), 2U);
+    EXPECT_EQ(names_in("kept/games").size(), 2U);
     EXPECT_EQ(returned().size(), 11U) << "the newer one";
+    // So it does for another game of the same program, but the newest stay.
+    for (i64 i = 0; i < 30; ++i) {
+        record.start.chance.s0 += 2;
+        record.changes += 1;
+        game_file_write();
+    }
+    EXPECT_EQ(names_in("kept/games").size(), 21U) << "with the one pushed aside";
     // A game that is over is not kept.
     turn.winner = 0;
     record_go(0);
