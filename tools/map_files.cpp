@@ -24,20 +24,6 @@ std::string trouble_of(const std::string& path, int wanted, const char* words) {
     return access(path.c_str(), wanted) == 0 ? words : std::strerror(errno);
 }
 
-// Reads the whole file and leaves nothing in the arena; false, once it is named, when that cannot
-// be done.
-bool file_read(str path, std::string_view name, std::string& text) {
-    const i64 mark = arenas[arena_persistent].offset;
-    str bytes;
-    if (!file_read_all(path, bytes)) {
-        complain(name, trouble_of(std::string(view_of(path)), R_OK, "is no file of up to 32 MiB"));
-        return false;
-    }
-    text = view_of(bytes);
-    arena_rewind(arena_persistent, mark);
-    return true;
-}
-
 // Reads the text at the place, and what the place tells of its name and family.
 bool text_read_at(const map_place& place, named_map& map) {
     str path = place.file;
@@ -51,7 +37,7 @@ bool text_read_at(const map_place& place, named_map& map) {
         path = catalogue_selected()->path;
         selected_entry = -1;
     }
-    if (!file_read(path, place.word, map.text)) {
+    if (!text_file_read(path, place.word, map.text)) {
         return false;
     }
     if (map.family == no_family) {
@@ -61,6 +47,18 @@ bool text_read_at(const map_place& place, named_map& map) {
 }
 
 }  // namespace
+
+bool text_file_read(str path, std::string_view name, std::string& text) {
+    const i64 mark = arenas[arena_persistent].offset;
+    str bytes;
+    if (!file_read_all(path, bytes)) {
+        complain(name, trouble_of(std::string(view_of(path)), R_OK, "is no file of up to 32 MiB"));
+        return false;
+    }
+    text = view_of(bytes);
+    arena_rewind(arena_persistent, mark);
+    return true;
+}
 
 bool player_maps_load(const request& asked) {
     str data = shipped_data_find();
@@ -133,12 +131,7 @@ bool asked_map_read(const request& asked, named_map& map) {
     return map_places_find(asked, places) && map_read_at(places[0], asked.family, map);
 }
 
-int output_write(const request& asked, const std::string& text) {
-    if (asked.out.empty()) {
-        put(text);
-        return all_well;
-    }
-    const std::string path(asked.out);
+int text_file_write(const std::string& path, const std::string& text) {
     const std::string folder = path.substr(0, path.rfind('/') + 1);
     if (!directory_exists(str_from(folder))) {
         return complain(folder, "is no folder");
@@ -151,4 +144,12 @@ int output_write(const request& asked, const std::string& text) {
     }
     const bool is_there = access(path.c_str(), F_OK) == 0;
     return complain(path, trouble_of(is_there ? path : folder, W_OK, "cannot be written"));
+}
+
+int output_write(const request& asked, const std::string& text) {
+    if (!asked.out.empty()) {
+        return text_file_write(std::string(asked.out), text);
+    }
+    put(text);
+    return all_well;
 }

@@ -30,6 +30,10 @@ bool map_places_find(const request& asked, std::vector<map_place>& places);
 // that has it. False, once it is named, when there is none or several have it.
 bool entry_select(std::string_view name, i64 family);
 
+// Reads the whole file at `path` and leaves nothing in the arena; false, once `name` is named, when
+// that cannot be done.
+bool text_file_read(str path, std::string_view name, std::string& text);
+
 // Reads the map at the place: the word's own code, or the file's or list's text, which may be one.
 // The family of a code is its own; of a text it is `family` or with `no_family` the one that it
 // tells. False, once it is named, when it cannot be read, is no map or does not tell.
@@ -42,6 +46,8 @@ bool asked_map_read(const request& asked, named_map& map);
 // not sought.
 void map_open(const named_map& map, bool nimbers = true);
 
-// Writes the text on standard output or to the file that is asked for, which replaces one that is
-// there; no folder is made for it. The exit status.
+// Writes the text to the file at `path`, which replaces one that is there; no folder is made for
+// it. The exit status.
+int text_file_write(const std::string& path, const std::string& text);
+// The same with the file that is asked for; without one on standard output.
 int output_write(const request& asked, const std::string& text);

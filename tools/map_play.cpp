@@ -11,6 +11,7 @@
 #include "rules/deal.h"
 #include "rules/random.h"
 #include "rules/rule.h"
+#include "rules/seats.h"
 #include "rules/selection.h"
 #include "rules/turns.h"
 #include "tools/progress.h"
@@ -27,6 +28,7 @@ void seats_make(const std::vector<i64>& kinds) {
         player seat;
         seat.is_computer = kind != human_seat;
         seat.strength = seat.is_computer ? static_cast<u64>(kind) : strength_easy;
+        seat_colour_set(seat, players.count);
         dyn_array_push(players, seat);
     }
     player_count = players.count;
@@ -93,9 +95,9 @@ bool human_act(const ways_out& ways) {
     if (!selections.empty() && !(may_draw && random_below(draw_instead) == 0)) {
         selection = selections[random_below(selections.size())];
     } else if (may_draw) {
-        hand_draw();
+        record_take({act_draw});
     } else if (turn.card_drawn && deck.cards.count > 0) {
-        turn_end();
+        record_take({act_end});
     } else {
         return false;
     }

@@ -17,6 +17,8 @@ namespace {
 
 constexpr f64 margin = 16;     // pixels around everything
 constexpr f64 goal_step = 40;  // pixels between the goals' lines
+constexpr f64 line_step = 24;  // pixels between the lines below
+constexpr f64 line_size = 16;  // a letter is 0.6 of that wide
 
 // The pictures that boards are drawn with, in a square of 256 by 256, y downwards.
 struct symbol {
@@ -198,6 +200,18 @@ void goals_put(svg_drawing& svg) {
     }
 }
 
+void lines_put(svg_drawing& svg, const std::vector<std::string>& lines) {
+    shape drawn = bounds_of(svg.drawn);
+    f64 x = (drawn[0].x + drawn[2].x) / 2;
+    f64 y = drawn[0].y;
+    for (const std::string& line : lines) {
+        y -= line_step;
+        f64 reach = static_cast<f64>(line.size()) * line_size * 0.3;
+        svg.drawn.push_back(rectangle_shape(x - reach, y, 2 * reach, line_size));
+        text_put(svg, x, flipped(y), line_size, line);
+    }
+}
+
 std::string head_text(const shape& bounds) {
     std::string head = "<svg xmlns='http://www.w3.org/2000/svg' viewBox='";
     for (f64 value :
@@ -218,7 +232,7 @@ std::string head_text(const shape& bounds) {
 
 }  // namespace
 
-std::string map_svg(bool numbers) {
+std::string map_svg(bool numbers, const std::vector<std::string>& lines) {
     svg_drawing svg;
     transitions_put(svg);
     states_put(svg, numbers);
@@ -228,5 +242,6 @@ std::string map_svg(bool numbers) {
         svg.drawn.push_back(rectangle_shape(0, 0, 0, 0));
     }
     goals_put(svg);
+    lines_put(svg, lines);
     return head_text(bounds_of(svg.drawn)) + svg.body + "</svg>\n";
 }

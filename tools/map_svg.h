@@ -3,8 +3,9 @@
 // The loaded map as a picture for paper.
 
 #include <string>
+#include <vector>
 
 // The board as SVG, in black on white: arrows, loops, labels and stones where the game draws them,
-// accepting states with a double ring, the goals of a turing map below. With `numbers` each state's
-// index stands beside it. To be called in a frame of `board_frame_begin`.
-std::string map_svg(bool numbers);
+// accepting states with a double ring, the goals of a turing map and then the lines below. With
+// `numbers` each state's index stands beside it. To be called in a frame of `board_frame_begin`.
+std::string map_svg(bool numbers, const std::vector<std::string>& lines = {});

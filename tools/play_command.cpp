@@ -1,11 +1,14 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "game/game_writer.h"
+#include "game/record.h"
 #include "rules/cards.h"
 #include "tools/card_words.h"
 #include "tools/commands.h"
 #include "tools/map_files.h"
 #include "tools/map_play.h"
+#include "tools/position_words.h"
 #include "tools/terminal.h"
 
 namespace {
@@ -14,31 +17,21 @@ f64 percent(i64 part, i64 whole) {
     return 100.0 * static_cast<f64>(part) / static_cast<f64>(whole);
 }
 
-void record_print(const play_record& record, const request& asked) {
-    i64 finished = std::max<i64>(1, asked.games - record.unfinished - record.stuck);
+void result_print(const play_record& played, const request& asked) {
+    i64 finished = std::max<i64>(1, asked.games - played.unfinished - played.stuck);
     for (std::size_t seat = 0; seat < asked.seats.size(); ++seat) {
         std::printf("seat %zu %s: %.1f%% of wins\n", seat + 1, seat_names[asked.seats[seat]].data(),
-                    percent(record.wins[seat], finished));
+                    percent(played.wins[seat], finished));
     }
     std::printf(
-        "turns: median %lld, longest %lld\n", static_cast<long long>(median(record.turns)),
-        static_cast<long long>(*std::max_element(record.turns.begin(), record.turns.end())));
+        "turns: median %lld, longest %lld\n", static_cast<long long>(median(played.turns)),
+        static_cast<long long>(*std::max_element(played.turns.begin(), played.turns.end())));
     std::printf("moves %lld, passes %lld, draws %lld, unfinished %lld of %lld games\n",
-                static_cast<long long>(record.moves), static_cast<long long>(record.passes),
-                static_cast<long long>(record.draws), static_cast<long long>(record.unfinished),
+                static_cast<long long>(played.moves), static_cast<long long>(played.passes),
+                static_cast<long long>(played.draws), static_cast<long long>(played.unfinished),
                 static_cast<long long>(asked.games));
     std::printf("won by the first turn %lld, stuck humans %lld\n",
-                static_cast<long long>(record.at_once), static_cast<long long>(record.stuck));
-}
-
-// "Aa1 Bb2", the top card last.
-std::string cards_text(const dyn_array<card>& cards) {
-    std::string text;
-    for (card c : cards) {
-        text += text.empty() ? "" : " ";
-        text += card_text(c);
-    }
-    return text;
+                static_cast<long long>(played.at_once), static_cast<long long>(played.stuck));
 }
 
 // Writes the game as it is played.
@@ -51,14 +44,8 @@ struct trace_writer {
 };
 
 void trace_writer::deal_write() {
-    if (machine_kind == turing_machine) {
-        put("tape: " + cards_text(tape) + "\n");
-    }
-    for (i64 i = 0; i < players.count && machine_kind != state_machine; ++i) {
-        put("seat " + std::to_string(i + 1));
-        put(machine_kind == pushdown_machine ? " holds: " + cards_text(players[i].hand)
-                                             : " wants: " + goal_sentence(players[i].goal));
-        put("\n");
+    for (const std::string& line : position_lines()) {
+        put(line + "\n");
     }
 }
 
@@ -98,6 +85,28 @@ void trace_writer::operator()(const play_event& event) {
     places.assign(stones.begin(), stones.end());
 }
 
+// Has the last of the games recorded.
+struct last_game_recorder {
+    i64 games_left;
+
+    void operator()(const play_event& event) {
+        games_left -= event.kind == play_deal ? 1 : 0;
+        if (event.kind == play_deal && games_left == 0) {
+            record_begin(last_deal.start);
+        }
+    }
+};
+
+int game_save(const std::string& path) {
+    if (!game_can_be_written()) {
+        return complain(path, "the last game has no act, or its map is too large");
+    }
+    std::string text;
+    game_write([](void* to, str piece) { *static_cast<std::string*>(to) += view_of(piece); },
+               &text);
+    return text_file_write(path, text);
+}
+
 }  // namespace
 
 int play_command(const request& asked) {
@@ -106,9 +115,14 @@ int play_command(const request& asked) {
         return failed;
     }
     map_open(map);
-    play_record record = map_play(asked.seats, asked.games, asked.seed);
-    record_print(record, asked);
-    return record.unfinished + record.stuck == 0 ? all_well : failed;
+    const bool saves = !asked.game_out.empty();
+    play_record played = map_play(asked.seats, asked.games, asked.seed, turn_limit,
+                                  last_game_recorder{saves ? asked.games : 0});
+    result_print(played, asked);
+    if (saves && game_save(std::string(asked.game_out)) != all_well) {
+        return failed;
+    }
+    return played.unfinished + played.stuck == 0 ? all_well : failed;
 }
 
 int trace_command(const request& asked) {
@@ -117,6 +131,6 @@ int trace_command(const request& asked) {
         return failed;
     }
     map_open(map);
-    play_record record = map_play(asked.seats, 1, asked.seed, turn_limit, trace_writer());
-    return record.unfinished + record.stuck == 0 ? all_well : failed;
+    play_record played = map_play(asked.seats, 1, asked.seed, turn_limit, trace_writer());
+    return played.unfinished + played.stuck == 0 ? all_well : failed;
 }

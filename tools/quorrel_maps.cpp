@@ -36,14 +36,19 @@ constexpr command_form commands[] = {
      "Name what is wrong or doubtful in the maps, what breaks play first; nothing of a good one.\n"
      "--cyclic: state machines are meant to have cycles. --seats: for at most N seats (6).\n"
      "--all: every label and all lines, of which otherwise 20 of a kind are shown."},
-    {"play", play_command, "fdsgr", 1, 1,
-     "[FAMILY] MAP [--seats SEAT,...] [--games N] [--seed S]",
+    {"play", play_command, "fdsgrS", 1, 1,
+     "[FAMILY] MAP [--seats SEAT,...] [--games N] [--seed S] [--save-game FILE]",
      "Play N games (100) dealt from seed S (1). SEAT is easy, normal, hard or human, for 1 to 6\n"
      "seats (hard,hard); a human plays by chance what the board offers. A game is given up after\n"
-     "2000 turns and when nobody can go on."},
+     "2000 turns and when nobody can go on. --save-game: with the last game as a FILE, which the\n"
+     "game opens; cut behind any of its acts it is a position to play from."},
     {"trace", trace_command, "fdsr", 1, 1,
      "[FAMILY] MAP [--seats SEAT,...] [--seed S]",
      "Write one such game move by move."},
+    {"replay", replay_command, "oPn", 1, 1,
+     "FILE [--svg N [-o FILE] [--numbers]]",
+     "Tell a game, which the FILE holds, act by act in plain words. --svg: draw the position after\n"
+     "N acts, with what the seats hold."},
     {"explain", explain_command, "ptT", 1, 1,
      "RULE|GOAL [--card Aa1] [--top Bb2] [--tape Aa1,Bb2,...]",
      "Say what a rule asks; with a card, whether it may be played on the top card (without one:\n"

@@ -54,6 +54,11 @@ constexpr option_form option_forms[] = {
          return number_read(value, asked.games) && asked.games >= 1; }},
     {'r', "seed", "a number from 0", [](request& asked, std::string_view value) {
          return number_read(value, asked.seed); }},
+    {'S', "save-game", "a file", [](request& asked, std::string_view value) {
+         asked.game_out = view_of(path_absolute(str_from(value)));
+         return !value.empty(); }},
+    {'P', "svg", "a number of acts from 0", [](request& asked, std::string_view value) {
+         return number_read(value, asked.position) && asked.position >= 0; }},
     {'p', "card", "a card such as Aa1", [](request& asked, std::string_view value) {
          return asked.has_card = card_read(value, asked.played); }},
     {'t', "top", "a card such as Aa1", [](request&, std::string_view value) {

@@ -22,6 +22,8 @@ struct request {
     std::vector<i64> seats = {strength_hard, strength_hard};  // strengths and `human_seat`
     i64 games = 100;
     u64 seed = 1;
+    std::string_view game_out;  // path of a file for a game's text; empty for none
+    i64 position = -1;          // acts of a game after which it is drawn; below 0 to tell the acts
     bool has_card = false;
     card played = {};
     bool has_tape = false;  // `--tape` fills the game's tape, and `--top` its discard pile

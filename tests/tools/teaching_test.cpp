@@ -5,12 +5,15 @@
 #include <fstream>
 #include <sstream>
 
+#include "game/game_reader.h"
+#include "game/record.h"
 #include "game/turn_update.h"
 #include "maps/reader.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
 #include "rules/selection.h"
 #include "tests/support/game.h"
+#include "tools/card_words.h"
 
 namespace {
 
@@ -91,6 +94,82 @@ TEST_F(teaching_test, EverySolutionWins) {
         played += 1;
     }
     EXPECT_GE(played, 12);
+}
+
+// Everything that the seat to move may do, a computer's beside what it would decide on.
+std::vector<recorded_act> acts_open() {
+    const bool by_computer = current_seat().is_computer;
+    std::vector<recorded_act> acts;
+    for (u8 kind = act_move; kind < act_kind_count; ++kind) {
+        const i64 arcs = kind == act_move ? game_map.transitions.count : 1;
+        const i64 cards = kind == act_move ? current_seat().hand.count : 0;
+        for (i64 i = 0; i < arcs * std::max(cards, i64{1}); ++i) {
+            const i64 card = cards > 0 ? i % cards : no_card;
+            const i64 arc = kind == act_move ? i / std::max(cards, i64{1}) : -1;
+            game_act act = {act_kind{kind}, static_cast<i32>(arc), static_cast<i32>(card)};
+            if (act_is_open(act, by_computer)) {
+                acts.push_back({act, by_computer, false, 0});
+            }
+        }
+    }
+    return acts;
+}
+
+bool wins_within(i64 seat, i64 moves);
+
+// Whether the seat wins once this is done, with so many of its own moves behind it; the position is
+// left as it was.
+bool wins_after(const recorded_act& act, i64 seat, i64 moves) {
+    const i64 position = record.position;
+    record_append(act);
+    record_land();
+    const bool wins = turn.winner == seat || (turn.winner == no_winner && wins_within(seat, moves));
+    record_go(position);
+    record.act_count = position;
+    return wins;
+}
+
+// Whether it can win with its next `moves` moves whatever the others do.
+bool wins_within(i64 seat, i64 moves) {
+    const std::vector<recorded_act> acts = acts_open();
+    auto wins = [&](const recorded_act& act) {
+        const bool counts = turn.current_player == seat && act.what.kind != act_draw;
+        return wins_after(act, seat, moves - (counts ? 1 : 0));
+    };
+    if (moves == 0 || acts.empty()) {
+        return false;
+    }
+    return turn.current_player == seat ? std::any_of(acts.begin(), acts.end(), wins)
+                                       : std::all_of(acts.begin(), acts.end(), wins);
+}
+
+// What begins the quickest win of the seat to move.
+std::string quickest_win() {
+    const i64 seat = turn.current_player;
+    i64 moves = 1;
+    while (!wins_within(seat, moves)) {
+        moves += 1;
+    }
+    std::string text = "seat " + std::to_string(seat + 1) + " in " + std::to_string(moves) + " by";
+    for (const recorded_act& act : acts_open()) {
+        if (wins_after(act, seat, moves - (act.what.kind != act_draw ? 1 : 0))) {
+            const transition& arc = game_map.transitions[act.what.arc];
+            text += " " + std::to_string(arc.from) + ">" + std::to_string(arc.to);
+            text += act.what.card < 0 ? "" : ":" + card_text(current_seat().hand[act.what.card]);
+        }
+    }
+    return text;
+}
+
+TEST_F(teaching_test, EveryPositionIsWonAsItIsTold) {
+    golden_check("tools/positions", [](const std::string& name) {
+        globals_start();
+        const std::string text =
+            file_get((source / "docs/teaching/positions" / (name + ".quorrel-game")).string());
+        text_fault fault;
+        EXPECT_TRUE(game_read(str_of(text), trust_text, fault));
+        return fault.reason.length > 0 ? string_of(fault.reason) : quickest_win();
+    });
 }
 
 }  // namespace
