@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ai/computer.h"
+#include "game/record.h"
 #include "maps/catalogue.h"
 #include "maps/nimbers.h"
 #include "maps/reader.h"
@@ -21,6 +22,7 @@
 #include "rules/game_state.h"
 #include "rules/random.h"
 #include "rules/rule.h"
+#include "rules/seats.h"
 
 namespace {
 
@@ -193,5 +195,48 @@ void map_load_run(benchmark::State& state) {
     std::remove(path);
 }
 BENCHMARK(map_load_run)->Unit(benchmark::kMillisecond);
+
+// A game that nobody wins, of two easy computers.
+void endless_game_start(i64 kind) {
+    game_prepare(kind);
+    map_read(
+        "map 0 0 128\nwin 1\ndeck 20 4 4 4\nhand 8\ntape 6\ngoal 0 0 99\nstone 0\n. 0 0\n. 1 0\n"
+        "=> 0 1 0 0 0 \"A|B|1\"\n=> 1 0 0 0 0 \"C|a|2\"\n=> 0 0 0 0 0 \"D|b\"\n");
+    seat_list seats;
+    seat_list_read("easy,easy", seats);
+    seats_set(seats);
+    game_start();
+    record_follow();
+}
+
+// From the end of a game of 300 turns to its deal and forward again, by family.
+void record_walk(benchmark::State& state) {
+    endless_game_start(state.range(0));
+    for (i64 turns = 0; turns < 300;) {
+        const i8 seat = turn.current_player;
+        arena_rewind(arena_frame, 0);
+        record_take_computer();
+        record_land();
+        turns += turn.current_player != seat ? 1 : 0;
+    }
+    const i64 end = record.position;
+    for (auto _ : state) {
+        record_go(0);
+        record_go(end);
+    }
+}
+BENCHMARK(record_walk)->DenseRange(0, machine_kind_count - 1)->Unit(benchmark::kMicrosecond);
+
+// A human's move, without the record (0) and with it (1).
+void move_take(benchmark::State& state) {
+    endless_game_start(state_machine);
+    record.whole = state.range(0) != 0;
+    for (auto _ : state) {
+        record.position = 0;
+        record_take(move_along(game_map.transitions[stones[0]]));
+        turn.move_timer = 0;
+    }
+}
+BENCHMARK(move_take)->DenseRange(0, 1);
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -19,12 +20,15 @@
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "program/frame.h"
+#include "program/opening.h"
 #include "render/camera.h"
 #include "render/renderer.h"
+#include "rules/acts.h"
 #include "rules/cards.h"
 #include "rules/check.h"
 #include "rules/game_state.h"
 #include "rules/screens.h"
+#include "rules/seats.h"
 #include "rules/selection.h"
 #include "tools/words.h"
 
@@ -62,6 +66,8 @@ enum act : u8 {
     act_wheel_back = 240,
     act_caps_lock = 244,
     act_pass_time = 246,  // of a move or of a computer that thinks
+    act_seat = 250,       // one more byte: the seat to move does what is open, from there on
+    act_begin = 253,      // one more byte: a game with seats of all kinds
     act_fill_disk = 254,
     act_free_disk = 255,
 };
@@ -86,6 +92,43 @@ void state_click(u8 number) {
 // A multiple of 16 from -512 to 496.
 f64 coordinate(u8 byte) {
     return (byte % 64 - 32) * 16;
+}
+
+// What a human might click on, found at once, the moves and cards from that number on.
+void seat_act(u8 number) {
+    if (!game_is_shown() || turn.move_timer > 0) {
+        return;
+    }
+    record_follow();
+    const i64 cards = std::max(current_seat().hand.count, i64{1});
+    const i64 moves = game_map.transitions.count * cards;
+    for (i64 i = 0; i < moves + act_kind_count; ++i) {
+        const i64 choice = (number + i) % (moves + act_kind_count);
+        game_act act = {choice < moves ? act_move : static_cast<act_kind>(choice - moves)};
+        act.arc = static_cast<i32>(choice / cards);
+        act.card = static_cast<i32>(choice % cards);
+        if (act_is_open(act, false)) {
+            record_take(act);
+            return;
+        }
+    }
+}
+
+// Straight on the board, on a map of any family.
+void game_begin(u8 number) {
+    constexpr str seats[] = {"human",
+                             "human,human",
+                             "human,hard",
+                             "hard,human,easy",
+                             "human,normal,human,human",
+                             "easy,human",
+                             "human,human,human",
+                             "easy,normal,hard,human,human,human"};
+    seat_list list;
+    fuzz_expect(seat_list_read(seats[number % std::size(seats)], list), "these are seats");
+    machine_kind = number / std::size(seats) % machine_kind_count;
+    catalogue_select();
+    selected_map_play(list);
 }
 
 void act_do(u8 byte, fuzz_input& input) {
@@ -115,9 +158,13 @@ void act_do(u8 byte, fuzz_input& input) {
         headless_wheel(byte < act_wheel_back ? 1 : -1);
     } else if (byte < act_pass_time) {
         headless_set_caps_lock(byte == act_caps_lock);
-    } else if (byte < act_fill_disk) {
+    } else if (byte < act_seat) {
         turn.think_timer = 0;
         turn.move_timer = std::min(turn.move_timer, frame_dt);
+    } else if (byte < act_begin) {
+        seat_act(input.byte());
+    } else if (byte < act_fill_disk) {
+        game_begin(input.byte());
     } else {
         files_fill_disk(byte < act_free_disk);
     }
