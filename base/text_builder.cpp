@@ -46,6 +46,14 @@ str text_builder_text(const text_builder& builder) {
     return {builder.data, builder.length};
 }
 
+str text_join(std::initializer_list<str> parts) {
+    text_builder builder = text_builder_make(arena_frame);
+    for (str part : parts) {
+        text_builder_put_str(builder, part);
+    }
+    return text_builder_text(builder);
+}
+
 void text_buffer_put(text_buffer& buffer, char byte) {
     assert(0 <= buffer.cursor && buffer.length <= buffer.capacity);
     if (buffer.cursor < buffer.capacity) {

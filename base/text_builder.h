@@ -2,6 +2,8 @@
 
 // Texts under construction: bytes in memory with a write cursor.
 
+#include <initializer_list>
+
 #include "base/arena.h"
 #include "base/str.h"
 #include "base/types.h"
@@ -21,6 +23,8 @@ void text_builder_put(text_builder& builder, char byte);
 void text_builder_put_str(text_builder& builder, str text);
 // The bytes written so far; valid until the next put.
 str text_builder_text(const text_builder& builder);
+// The parts one after the other, in the frame arena.
+str text_join(std::initializer_list<str> parts);
 
 // Never grows: it fills memory of a fixed size that the caller lends, and drops what is beyond.
 struct text_buffer {

@@ -8,10 +8,12 @@
 #include "base/text_builder.h"
 
 tidings_record tidings;
+standing_record standing;
 
 namespace {
 
-constexpr i64 part_limit = 120;  // bytes
+constexpr i64 part_limit = 120;           // bytes
+constexpr i64 standing_part_limit = 240;  // bytes
 constexpr str ellipsis = "…";
 constexpr str unshown = "?";
 
@@ -53,8 +55,8 @@ i64 character_length(str text) {
 }
 
 // Puts the part, or as much of it as there is room for and an ellipsis.
-void part_put(text_buffer& line, str part) {
-    i64 room = std::min(part_limit, line.capacity - line.length) - ellipsis.length;
+void part_put(text_buffer& line, str part, i64 limit) {
+    i64 room = std::min(limit, line.capacity - line.length) - ellipsis.length;
     for (i64 length; part.length > 0 && room >= 0;
          part = {part.data + length, part.length - length}) {
         i64 shown = character_length(part);
@@ -65,25 +67,52 @@ void part_put(text_buffer& line, str part) {
     }
 }
 
+// Writes the parts, each up to the limit, into the memory of a line; returns the bytes that it
+// takes.
+i64 line_write(char (&memory)[tiding_limit], std::initializer_list<str> parts, i64 limit) {
+    text_buffer line = {memory, tiding_limit, 0, 0};
+    for (str part : parts) {
+        part_put(line, part, limit);
+    }
+    return line.length;
+}
+
 }  // namespace
 
 void tiding_tell(tiding_kind kind, std::initializer_list<str> parts) {
     if (tidings.is_new && tidings.kind < kind) {
         return;
     }
-    text_buffer line = {tidings.text, tiding_limit, 0, 0};
-    for (str part : parts) {
-        part_put(line, part);
-    }
     tidings.kind = kind;
     tidings.is_new = true;
-    tidings.length = line.length;
+    tidings.length = line_write(tidings.text, parts, part_limit);
 }
 
 void failure_tell(std::initializer_list<str> parts) {
     message_write(parts);
     message_write({"\n"});
     tiding_tell(tiding_failure, parts);
+}
+
+void standing_tell(std::initializer_list<str> parts) {
+    char text[tiding_limit];
+    i64 length = line_write(text, parts, standing_part_limit);
+    if (str(text, length) == str(standing.text, standing.length)) {
+        return;
+    }
+    std::copy_n(text, length, standing.text);
+    standing.length = length;
+    standing.is_new = true;
+    if (tidings.shown_kind != tiding_failure) {
+        tidings.frames_left = std::min(tidings.frames_left, 1);
+    }
+}
+
+bool standing_step(str& shown) {
+    bool is_new = standing.is_new;
+    standing.is_new = false;
+    shown = {standing.text, standing.length};
+    return is_new;
 }
 
 bool tidings_step(str& shown) {

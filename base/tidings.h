@@ -1,7 +1,8 @@
 #pragma once
 
 // What the player is told besides the picture: one line at a time, which the platform shows where
-// players look, such as in the window's title.
+// players look, such as in the window's title. Tidings pass; when there is none, a line stands
+// there that says how things are.
 
 #include <initializer_list>
 
@@ -30,6 +31,15 @@ struct tidings_record {
 
 extern tidings_record tidings;
 
+// The line that stands.
+struct standing_record {
+    bool is_new = false;           // not shown yet
+    i64 length = 0;                // bytes
+    char text[tiding_limit] = {};  // as that of a tiding
+};
+
+extern standing_record standing;
+
 // Tells the player the parts as one line, without a newline. One that is not shown yet makes way
 // for none that matters less. Long parts and long lines are cut, "?" stands for each byte that
 // cannot be shown.
@@ -38,6 +48,13 @@ void tiding_tell(tiding_kind kind, std::initializer_list<str> parts);
 // Tells the player, and writes on standard output, what could not be done; the line, without its
 // newline.
 void failure_tell(std::initializer_list<str> parts);
+
+// Says how things are, as a line of such parts; without parts nothing stands there. When it
+// changes, the tiding that is shown is of the past: its time is over, unless it is a failure.
+void standing_tell(std::initializer_list<str> parts);
+
+// Whether the line that stands is new since it was asked for last.
+bool standing_step(str& shown);
 
 // The passing of a frame in which the player could see a tiding. True when something else has to be
 // shown from now on: a new tiding, or nothing once the last one's time is over. The text lives

@@ -150,20 +150,10 @@ void stones_draw() {
 }  // namespace
 
 void board_find_transition() {
-    selection.selected_transition = no_index;
     u16 source = selection_source();
     u16 target = selection_target();
-    if (source == no_index || target == no_index) {
-        return;
-    }
-    i64 count = std::min(game_map.transitions.count, i64{no_index});
-    for (i64 i = 0; i < count; ++i) {
-        const transition& arc = game_map.transitions[i];
-        if (arc.from == source && arc.to == target) {
-            selection.selected_transition = static_cast<u16>(i);
-            return;
-        }
-    }
+    bool both = source != no_index && target != no_index;
+    selection.selected_transition = both ? transition_between(source, target) : no_index;
 }
 
 void nimbers_key_apply() {

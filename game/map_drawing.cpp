@@ -1,5 +1,6 @@
 #include "game/map_drawing.h"
 
+#include <algorithm>
 #include <cassert>
 
 #include "render/pictures.h"
@@ -50,6 +51,10 @@ void transition_draw(const map_placement& place, const transition& arc, const co
     text_draw(arc.rule, (from.x + to.x) / 2 + f64{arc.label_dx} * f,
               (from.y + to.y) / 2 + f64{arc.label_dy} * f, text_normal * f, colour_white,
               place.space, text_icons);
+}
+
+bool transition_carries_words(const transition& arc) {
+    return std::find(arc.rule.begin(), arc.rule.end(), '%') != arc.rule.end();
 }
 
 box label_box(const transition& arc) {

@@ -34,6 +34,9 @@ world_point placed_centre(const map_placement& place, i64 state);
 // The arrow or loop of a transition whose states exist, and its rule.
 void transition_draw(const map_placement& place, const transition& arc, const colour& tint);
 
+// Whether its text is words for the board, which have a "%", and no rule.
+bool transition_carries_words(const transition& arc);
+
 // Where its rule stands, in world units.
 box label_box(const transition& arc);
 

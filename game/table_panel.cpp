@@ -8,7 +8,6 @@
 #include "render/sprites.h"
 #include "render/view.h"
 #include "render/walk.h"
-#include "rules/cards.h"
 #include "rules/game_state.h"
 
 namespace {
@@ -19,13 +18,9 @@ void pile_place(card_pile& pile, f64 x) {
     pile.size = card_size;
 }
 
-box place_of(const card_pile& pile) {
-    return {pile.x, pile.y, pile.size, pile.size};
-}
-
 void piles_draw() {
     if (deck.cards.count > 0) {
-        sprite_draw(texture_gradient1, place_of(deck), colour_white);
+        sprite_draw(texture_gradient1, pile_box(deck), colour_white);
     }
     if (discard_pile.cards.count > 0) {
         card_draw(card_array_top(discard_pile.cards), discard_pile.x, discard_pile.y,
@@ -54,6 +49,19 @@ void piles_place() {
     pile_place(discard_pile, centre + 64);
 }
 
+box pile_box(const card_pile& pile) {
+    return {pile.x, pile.y, pile.size, pile.size};
+}
+
+box end_turn_box() {
+    return {render_target.width - card_step, render_target.height - card_step, card_size,
+            card_size};
+}
+
+bool end_turn_is_at(const pointer& mouse) {
+    return pointer_is_over(mouse, end_turn_box());
+}
+
 void table_draw() {
     if (machine_kind == pushdown_machine) {
         piles_draw();
@@ -67,8 +75,8 @@ void deck_frame(const pointer& mouse) {
     if (!drawable) {
         return;
     }
-    walk_note(place_of(deck));
-    if (!pointer_is_over(mouse, place_of(deck))) {
+    walk_note(pile_box(deck));
+    if (!pointer_is_over(mouse, pile_box(deck))) {
         return;
     }
     if (mouse.pressed) {
@@ -81,19 +89,17 @@ void end_turn_frame(const pointer& mouse) {
     if (!turn.card_drawn) {
         return;
     }
-    f64 x = render_target.width - card_step;
-    f64 y = render_target.height - card_step;
-    box sign = {x, y, card_size, card_size};
+    box sign = end_turn_box();
     sprite_draw(texture_next_turn, sign, current_seat().colour);
     if (deck.cards.count == 0) {
         return;
     }
     walk_note(sign);
-    if (!pointer_is_over(mouse, sign)) {
+    if (!end_turn_is_at(mouse)) {
         return;
     }
     if (mouse.pressed) {
         record_take({act_end});
     }
-    card_highlight_draw(x, y, card_hover_tint);
+    card_highlight_draw(sign.x, sign.y, card_hover_tint);
 }

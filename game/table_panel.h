@@ -4,9 +4,15 @@
 // tape of turing games.
 
 #include "render/view.h"
+#include "rules/cards.h"
 
 // Puts the squares of the deck and the discard pile at their places in the window.
 void piles_place();
+
+// Where a pile is drawn, and the sign that ends a turn; whether the pointer is over that.
+box pile_box(const card_pile& pile);
+box end_turn_box();
+bool end_turn_is_at(const pointer& mouse);
 
 // Draws the current family's piles or tape.
 void table_draw();

@@ -6,14 +6,12 @@
 #include "game/record.h"
 #include "platform/input.h"
 #include "rules/screens.h"
+#include "words/turn_words.h"
 
 takeback_record takeback;
 
 namespace {
 
-// As seats are told by their colours.
-constexpr str seat_names[seat_colour_count] = {"Red",    "Blue",   "Green",
-                                               "Yellow", "Purple", "Orange"};
 constexpr str act_names[act_kind_count] = {"", "move", "card drawn", "end of turn", "pass"};
 
 constexpr i64 no_position = -1;
@@ -41,9 +39,8 @@ i64 position_forward() {
 
 // The words for the act at the current position.
 void act_tell(str what, i64 index) {
-    const player& seat = current_seat();
-    tiding_tell(tiding_news, {what, seat_names[seat.colour_index], "'s ",
-                              act_names[record_acts[index].what.kind]});
+    tiding_tell(tiding_news,
+                {what, seat_name(current_seat()), "'s ", act_names[record_acts[index].what.kind]});
 }
 
 void step_back() {

@@ -54,6 +54,17 @@ bool transition_exists(const transition& arc) {
     return state_exists(arc.from) && state_exists(arc.to);
 }
 
+u16 transition_between(u16 from, u16 to) {
+    i64 count = std::min(game_map.transitions.count, i64{no_index});
+    for (i64 i = 0; i < count; ++i) {
+        const transition& arc = game_map.transitions[i];
+        if (arc.from == from && arc.to == to) {
+            return static_cast<u16>(i);
+        }
+    }
+    return no_index;
+}
+
 u8 state_nimber(u16 state) {
     return state < game_map.nimber_count ? game_map.nimbers[state] : no_nimber;
 }

@@ -159,6 +159,8 @@ element* per_state(element value) {
 }
 // Whether both of its states exist.
 bool transition_exists(const transition& arc);
+// The first transition from one to the other of those that an index can name; `no_index`: none.
+u16 transition_between(u16 from, u16 to);
 
 // The nimber of a state, `no_nimber` when it is unknown or the state has no entry.
 u8 state_nimber(u16 state);

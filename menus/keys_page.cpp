@@ -6,6 +6,7 @@
 #include "editor/map_edit.h"
 #include "editor/trial.h"
 #include "game/game_file.h"
+#include "game/hint.h"
 #include "game/replay.h"
 #include "game/takeback.h"
 #include "maps/catalogue.h"
@@ -67,7 +68,7 @@ struct key_row {
 
 constexpr key_row rows[] = {
     {"", "Everywhere:", nullptr},
-    {"<f2>", "toggle this page", always},
+    {"<f2>", "held, what can be done; else this page", always},
     {"arrows", "walk over what can be clicked", nullptr},
     {"<enter>", "click there, with <shift> by the right button", nullptr},
     {"<f4>", "from the menus back into the game", can_return},
@@ -77,6 +78,7 @@ constexpr key_row rows[] = {
     {"ctrl+z", "take back what was done", can_go_back},
     {"ctrl+y", "do it again", can_go_forward},
     {"<f9>", "play the map under work, and back to it", trial_key_works},
+    {"<shift> + <f2>", "a hint in a game", hints_are_due},
     {"n", "after a win the next map", can_play_next},
     {"", "", nullptr},
     {"", "Editor:", nullptr},
@@ -89,18 +91,6 @@ constexpr key_row rows[] = {
     {"v", "put what was copied", can_put},
 };
 
-void keys_now_put(text_builder& text) {
-    str before = "Right now: ";
-    for (const key_row& row : rows) {
-        if (row.works != nullptr && row.works()) {
-            text_builder_put_str(text, before);
-            text_builder_put_str(text, row.key);
-            before = ", ";
-        }
-    }
-    text_builder_put_str(text, "\n\n");
-}
-
 void row_put(text_builder& text, const key_row& row) {
     text_builder_put_str(text, row.key);
     text_builder_put_str(text, row.key.length > 0 ? str(": ") : str());
@@ -110,9 +100,23 @@ void row_put(text_builder& text, const key_row& row) {
 
 }  // namespace
 
+str keys_now_words() {
+    text_builder text = text_builder_make(arena_frame);
+    str before = "Right now: ";
+    for (const key_row& row : rows) {
+        if (row.works != nullptr && row.works()) {
+            text_builder_put_str(text, before);
+            text_builder_put_str(text, row.key);
+            before = ", ";
+        }
+    }
+    return text_builder_text(text);
+}
+
 void keys_page_draw() {
     text_builder text = text_builder_make(arena_frame);
-    keys_now_put(text);
+    text_builder_put_str(text, keys_now_words());
+    text_builder_put_str(text, "\n\n");
     for (const key_row& row : rows) {
         row_put(text, row);
     }

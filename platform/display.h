@@ -25,6 +25,8 @@ bool display_wants_stillness();
 // Shows the player one line of UTF-8 outside the picture: in the window's title, on the page. An
 // empty one takes the line away; a page leaves it until it has another.
 void display_tell(str line);
+// Shows what stands there while no such line is shown; an empty one: nothing.
+void display_stand(str line);
 // Takes the window off the screen. Its GPU objects may still be destroyed, until the platform is
 // released.
 void display_close();

@@ -10,11 +10,14 @@
 #include "editor/editor.h"
 #include "editor/trial.h"
 #include "game/game_file.h"
+#include "game/game_line.h"
+#include "game/hint.h"
 #include "game/replay.h"
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
 #include "maps/kept.h"
 #include "maps/map_work.h"
+#include "menus/held_page.h"
 #include "menus/info_overlays.h"
 #include "menus/keys_page.h"
 #include "menus/map_list.h"
@@ -37,6 +40,7 @@ namespace {
 constexpr i32 window_width = 1024;
 constexpr i32 window_height = 832;
 constexpr u32 frame_pause = 8;  // milliseconds
+constexpr i32 tap_frames = 20;  // a key that is held for fewer is tapped
 
 void pipeline_prepare() {
     pipeline_cull_enable(true);
@@ -76,6 +80,26 @@ void game_key_apply() {
     }
 }
 
+// With shift it gives a hint. Held, the key shows what can be done; a tap toggles the page of keys.
+void show_key_apply() {
+    bool pressed = input_key_is_pressed(key_f2);
+    if (pressed && input_key_is_held(key_shift)) {
+        hint_give();
+    } else if (pressed) {
+        app.show_frames = 1;
+    } else if (app.show_frames > 0) {
+        app.show_frames += app.show_frames < tap_frames ? 1 : 0;
+    }
+    if (app.show_frames == 0 || input_key_is_held(key_f2)) {
+        return;
+    }
+    if (app.show_frames < tap_frames) {
+        app.keys_visible = !app.keys_visible;
+        app.help_visible = false;
+    }
+    app.show_frames = 0;
+}
+
 void keys_apply() {
     if (input_key_is_pressed(key_escape)) {
         escape_apply();
@@ -84,10 +108,7 @@ void keys_apply() {
         app.help_visible = !app.help_visible;
         app.keys_visible = false;
     }
-    if (input_key_is_pressed(key_f2)) {
-        app.keys_visible = !app.keys_visible;
-        app.help_visible = false;
-    }
+    show_key_apply();
     if (input_key_is_pressed(key_f3)) {
         app.memory_report_visible = !app.memory_report_visible;
     }
@@ -116,11 +137,25 @@ void screen_frame() {
     if (app.help_visible) {
         help_overlay_draw();
     }
-    if (app.keys_visible) {
+    if (app.show_frames > 0) {
+        held_page_draw();
+    } else if (app.keys_visible) {
         keys_page_draw();
     }
     if (app.memory_report_visible) {
         memory_report_draw();
+    }
+}
+
+void standing_line_show() {
+    if (board_is_shown() && !screens.editor_open) {
+        game_line_tell();
+    } else {
+        standing_tell({});
+    }
+    str line;
+    if (standing_step(line)) {
+        display_stand(line);
     }
 }
 
@@ -193,6 +228,7 @@ bool program_frame() {
     render_frame_begin();
     screen_frame();
     render_frame_end();
+    standing_line_show();
     if (u32 error = pipeline_get_error()) {
         gpu_error_stop(error);
     }

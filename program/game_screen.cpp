@@ -3,7 +3,9 @@
 #include "editor/editor.h"
 #include "game/board.h"
 #include "game/hand_panel.h"
+#include "game/hint.h"
 #include "game/notices.h"
+#include "game/refused.h"
 #include "game/replay.h"
 #include "game/table_panel.h"
 #include "maps/model.h"
@@ -41,6 +43,10 @@ void play_overlays_frame(const pointer& mouse) {
     }
     if (turn.winner != no_winner) {
         winner_banner_draw();
+    }
+    if (!screens.replay_open) {
+        hint_draw();
+        click_judge(mouse);
     }
 }
 

@@ -13,8 +13,11 @@
 #include "editor/text_entry.h"
 #include "editor/trial.h"
 #include "game/game_file.h"
+#include "game/game_line.h"
 #include "game/hand_panel.h"
+#include "game/hint.h"
 #include "game/record.h"
+#include "game/refused.h"
 #include "game/replay.h"
 #include "game/takeback.h"
 #include "maps/catalogue.h"
@@ -28,6 +31,7 @@
 #include "render/pictures.h"
 #include "render/renderer.h"
 #include "render/walk.h"
+#include "rules/acts.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
@@ -65,10 +69,14 @@ void game_globals_reset() {
     std::memset(stone_stack, 0, sizeof stone_stack);
     hand_row = {};
     last_deal = {};
+    last_done = {};
     record = {};
     takeback = {};
     replay = {};
     game_file = {};
+    refused = {};
+    hint = {};
+    game_line = {};
     text_entry = {};
     goal_editing = {};
     history = {};
@@ -98,6 +106,7 @@ void screen_globals_reset() {
 void globals_reset() {
     std::fill(arenas, arenas + arena_count, arena{});
     tidings = {};
+    standing = {};
     map_globals_reset();
     game_globals_reset();
     screen_globals_reset();

@@ -8,6 +8,8 @@
 #include "rules/rule.h"
 #include "rules/turns.h"
 
+done_record last_done;
+
 namespace {
 
 // Whether no transition before it joins the same states.
@@ -22,19 +24,26 @@ bool is_first_between(i64 index) {
     return true;
 }
 
-// Whether the card is in the current hand and satisfies the rule.
-bool card_allows(str rule, i64 index) {
+refusal card_refusal(str rule, i64 index) {
     const dyn_array<card>& hand = current_seat().hand;
-    return 0 <= index && index < hand.count && rule_matches(rule, hand[index]);
+    if (index < 0 || index >= hand.count) {
+        return refused_no_card;
+    }
+    return rule_matches(rule, hand[index]) ? refused_not : refused_card;
 }
 
-bool move_is_open(const game_act& act) {
+refusal move_refusal(const game_act& act) {
     if (act.arc < 0 || act.arc >= game_map.transitions.count) {
-        return false;
+        return refused_no_arrow;
     }
     const transition& arc = game_map.transitions[act.arc];
-    return transition_exists(arc) && stone_find(arc.from) != no_index &&
-           (machine_kind != pushdown_machine || card_allows(arc.rule, act.card));
+    if (!transition_exists(arc)) {
+        return refused_no_arrow;
+    }
+    if (stone_find(arc.from) == no_index) {
+        return refused_no_stone;
+    }
+    return machine_kind == pushdown_machine ? card_refusal(arc.rule, act.card) : refused_not;
 }
 
 void move_do(const game_act& act) {
@@ -47,31 +56,55 @@ void move_do(const game_act& act) {
     }
 }
 
-bool computer_may(const game_act& act) {
+refusal computer_refusal(const game_act& act) {
     if (!current_seat().is_computer || turn.winner != no_winner) {
-        return false;
+        return refused_turn;
     }
+    bool has_cards = machine_kind == pushdown_machine;
     switch (act.kind) {
         case act_move:
-            return move_is_open(act);
+            return move_refusal(act);
         case act_draw:
-            return machine_kind == pushdown_machine && !turn.card_drawn;
+            return has_cards && !turn.card_drawn ? refused_not : refused_drawn;
         case act_end:
-            return machine_kind == pushdown_machine && turn.card_drawn;
+            return has_cards && turn.card_drawn ? refused_not : refused_not_drawn;
         default:
-            return act.kind == act_pass && machine_kind == turing_machine;
+            return act.kind == act_pass && machine_kind == turing_machine ? refused_not
+                                                                          : refused_turn;
     }
 }
 
-bool human_may(const game_act& act) {
+refusal human_move_refusal(const game_act& act) {
+    refusal why = move_refusal(act);
+    return why == refused_not && !is_first_between(act.arc) ? refused_behind : why;
+}
+
+refusal human_refusal(const game_act& act) {
     if (act.kind == act_move) {
-        return move_is_open(act) && is_first_between(act.arc);
+        return human_move_refusal(act);
     }
-    if (current_seat().is_computer || deck.cards.count == 0) {
-        return false;
+    if (current_seat().is_computer) {
+        return refused_turn;
     }
-    return turn.card_drawn ? act.kind == act_end
-                           : act.kind == act_draw && machine_kind == pushdown_machine;
+    if (turn.card_drawn && act.kind == act_draw) {
+        return refused_drawn;
+    }
+    if (deck.cards.count == 0) {
+        return refused_empty_deck;
+    }
+    if (act.kind == act_end) {
+        return turn.card_drawn ? refused_not : refused_not_drawn;
+    }
+    bool draws = act.kind == act_draw && machine_kind == pushdown_machine;
+    return draws ? refused_not : refused_turn;
+}
+
+void done_note(const game_act& act) {
+    last_done = {
+        act, static_cast<u8>(turn.current_player), turn.card_drawn, {}, last_done.number + 1};
+    if (act.kind == act_move && machine_kind == pushdown_machine) {
+        last_done.played = current_seat().hand[act.card];
+    }
 }
 
 }  // namespace
@@ -80,11 +113,16 @@ game_act move_along(const transition& arc, i64 card) {
     return {act_move, static_cast<i32>(&arc - game_map.transitions.data), static_cast<i32>(card)};
 }
 
+refusal act_refusal(const game_act& act, bool by_computer) {
+    return by_computer ? computer_refusal(act) : human_refusal(act);
+}
+
 bool act_is_open(const game_act& act, bool by_computer) {
-    return by_computer ? computer_may(act) : human_may(act);
+    return act_refusal(act, by_computer) == refused_not;
 }
 
 void act_do(const game_act& act) {
+    done_note(act);
     switch (act.kind) {
         case act_move:
             move_do(act);

@@ -11,6 +11,7 @@
 #include "maps/kept.h"
 #include "maps/map_work.h"
 #include "maps/model.h"
+#include "rules/acts.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
@@ -198,6 +199,16 @@ str screens_fault() {
     return open > 1 ? str("two menus are open") : str();
 }
 
+str done_fault() {
+    if (last_done.what.kind >= act_kind_count || last_done.seat >= player_limit) {
+        return "what was done last is no act of a seat";
+    }
+    if (last_done.what.arc >= game_map.transitions.count || !card_exists(last_done.played)) {
+        return "what was done last is a wild move";
+    }
+    return {};
+}
+
 void print_add_card(u64& print, card c) {
     print_add(print, u64{c.colour} << 16 | u64{c.shape} << 8 | c.number);
 }
@@ -248,6 +259,9 @@ str game_fault() {
     }
     if (turn.winner != no_winner && turn.winner >= players.count) {
         return "the winner does not exist";
+    }
+    if (str fault = done_fault(); fault.length > 0) {
+        return fault;
     }
     return state_fault();
 }

@@ -8,6 +8,7 @@
 #include "maps/map_work.h"
 #include "maps/model.h"
 #include "maps/reader.h"
+#include "rules/acts.h"
 #include "rules/cards.h"
 #include "rules/check.h"
 #include "rules/game_state.h"
@@ -82,6 +83,7 @@ void cards_deal() {
     seats_deal();
     turn.current_player = 0;
     turn.winner = no_winner;
+    last_done = {{}, 0, false, {}, last_done.number + 1};
     turn.turn_revealed = players.count > 0 && !players[0].is_computer;
 }
 

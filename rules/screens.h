@@ -3,6 +3,8 @@
 // Which screen and which overlays are shown, and whether the main loop goes on. Kept low so that a
 // reader of a flag does not pull in the screens themselves.
 
+#include "base/types.h"
+
 // The title menu comes before the player set-up, that before the map list; with none of the three
 // the board shows, as the editor when `editor_open` is set, else as the game.
 struct screen_flags {
@@ -29,6 +31,7 @@ struct app_record {
     bool running = false;  // the loop goes on
     bool help_visible = false;
     bool keys_visible = false;  // the page of keys, which takes the help page's place
+    i32 show_frames = 0;        // for which its key is held: what can be done is shown
     bool memory_report_visible = false;
 };
 

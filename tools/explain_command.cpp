@@ -1,11 +1,14 @@
+#include <string>
+
 #include "maps/reader.h"
 #include "rules/cards.h"
 #include "rules/goal.h"
 #include "rules/rule.h"
-#include "tools/card_words.h"
 #include "tools/commands.h"
-#include "tools/rule_words.h"
 #include "tools/terminal.h"
+#include "tools/words.h"
+#include "words/card_words.h"
+#include "words/rule_words.h"
 
 namespace {
 
@@ -20,8 +23,18 @@ void verdict_put(bool yes) {
     put(yes ? "yes" : "no", yes ? ink_good : ink_bad);
 }
 
+void words_put(str text) {
+    put(view_of(text));
+}
+
 bool is_chain(const rule_part& part) {
     return part.kind == '&' || part.kind == '|' || part.kind == '^';
+}
+
+void part_words_put(const rule_part& part) {
+    i64 mark = arenas[arena_frame].offset;
+    words_put(rule_sentence(part));
+    arena_rewind(arena_frame, mark);
 }
 
 // One line for each part, deeper ones further in; with a card, whether the part holds.
@@ -31,10 +44,15 @@ void part_put(const rule_part& part, std::size_t depth, const card* played) {
         verdict_put(holds);
         put(holds ? "  " : "   ");
     }
-    put(std::string(2 * depth, ' ') +
-        (is_chain(part) ? chain_head(part.kind) : rule_sentence(part)) + "\n");
-    for (const rule_part& inner : is_chain(part) ? part.parts : std::vector<rule_part>()) {
-        part_put(inner, depth + 1, played);
+    put(std::string(2 * depth, ' '));
+    if (!is_chain(part)) {
+        part_words_put(part);
+        put("\n");
+        return;
+    }
+    put(chain_head(part.kind) + std::string("\n"));
+    for (const rule_part* inner = part.first; inner != nullptr; inner = inner->next) {
+        part_put(*inner, depth + 1, played);
     }
 }
 
@@ -54,22 +72,27 @@ int rule_explain(std::string_view rule, const card* played) {
     if (stop.reason.length > 0) {
         return rule_refuse(rule, stop);
     }
-    rule_part whole = rule_parts_read(rule);
+    const rule_part& whole = rule_parts_read(str_from(rule));
     part_put(whole, 0, played);
     if (played == nullptr) {
         return all_well;
     }
     const dyn_array<card>& pile = discard_pile.cards;
     bool holds = rule_part_holds(whole, *played);
-    put(card_name(*played) + " on " +
-        (pile.count > 0 ? card_name(pile[0])
-                        : "the empty pile, which is of no colour, shape or number") +
-        ": ");
+    words_put(card_name(*played));
+    put(" on ");
+    words_put(pile.count > 0 ? card_name(pile[0])
+                             : str("the empty pile, which is of no colour, shape or number"));
+    put(": ");
     verdict_put(holds);
     const rule_part& deciding = rule_part_deciding(whole, *played);
-    put(&deciding == &whole
-            ? "\n"
-            : ", decided by " + deciding.text + ": " + rule_sentence(deciding) + "\n");
+    if (&deciding != &whole) {
+        put(", decided by ");
+        words_put(deciding.text);
+        put(": ");
+        part_words_put(deciding);
+    }
+    put("\n");
     return holds ? all_well : failed;
 }
 
@@ -79,7 +102,8 @@ int goal_explain(std::string_view line, bool has_tape) {
     settings.deck_numbers = card_number_count;
     map_read(str_from(line));
     const goal& g = goals[0];
-    put(goal_sentence(g) + "\n");
+    words_put(goal_sentence(g));
+    put("\n");
     if (!has_tape) {
         return all_well;
     }

@@ -13,6 +13,7 @@
 #include "tools/tape_check.h"
 #include "tools/ways_out.h"
 #include "tools/words.h"
+#include "words/map_words.h"
 
 namespace {
 
@@ -32,15 +33,10 @@ std::size_t place_of(i64 index) {
 
 void references_check(remarks& found) {
     for (i64 i = 0; i < stones.count; ++i) {
-        if (!state_exists(stones[i])) {
-            found.breaks_play.push_back("stone " + std::to_string(i) + " stands on missing " +
-                                        state_name(stones[i]));
-        }
+        remark_put(found.breaks_play, stone_remark(i));
     }
     for (i64 t = 0; t < game_map.transitions.count; ++t) {
-        if (!transition_exists(game_map.transitions[t])) {
-            found.breaks_play.push_back(transition_name(t) + " names a missing state");
-        }
+        remark_put(found.breaks_play, reference_remark(t));
     }
 }
 
@@ -108,18 +104,6 @@ void usable_find(map_facts& facts) {
     }
 }
 
-// Whether anybody can win at all.
-void win_mode_check(remarks& found) {
-    bool accepts = std::any_of(game_map.states.begin(), game_map.states.end(),
-                               [](const map_state& s) { return s.accepting != 0; });
-    if (settings.win_mode >= win_mode_count) {
-        found.breaks_play.push_back("win mode " + std::to_string(settings.win_mode) +
-                                    " does not exist");
-    } else if (settings.win_mode != win_immediate && !accepts) {
-        found.breaks_play.push_back("win mode: no state accepts, so nobody can win");
-    }
-}
-
 void hands_check(remarks& found) {
     if (deck.cards.count < 2 * settings.hand_size) {
         found.doubtful.push_back("the deck holds too few cards for two hands");
@@ -128,14 +112,11 @@ void hands_check(remarks& found) {
 
 void rules_check(const map_facts& facts, remarks& found) {
     for (i64 t = 0; t < game_map.transitions.count; ++t) {
-        str rule = game_map.transitions[t].rule;
         if (facts.captions[place_of(t)]) {
             continue;
         }
-        if (rule_stop stop = rule_stop_find(rule); stop.reason.length > 0) {
-            found.breaks_play.push_back(
-                transition_name(t) + " has a rule that does not parse: byte " +
-                std::to_string(stop.position) + ": " + std::string(view_of(stop.reason)));
+        if (str remark = rule_remark(t); remark.length > 0) {
+            remark_put(found.breaks_play, remark);
         } else if (!facts.usable[place_of(t)]) {
             found.doubtful.push_back(transition_name(t) +
                                      " has a rule that no card in play ever meets");
@@ -232,7 +213,7 @@ void map_check(bool cyclic, remarks& found) {
     references_check(found);
     twins_check(facts.captions, found);
     reach_check(facts, found);
-    win_mode_check(found);
+    remark_put(found.breaks_play, win_mode_remark());
     if (machine_kind == state_machine) {
         state_machine_check(facts, cyclic, found);
     } else if (machine_kind == pushdown_machine) {

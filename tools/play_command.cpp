@@ -4,7 +4,7 @@
 #include "game/game_writer.h"
 #include "game/record.h"
 #include "rules/cards.h"
-#include "tools/card_words.h"
+#include "tools/card_text.h"
 #include "tools/commands.h"
 #include "tools/map_files.h"
 #include "tools/map_play.h"

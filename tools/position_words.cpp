@@ -2,14 +2,17 @@
 
 #include "rules/cards.h"
 #include "rules/game_state.h"
-#include "tools/card_words.h"
+#include "tools/card_text.h"
+#include "tools/words.h"
+#include "words/card_words.h"
 
 namespace {
 
 std::string seat_line(i64 seat) {
     const std::string name = "seat " + std::to_string(seat + 1);
-    return machine_kind == pushdown_machine ? name + " holds: " + cards_text(players[seat].hand)
-                                            : name + " wants: " + goal_sentence(players[seat].goal);
+    return machine_kind == pushdown_machine
+               ? name + " holds: " + cards_text(players[seat].hand)
+               : name + " wants: " + std::string(view_of(goal_sentence(players[seat].goal)));
 }
 
 }  // namespace

@@ -5,15 +5,21 @@
 #include <tuple>
 
 #include "maps/model.h"
+#include "tools/words.h"
+#include "words/map_words.h"
 
 std::string state_name(i64 index) {
-    return "state " + std::to_string(index);
+    return std::string(view_of(state_words(index)));
 }
 
 std::string transition_name(i64 index) {
-    const transition& arc = game_map.transitions[index];
-    return "transition " + std::to_string(index) + " (" + std::to_string(arc.from) + " to " +
-           std::to_string(arc.to) + ")";
+    return std::string(view_of(transition_words(index)));
+}
+
+void remark_put(std::vector<std::string>& remarks, str remark) {
+    if (remark.length > 0) {
+        remarks.emplace_back(view_of(remark));
+    }
 }
 
 std::vector<bool> captions_find() {

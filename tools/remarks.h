@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/str.h"
 #include "base/types.h"
 
 struct remarks {
@@ -17,6 +18,9 @@ struct remarks {
 // What they call a state and a transition of the loaded map: "state 2", "transition 5 (2 to 0)".
 std::string state_name(i64 index);
 std::string transition_name(i64 index);
+
+// Adds one of `words/map_words`, unless it is empty.
+void remark_put(std::vector<std::string>& remarks, str remark);
 
 // By transition of the loaded map, whether it only carries words onto the board: its text has a
 // "%", so that it is no rule, and it lies exactly behind an earlier one. Turing machines have none,

@@ -9,65 +9,53 @@
 #include "rules/seats.h"
 #include "rules/turns.h"
 #include "tools/board_frame.h"
-#include "tools/card_words.h"
 #include "tools/commands.h"
 #include "tools/map_files.h"
 #include "tools/map_svg.h"
 #include "tools/position_words.h"
-#include "tools/rule_words.h"
 #include "tools/terminal.h"
+#include "tools/words.h"
+#include "words/card_words.h"
+#include "words/rule_words.h"
+#include "words/turn_words.h"
 
 namespace {
 
 // "seat 1 (red)".
-std::string seat_name(i64 seat) {
+std::string seat_title(i64 seat) {
     return "seat " + std::to_string(seat + 1) + " (" +
            std::string(view_of(game_colours[players[seat].colour_index])) + ")";
 }
 
 std::string turn_line() {
-    return turn.winner != no_winner ? seat_name(turn.winner) + " has won"
-                                    : seat_name(turn.current_player) + " is to move";
-}
-
-// What an action of a turing machine does.
-std::string action_sentence(std::string_view action) {
-    std::string text;
-    card_property written;
-    if (!action.empty() && card_property_read(action[0], written)) {
-        text = "the card under the head " + property_is(written) + " now";
-    }
-    if (action.size() > 1 && (action[1] == 'L' || action[1] == 'R')) {
-        text += text.empty() ? "" : ", then ";
-        text += std::string("the head goes ") + (action[1] == 'L' ? "left" : "right");
-    }
-    return text;
+    return turn.winner != no_winner ? seat_title(turn.winner) + " has won"
+                                    : seat_title(turn.current_player) + " is to move";
 }
 
 // What the move costs or does beside moving a stone.
-std::string move_effect(const game_act& act) {
+str move_effect(const game_act& act) {
     const transition& arc = game_map.transitions[act.arc];
-    const std::string_view rule = view_of(arc.rule);
     if (machine_kind == turing_machine) {
-        const std::string done = action_sentence(rule);
-        return done.empty() ? "" : ": " + done;
+        str done = action_words(arc.rule);
+        return done.length > 0 ? text_join({": ", done}) : str();
     }
     if (machine_kind == state_machine) {
         return {};
     }
-    return " with " + card_name(current_seat().hand[act.card]) + ": " +
-           rule_sentence(rule_parts_read(rule));
+    return text_join({" with ", card_name(current_seat().hand[act.card]), ": ",
+                      rule_sentence(rule_parts_read(arc.rule))});
 }
 
 std::string act_words(const game_act& act) {
+    if (act.kind == act_draw) {
+        return "draws " + std::string(view_of(card_name(card_array_top(deck.cards))));
+    }
     if (act.kind != act_move) {
-        const bool draws = act.kind == act_draw;
-        return draws                 ? "draws " + card_name(card_array_top(deck.cards))
-               : act.kind == act_end ? "ends the turn"
-                                     : "passes";
+        return act.kind == act_end ? "ends the turn" : "passes";
     }
     const transition& arc = game_map.transitions[act.arc];
-    return "moves " + std::to_string(arc.from) + ">" + std::to_string(arc.to) + move_effect(act);
+    return "moves " + std::to_string(arc.from) + ">" + std::to_string(arc.to) +
+           std::string(view_of(move_effect(act)));
 }
 
 void position_put() {
@@ -83,7 +71,7 @@ void act_put(i64 index) {
         record_land();
     }
     put(std::to_string(index + 1) + " ", ink_faint);
-    put(seat_name(turn.current_player) + " " + act_words(act.what) +
+    put(seat_title(turn.current_player) + " " + act_words(act.what) +
         (act.in_flight ? " while the stone flies" : "") + "\n");
     record_show_act(index);
 }
@@ -92,7 +80,7 @@ int game_put() {
     record_show(0);
     for (i64 i = 0; i < players.count; ++i) {
         const player& seat = players[i];
-        put(seat_name(i) + ": " +
+        put(seat_title(i) + ": " +
             std::string(view_of(seat_kinds[seat.is_computer ? 1 + seat.strength : 0])) + "\n");
     }
     position_put();

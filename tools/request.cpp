@@ -9,7 +9,7 @@
 
 #include "platform/directory.h"
 #include "rules/cards.h"
-#include "tools/card_words.h"
+#include "tools/card_text.h"
 #include "tools/map_play.h"
 
 namespace {

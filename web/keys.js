@@ -5,7 +5,8 @@
 // What a button says, with a longer name for those who do not see it; the key that it presses, its
 // place on a keyboard, and the one held with it; the screens that have it. It rests where none of
 // the words after `needs` holds. The first line of a key counts whose words hold, and else its
-// first. Some open the field for texts; rare ones are left out where it is narrow.
+// first. Some open the field for texts, one is down for as long as its button; rare ones are left out
+// where it is narrow.
 const keys = [
     {says: "Back", key: "Escape", place: "Escape", on: "seats maps game editor"},
     {says: "Continue", key: " ", place: "Space", on: "game", needs: "covered"},
@@ -40,6 +41,9 @@ const keys = [
     {says: "Save", key: "s", place: "KeyS", held: "Control", on: "editor", types: true},
     {says: "Reset view", key: "r", place: "KeyR", on: "game editor"},
     {says: "Nimbers", key: "N", place: "KeyN", held: "Shift", on: "nimbers"},
+    {says: "Show", name: "Show what can be done, while held", key: "F2", place: "F2",
+        on: "game editor", lasts: true},
+    {says: "Hint", key: "F2", place: "F2", held: "Shift", on: "game"},
     {says: "Help", key: "F1", place: "F1", on: "title seats maps game editor"},
 ];
 
@@ -71,6 +75,16 @@ function button_make(content, name, act) {
     return button;
 }
 
+// Keeps the key down for as long as the button is.
+function button_holds(button, {key, place}) {
+    button.onclick = event => event.detail === 0 && key_press({key, place}); // by a keyboard
+    button.onpointerdown = event => {
+        button.setPointerCapture(event.pointerId);
+        key_send("keydown", key, place);
+    };
+    button.onlostpointercapture = () => key_send("keyup", key, place);
+}
+
 // The lines of one key share a button.
 function key_buttons_make() {
     const buttons = new Map();
@@ -84,6 +98,9 @@ function key_buttons_make() {
                 }
             });
             button.classList.toggle("rare", line.rare === true);
+            if (line.lasts) {
+                button_holds(button, line);
+            }
             button.lines = [];
             buttons.set(sort, button);
             element("keys").append(button);

@@ -60,6 +60,11 @@ function page_fullscreen(wanted) {
     }
 }
 
+// What the game tells of itself, until it is something else.
+function page_stood(line) {
+    element("line").textContent = line;
+}
+
 function page_told(line) {
     notice_show(line);
 }

@@ -21,6 +21,7 @@ struct machine {
     f64 pointer_x = 0.0;
     f64 pointer_y = 0.0;
     std::string told = {};
+    std::string standing = {};
 };
 
 machine now;
@@ -65,6 +66,10 @@ bool headless_is_fullscreen() {
 
 const std::string& headless_told() {
     return now.told;
+}
+
+const std::string& headless_standing() {
+    return now.standing;
 }
 
 void headless_key_press(u32 key) {
@@ -145,6 +150,10 @@ bool display_wants_stillness() {
 
 void display_tell(str line) {
     now.told.assign(line.begin(), line.end());
+}
+
+void display_stand(str line) {
+    now.standing.assign(line.begin(), line.end());
 }
 
 void display_close() {

@@ -119,3 +119,5 @@ i64 headless_fullscreen_calls();
 bool headless_is_fullscreen();
 // The argument of the last `display_tell`.
 const std::string& headless_told();
+// The argument of the last `display_stand`.
+const std::string& headless_standing();

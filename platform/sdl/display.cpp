@@ -43,6 +43,8 @@ bool is_fullscreen;
 bool close_requested;
 bool stillness_wanted;  // as the game began
 std::string game_title;
+std::string told_line;
+std::string standing_line;
 
 [[noreturn]] void open_failed(const char* reason) {
     message_write(
@@ -196,6 +198,13 @@ view_size display_size() {
     return {static_cast<i32>(mode.w * density), static_cast<i32>(mode.h * density)};
 }
 
+void title_show() {
+    std::string title = !told_line.empty()       ? game_title + " - " + told_line
+                        : !standing_line.empty() ? standing_line + " - " + game_title
+                                                 : game_title;
+    SDL_SetWindowTitle(window, title.c_str());
+}
+
 }  // namespace
 
 void display_open(i32 width, i32 height, str title, u32 options, u32 samples) {
@@ -280,8 +289,13 @@ bool display_wants_stillness() {
 }
 
 void display_tell(str line) {
-    std::string told(line.begin(), line.end());
-    SDL_SetWindowTitle(window, (told.empty() ? game_title : game_title + " - " + told).c_str());
+    told_line.assign(line.begin(), line.end());
+    title_show();
+}
+
+void display_stand(str line) {
+    standing_line.assign(line.begin(), line.end());
+    title_show();
 }
 
 void display_close() {

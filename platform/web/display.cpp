@@ -16,6 +16,7 @@
 EM_JS(void, page_fullscreen_set, (bool wanted), { page_fullscreen(wanted !== 0); });
 EM_JS(bool, page_is_touched, (), { return page_touched(); });
 EM_JS(void, page_tell, (const char* line, int length), { page_told(UTF8ToString(line, length)); });
+EM_JS(void, page_stand, (const char* line, int length), { page_stood(UTF8ToString(line, length)); });
 EM_JS(int, page_wants_stillness, (), {
     return matchMedia("(prefers-reduced-motion: reduce)").matches ? 1 : 0;
 });
@@ -124,6 +125,10 @@ void display_tell(str line) {
     if (line.length > 0) {
         page_tell(line.data, static_cast<int>(line.length));
     }
+}
+
+void display_stand(str line) {
+    page_stand(line.data, static_cast<int>(line.length));
 }
 
 void display_close() {}

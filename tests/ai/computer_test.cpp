@@ -3,6 +3,7 @@
 #include <random>
 #include <sstream>
 
+#include "ai/advice.h"
 #include "rules/cards.h"
 #include "rules/selection.h"
 #include "rules/turns.h"
@@ -124,6 +125,47 @@ TEST_F(computer_test, NoMapAndNoHandIsTooLarge) {
         EXPECT_EQ(players[0].hand.count, 9'999);
         EXPECT_EQ(stones[0] == 0 && pile_text(discard_pile.cards).ends_with("Fa6"),
                   seats[0] == '2');
+    }
+}
+
+// Whatever is advised is open to a human, and nothing has changed by it.
+TEST_F(computer_test, AHumanIsAdvisedWhatAHardSeatDoes) {
+    for (u64 seed = 0; seed < 1000; ++seed) {
+        i64 kind = static_cast<i64>(seed % 2);
+        position_make(kind, seed, strength_hard);
+        players[0].is_computer = 0;
+        const std::string before = game_text();
+        const random_state generator = random_generator;
+        const game_act advised = advice_find();
+        EXPECT_EQ(game_text(), before) << seed;
+        EXPECT_EQ(random_generator, generator) << seed;
+        players[0].is_computer = 1;
+        game_act hard = computer_decide();
+        players[0].is_computer = 0;
+        if (hard.kind == act_move) {
+            const transition& arc = game_map.transitions[hard.arc];
+            hard.arc = transition_between(arc.from, arc.to);
+        }
+        EXPECT_EQ(advised, act_is_open(hard, false) ? hard : game_act{}) << seed;
+    }
+}
+
+// A case is the tape's goal and what the arrows of one state write, which lead back to it.
+TEST_F(computer_test, AdviceOnATapeLeadsToTheGoal) {
+    map_make(turing_machine, "..", {{0, 0, "4R"}, {0, 1, "1R"}, {1, 0, "6L"}}, {0});
+    seats_make("HH");
+    settings.win_mode = win_immediate;
+    const struct {
+        i64 sum;
+        i32 arc;
+    } cases[] = {{7, 0}, {8, 0}, {10, 1}, {1'000, 0}};
+    for (const auto& [sum, arc] : cases) {
+        pile_set(tape, "Aa3 Aa3");
+        tape_head = 0;
+        players[0].goal = {measure_sum, compare_exactly, sum, {}, {}};
+        const std::string before = game_text();
+        EXPECT_EQ(advice_find(), move_along(game_map.transitions[arc])) << sum;
+        EXPECT_EQ(game_text(), before) << sum;
     }
 }
 

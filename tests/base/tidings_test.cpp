@@ -47,4 +47,22 @@ TEST_F(tidings_test, the_latest_is_shown_unless_a_graver_one_has_its_time) {
     EXPECT_FALSE(tidings_step(shown));
 }
 
+// A change of what stands ends a refusal, which is of the past, but not a failure; nothing else
+// does.
+TEST_F(tidings_test, a_line_stands_below_them) {
+    str shown;
+    standing_tell({"Red's turn", " - ", "a\n\x1b"});
+    EXPECT_TRUE(standing_step(shown));
+    EXPECT_EQ(shown, str("Red's turn - a??"));
+    standing_tell({"Red's turn", " - ", "a\n\x1b"});
+    EXPECT_FALSE(standing_step(shown));
+    for (auto [kind, ends] : {std::pair{tiding_refusal, true}, {tiding_failure, false}}) {
+        tiding_tell(kind, {"no"});
+        EXPECT_TRUE(tidings_step(shown));
+        standing_tell({ends ? str("Blue's turn") : str("Green's turn")});
+        bool over = tidings_step(shown);
+        EXPECT_EQ(over && shown.length == 0, ends);
+    }
+}
+
 }  // namespace

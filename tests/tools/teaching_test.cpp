@@ -13,7 +13,7 @@
 #include "rules/deal.h"
 #include "rules/selection.h"
 #include "tests/support/game.h"
-#include "tools/card_words.h"
+#include "tools/card_text.h"
 
 namespace {
 

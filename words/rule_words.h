@@ -1,25 +1,24 @@
 #pragma once
 
-// A rule taken apart and said in plain words.
+// A rule taken apart and said in plain words. What is returned lives in the frame arena, and takes
+// less than a megabyte of it.
 
-#include <string>
-#include <string_view>
-#include <vector>
-
+#include "base/str.h"
 #include "maps/card.h"
 
 struct rule_part {
     char kind;         // '&', '|', '^'; 'T', '~', '!' before its one part; else the primary itself
-    std::string text;  // a rule of its own, without blanks
-    std::vector<rule_part> parts;
+    str text;          // a rule of its own, without blanks
+    rule_part* first;  // of its parts; null when it has none
+    rule_part* next;   // beside it in the part that it belongs to; null behind the last
 };
 
 // The parts of a rule that parses. A list becomes a '|' of its operator before each expression,
 // which says the same.
-rule_part rule_parts_read(std::string_view rule);
+const rule_part& rule_parts_read(str rule);
 
 // The part as a sentence about "the card" and "the top card".
-std::string rule_sentence(const rule_part& part);
+str rule_sentence(const rule_part& part);
 
 // Whether the part holds for a card on the current discard pile.
 bool rule_part_holds(const rule_part& part, card played);

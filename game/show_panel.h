@@ -1,0 +1,7 @@
+#pragma once
+
+// A text in a box at the foot of the board, over the lower band's edge; long lines are broken.
+
+#include "base/str.h"
+
+void show_panel_draw(str text);
