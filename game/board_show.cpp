@@ -29,6 +29,7 @@ constexpr f64 small_card = 24;    // pixels
 constexpr f64 small_step = 28;
 constexpr i64 small_card_limit = 9;  // in a row
 constexpr f64 label_drop = 20;       // from an arrow's text down to what fits it
+constexpr f64 label_reach = 32;      // world units from a label's middle to its edge, at most
 constexpr f64 arrow_catch = 16;      // world units around an arrow in which the pointer is on it
 constexpr colour movable_tint = {0, 1, 0, 0.35f};
 constexpr colour open_tint = {0, 1, 0, 1};
@@ -216,10 +217,16 @@ bool is_on_arrow(const transition& arc, world_point p) {
     return distance_to(moved, a, b) < arrow_catch;
 }
 
+// Most labels are out of reach by their height alone, which saves measuring them.
+bool is_on_label(const transition& arc, world_point p) {
+    f64 y = (state_centre(arc.from).y + state_centre(arc.to).y) / 2 + f64{arc.label_dy};
+    return std::abs(y - p.y) < label_reach && box_has(label_box(arc), p.x, p.y);
+}
+
 const transition* arrow_at(world_point p) {
     for (const transition& arc : game_map.transitions) {
         if (transition_exists(arc) && !transition_carries_words(arc) &&
-            (box_has(label_box(arc), p.x, p.y) || is_on_arrow(arc, p))) {
+            (is_on_label(arc, p) || is_on_arrow(arc, p))) {
             return &arc;
         }
     }
