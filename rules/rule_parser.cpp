@@ -48,8 +48,11 @@ i64 rule_unsqueeze(str rule, i64 position) {
     return place;
 }
 
-u16 node_write(const rule_node& node) {
+// Writes a node whose bytes reach from `first` to the cursor.
+u16 node_write(rule_node node, i64 first) {
     assert(tree.count < rule_node_limit);
+    node.first = static_cast<u16>(first);
+    node.end = static_cast<u16>(cursor.position);
     tree.nodes[tree.count] = node;
     tree.count += 1;
     return static_cast<u16>(tree.count - 1);
@@ -96,7 +99,8 @@ bool is_binary(rule_node_kind kind) {
 
 // The node with the operator before it, if there is one.
 u16 operator_write(rule_node_kind before, u16 node) {
-    return before != node_none ? node_write({before, {}, node, 0}) : node;
+    return before != node_none ? node_write({.kind = before, .left = node}, tree.nodes[node].first)
+                               : node;
 }
 
 u16 rule_parse_expression();
@@ -109,7 +113,9 @@ u16 rule_parse_list(rule_node_kind before) {
     for (i64 count = 0; count < limit; ++count) {
         cursor.position += 1;  // the "(" or ","
         u16 node = operator_write(before, rule_parse_expression());
-        list = count == 0 ? node : node_write({node_or, {}, list, node});
+        list = count == 0 ? node
+                          : node_write({.kind = node_or, .left = list, .right = node},
+                                       tree.nodes[list].first);
         if (has_failed() || next_byte() != ',') {
             break;
         }
@@ -129,7 +135,7 @@ u16 rule_parse_primary(rule_node_kind before) {
     if (c == '(') {
         return rule_parse_list(before);
     }
-    rule_node node = {node_any, {}, 0, 0};
+    rule_node node = {.kind = node_any};
     if (card_property_read(c, node.property)) {
         node.kind = node_property;
     } else if (c != '*') {
@@ -137,7 +143,7 @@ u16 rule_parse_primary(rule_node_kind before) {
         return 0;
     }
     cursor.position += 1;
-    return operator_write(before, node_write(node));
+    return operator_write(before, node_write(node, cursor.position - 1));
 }
 
 u16 rule_parse_unary() {
@@ -145,11 +151,16 @@ u16 rule_parse_unary() {
     if (before == node_none || is_binary(before)) {
         return rule_parse_primary(node_none);
     }
+    const i64 first = cursor.position;
     cursor.position += 1;
-    return rule_parse_primary(before);
+    const u16 node = rule_parse_primary(before);
+    tree.nodes[node].first = static_cast<u16>(first);
+    tree.nodes[node].end = static_cast<u16>(cursor.position);
+    return node;
 }
 
 u16 rule_parse_expression() {
+    const i64 first = cursor.position;
     u16 left = rule_parse_unary();
     for (;;) {
         const rule_node_kind between = operator_kind(next_byte());
@@ -157,7 +168,8 @@ u16 rule_parse_expression() {
             return left;
         }
         cursor.position += 1;
-        left = node_write({between, {}, left, rule_parse_unary()});
+        const u16 right = rule_parse_unary();
+        left = node_write({.kind = between, .left = left, .right = right}, first);
     }
 }
 
@@ -166,6 +178,7 @@ u16 rule_parse_expression() {
 const rule_tree& rule_parse(str rule) {
     cursor = {rule_buffer, rule_squeeze(rule), 0};
     tree.count = 0;
+    tree.text = {rule_buffer, cursor.size};
     tree.stop = {};
     [[maybe_unused]] u16 whole = rule_parse_expression();
     if (cursor.position != cursor.size) {

@@ -25,9 +25,11 @@ enum rule_node_kind : u8 {
 
 struct rule_node {
     rule_node_kind kind;
-    card_property property;  // of `node_property`
-    u16 left;                // places of its nodes, which come before it in the tree
-    u16 right;               // the second of two
+    card_property property = {};  // of `node_property`
+    u16 left = 0;                 // places of its nodes, which come before it in the tree
+    u16 right = 0;                // the second of two
+    u16 first = 0;                // its bytes in the tree's text; an operator of a list's
+    u16 end = 0;                  // expression has the same as the expression
 };
 
 // Counted against the bytes of a rule's text, no symbol of the grammar makes more than two.
@@ -42,6 +44,7 @@ struct rule_stop {
 struct rule_tree {
     i64 count;  // the last node is the whole rule; 0 when it does not parse
     rule_node nodes[rule_node_limit];
+    str text;  // the rule without its blanks
     rule_stop stop;
 };
 

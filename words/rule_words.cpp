@@ -1,29 +1,16 @@
 #include "words/rule_words.h"
 
+#include <cassert>
+
 #include "base/text_builder.h"
 #include "rules/rule.h"
+#include "rules/rule_parser.h"
 #include "words/card_words.h"
 
 namespace {
 
-struct part_reader {
-    str text;
-    i64 at;
-};
-
-rule_part* expression_read(part_reader& reader);
-
-char next_byte(const part_reader& reader) {
-    return reader.at < reader.text.length ? reader.text[reader.at] : '\0';
-}
-
-bool is_list_operator(char c) {
-    return c == 'T' || c == '~' || c == '!';
-}
-
-bool is_chain_operator(char c) {
-    return c == '&' || c == '|' || c == '^';
-}
+constexpr char signs[] = {'\0', '\0', '*', 'T', '~', '!', '&', '|', '^'};  // by kind of node
+static_assert(signs[node_xor] == '^');
 
 rule_part* part_make(char kind, str text, rule_part* first = nullptr) {
     return frame_array<rule_part>(1, {kind, text, first, nullptr});
@@ -37,63 +24,33 @@ void part_append(rule_part& whole, rule_part* part) {
     *end = part;
 }
 
-// What the reader has passed since the place.
-str text_since(const part_reader& reader, i64 start) {
-    return {reader.text.data + start, reader.at - start};
-}
-
-rule_part* primary_read(part_reader& reader) {
-    i64 start = reader.at;
-    char c = next_byte(reader);
-    reader.at += 1;
-    if (c != '(') {
-        return part_make(c, text_since(reader, start));
+// The part of a node of two. A chain of the same operator is one part.
+rule_part* chain_make(char sign, str text, rule_part* left, rule_part* right) {
+    if (left->kind != sign || sign == '^') {
+        left = part_make(sign, {}, left);
     }
-    rule_part* part = expression_read(reader);
-    reader.at += 1;  // the ")"
-    return part;
-}
-
-// The values of a list, each behind the operator, as parts of a '|'.
-rule_part* list_read(part_reader& reader, char kind) {
-    rule_part* list = part_make('|', {});
-    do {
-        reader.at += 1;  // the "(" or ","
-        rule_part* item = expression_read(reader);
-        str text = text_join({{&kind, 1}, "(", item->text, ")"});
-        part_append(*list, part_make(kind, text, item));
-    } while (next_byte(reader) == ',');
-    reader.at += 1;
-    return list->first->next == nullptr ? list->first : list;
-}
-
-rule_part* unary_read(part_reader& reader) {
-    i64 start = reader.at;
-    char kind = next_byte(reader);
-    if (!is_list_operator(kind)) {
-        return primary_read(reader);
-    }
-    reader.at += 1;
-    rule_part* part = next_byte(reader) == '(' ? list_read(reader, kind)
-                                               : part_make(kind, {}, primary_read(reader));
-    part->text = text_since(reader, start);
-    return part;
-}
-
-rule_part* expression_read(part_reader& reader) {
-    i64 start = reader.at;
-    rule_part* left = unary_read(reader);
-    while (is_chain_operator(next_byte(reader))) {
-        char kind = next_byte(reader);
-        reader.at += 1;
-        rule_part* right = unary_read(reader);
-        if (left->kind != kind || kind == '^') {
-            left = part_make(kind, {}, left);
-        }
-        part_append(*left, right);
-        left->text = text_since(reader, start);
-    }
+    part_append(*left, right);
+    left->text = text;
     return left;
+}
+
+// The part of a node, by those of the nodes before it.
+rule_part* part_of(const rule_node& node, str text, rule_part* const* parts) {
+    const char sign = signs[node.kind];
+    rule_part* left = parts[node.left];
+    switch (node.kind) {
+        case node_property:
+            return part_make(text[0], text);
+        case node_any:
+            return part_make(sign, text);
+        case node_and:
+        case node_or:
+        case node_xor:
+            return chain_make(sign, text, left, parts[node.right]);
+        default:
+            return part_make(
+                sign, text == left->text ? text_join({{&sign, 1}, "(", text, ")"}) : text, left);
+    }
 }
 
 enum rule_subject { of_played, of_top, of_both, of_each };
@@ -184,15 +141,15 @@ void sentence_put(text_builder& text, const rule_part& part, rule_subject subjec
 }  // namespace
 
 const rule_part& rule_parts_read(str rule) {
-    text_builder text = text_builder_make(arena_frame);
-    for (char c : rule) {
-        bool is_blank = c == '\t' || c == '\n' || c == ' ';
-        if (!is_blank && text.length < rule_length_limit) {
-            text_builder_put(text, c);
-        }
+    const rule_tree& tree = rule_parse(rule);
+    assert(tree.count > 0);
+    const str text = text_join({tree.text});
+    rule_part** parts = frame_array<rule_part*>(tree.count, nullptr);
+    for (i64 i = 0; i < tree.count; ++i) {
+        const rule_node& node = tree.nodes[i];
+        parts[i] = part_of(node, {text.data + node.first, node.end - node.first}, parts);
     }
-    part_reader reader = {text_builder_text(text), 0};
-    return *expression_read(reader);
+    return *parts[tree.count - 1];
 }
 
 str rule_sentence(const rule_part& part) {
