@@ -104,9 +104,10 @@ void seat_act(u8 number) {
     const i64 moves = game_map.transitions.count * cards;
     for (i64 i = 0; i < moves + act_kind_count; ++i) {
         const i64 choice = (number + i) % (moves + act_kind_count);
-        game_act act = {choice < moves ? act_move : static_cast<act_kind>(choice - moves)};
-        act.arc = static_cast<i32>(choice / cards);
-        act.card = static_cast<i32>(choice % cards);
+        const game_act move = {act_move, static_cast<i32>(choice / cards),
+                               static_cast<i32>(choice % cards)};
+        const game_act act =
+            choice < moves ? move : game_act{static_cast<act_kind>(choice - moves)};
         if (act_is_open(act, false)) {
             record_take(act);
             return;

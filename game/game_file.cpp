@@ -97,7 +97,7 @@ bool own_write(u32 mode) {
 }
 
 bool shared_write(u32 mode) {
-    if (!shared_is_ours() || game_file.game != game_number()) {
+    if (file_is_own(shared_path) && (!shared_is_ours() || game_file.game != game_number())) {
         folder_trim(games_folder, replaced_count - 1);
         file_keep(shared_path, replaced_path);
     }

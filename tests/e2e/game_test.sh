@@ -83,3 +83,40 @@ wait_until title_is_shown
 keys Escape
 game_ends_with 0
 [ ! -s "$output" ] || fail "the program had something to say"
+
+# Two computers go round and round; how many acts of theirs are kept.
+cat >"$work/player/maps/ring" <<'MAP'
+map 0 0 128
+win 1
+stone 0
+. -1 0
+. 1 0
+* 0 -1
+=> 0 1 1
+=> 1 0 1
+MAP
+echo "ring maps/ring" >>"$work/player/resources/state_maps.txt"
+acts_kept() {
+    grep -c '^ai ' "$work/player/under_way.quorrel-game" 2>/dev/null || true
+}
+
+acts_are_kept() {
+    [ "$(acts_kept)" -ge "$1" ]
+}
+
+say "killed at any moment, it goes on at the next start; QUORREL_KILLS times"
+game_start 1024x832 --play ring --seats easy,easy
+wait_until board_is_shown
+for ((kills = ${QUORREL_KILLS:-2}; kills > 0; --kills)); do
+    acts=$(acts_kept)
+    wait_until acts_are_kept $((acts + 4))
+    sleep "0.$((RANDOM % 10))"
+    kept=$(acts_kept)
+    kill -KILL "$game"
+    { wait "$game"; } 2>/dev/null || true
+    [ "$(acts_kept)" -ge "$kept" ] || fail "of $kept acts $(acts_kept) are left"
+    game_start 1024x832
+    wait_until title_is_shown
+    keys F4
+    wait_until board_is_shown
+done

@@ -58,11 +58,11 @@ player_make() {
     cp -r resources "$work/player/"
 }
 
-# Starts the program in the player's directory and waits for its window of the given size. Sets
-# `window`, `game`.
+# Starts the program in the player's directory, with what arguments there are behind the size that is
+# given for its window, and waits for that. Sets `window`, `game`.
 game_start() {
     [ -d "$work/player" ] || player_make
-    (cd "$work/player" && exec "$program") >"$output" 2>&1 &
+    (cd "$work/player" && exec "$program" "${@:2}") >"$output" 2>&1 &
     game=$!
     pids+=("$game")
     wait_until window_find
