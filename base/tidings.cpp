@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
 #include <iterator>
 
 #include "base/message.h"
 #include "base/text_builder.h"
+#include "base/time_step.h"
 
 tidings_record tidings;
 standing_record standing;
@@ -77,6 +79,12 @@ i64 line_write(char (&memory)[tiding_limit], std::initializer_list<str> parts, i
     return line.length;
 }
 
+// For how many frames the tiding that is shown keeps its place.
+i64 frames_protected() {
+    bool may_change = tidings.kind <= tidings.shown_kind;
+    return may_change ? 0 : tidings.frames_left - (tiding_frames - tiding_least_frames);
+}
+
 }  // namespace
 
 void tiding_tell(tiding_kind kind, std::initializer_list<str> parts) {
@@ -116,9 +124,7 @@ bool standing_step(str& shown) {
 }
 
 bool tidings_step(str& shown) {
-    bool may_change = tidings.kind <= tidings.shown_kind ||
-                      tidings.frames_left <= tiding_frames - tiding_least_frames;
-    if (tidings.is_new && may_change) {
+    if (tidings.is_new && frames_protected() <= 0) {
         tidings.is_new = false;
         tidings.shown_kind = tidings.kind;
         tidings.frames_left = tiding_frames;
@@ -131,4 +137,18 @@ bool tidings_step(str& shown) {
     tidings.frames_left -= 1;
     shown = {};
     return tidings.frames_left == 0;
+}
+
+i64 tidings_frames_quiet() {
+    if (tidings.is_new) {
+        return std::max(frames_protected(), i64{0});
+    }
+    return tidings.frames_left > 0 ? tidings.frames_left - 1 : frames_endless;
+}
+
+void tidings_pass(i64 frames) {
+    assert(frames <= tidings_frames_quiet());
+    if (tidings.frames_left > 0) {
+        tidings.frames_left -= static_cast<i32>(frames);
+    }
 }

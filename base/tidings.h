@@ -60,3 +60,8 @@ bool standing_step(str& shown);
 // shown from now on: a new tiding, or nothing once the last one's time is over. The text lives
 // until the next tiding.
 bool tidings_step(str& shown);
+
+// In how many of the next frames nothing changes of what is shown.
+i64 tidings_frames_quiet();
+// So many of them pass without `tidings_step`.
+void tidings_pass(i64 frames);

@@ -27,6 +27,9 @@ bool display_wants_stillness();
 void display_tell(str line);
 // Shows what stands there while no such line is shown; an empty one: nothing.
 void display_stand(str line);
+// Waits until something happens that the next poll or picture may show, a signal comes, or so many
+// frames' time has passed since the last frame was presented. Returns how many have.
+i64 display_wait(i64 frames);
 // Takes the window off the screen. Its GPU objects may still be destroyed, until the platform is
 // released.
 void display_close();

@@ -100,6 +100,8 @@ void pipeline_blend_factor(u32 source, u32 destination);
 void pipeline_viewport(i32 x, i32 y, i32 width, i32 height);
 void pipeline_clear_color(f32 red, f32 green, f32 blue, f32 alpha);
 void pipeline_clear(u32 mask);
+// Whether the frame finished last shows what the one before it showed.
+bool pipeline_is_same();
 // 0 when no error happened since the last call.
 u32 pipeline_get_error();
 // Shows the finished frame, at most 60 times a second.

@@ -84,6 +84,10 @@ enum mouse_button : u32 {
 
 void input_poll();
 
+// Whether the last poll found nothing, and nobody holds a key, a button or a finger: the next one
+// finds the same unless something happens.
+bool input_rests();
+
 bool input_key_is_pressed(u32 key);
 bool input_key_is_held(u32 key);
 // The lasting states of the keyboard, as bits of `input_modifier`.

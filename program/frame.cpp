@@ -29,6 +29,7 @@
 #include "platform/system.h"
 #include "program/game_screen.h"
 #include "program/globals.h"
+#include "program/rest.h"
 #include "render/camera.h"
 #include "render/renderer.h"
 #include "render/walk.h"
@@ -192,6 +193,7 @@ void fullscreen_toggle() {
 
 void program_start() {
     globals_reset();
+    rest = {};
     system_init(system_all, key_repeat_off);
     arenas_create();
     random_seed(system_time());
@@ -209,6 +211,7 @@ bool program_frame() {
     assert(arenas[arena_frame].base != nullptr);  // between start and end
     arena_rewind(arena_frame, 0);
     input_poll();
+    rest_frame_begin();
     if (display_is_closed()) {
         app.running = false;
     }
@@ -235,6 +238,7 @@ bool program_frame() {
     tidings_show();
     system_sleep(frame_pause);
     pipeline_present();
+    rest_frame_end();
     return app.running;
 }
 

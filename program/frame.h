@@ -6,6 +6,8 @@
 //     while (program_frame()) {
 //     }
 //     program_end();
+//
+// and may wait while frames would repeat (program/rest.h).
 
 void program_start();
 

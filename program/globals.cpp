@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/arena.h"
+#include "base/fingerprint.h"
 #include "base/tidings.h"
 #include "editor/copying.h"
 #include "editor/drag.h"
@@ -41,64 +42,83 @@
 
 namespace {
 
-void map_globals_reset() {
-    machine_kind = pushdown_machine;
-    game_map = {};
-    settings = {};
-    goals = {};
-    stones = {};
-    std::fill(catalogues, catalogues + machine_kind_count, catalogue{});
-    std::fill(known_catalogues, known_catalogues + machine_kind_count, catalogue{});
-    current_catalogue = nullptr;
-    selected_entry = -1;
-    map_work = {};
-    waiting_maps = {};
+template <typename global>
+void start_value_set(global& one) {
+    one = {};
 }
 
-void game_globals_reset() {
-    deck = {};
-    discard_pile = {};
-    tape = {};
-    tape_head = 0;
-    random_generator = {};
-    players = {};
-    player_count = 3;
-    turn = {};
-    selection = {};
-    flight = {};
-    std::memset(stone_stack, 0, sizeof stone_stack);
-    hand_row = {};
-    last_deal = {};
-    last_done = {};
-    record = {};
-    takeback = {};
-    replay = {};
-    game_file = {};
-    refused = {};
-    hint = {};
-    game_line = {};
-    text_entry = {};
-    goal_editing = {};
-    history = {};
-    drag = {};
-    copied = {};
-    rule_advice = {};
-    trial = {};
+template <typename global, std::size_t count>
+void start_value_set(global (&all)[count]) {
+    std::fill(all, all + count, global{});
 }
 
-void screen_globals_reset() {
-    app = {};
-    screens = {};
-    camera = {};
-    walk = {};
-    motion = {};
-    title_picture_angle = 0;
-    texture_set = {};
-    quad_mesh = {};
-    simple_shader = {};
-    gamma_shader = {};
-    render_target = {};
-    font = {};
+// All of them but the arenas and what counts time until it is due.
+template <typename visitor>
+void globals_visit(visitor visit) {
+    visit(machine_kind);
+    visit(game_map);
+    visit(settings);
+    visit(goals);
+    visit(stones);
+    visit(catalogues);
+    visit(known_catalogues);
+    visit(current_catalogue);
+    visit(selected_entry);
+    visit(standing);
+    visit(map_work);
+    visit(waiting_maps);
+    visit(deck);
+    visit(discard_pile);
+    visit(tape);
+    visit(tape_head);
+    visit(random_generator);
+    visit(players);
+    visit(player_count);
+    visit(turn);
+    visit(selection);
+    visit(flight);
+    visit(stone_stack);
+    visit(hand_row);
+    visit(last_deal);
+    visit(last_done);
+    visit(record);
+    visit(takeback);
+    visit(replay);
+    visit(game_file);
+    visit(refused);
+    visit(hint);
+    visit(game_line);
+    visit(text_entry);
+    visit(goal_editing);
+    visit(history);
+    visit(drag);
+    visit(copied);
+    visit(rule_advice);
+    visit(trial);
+    visit(app);
+    visit(screens);
+    visit(camera);
+    visit(walk);
+    visit(motion);
+    visit(title_picture_angle);
+    visit(texture_set);
+    visit(quad_mesh);
+    visit(simple_shader);
+    visit(gamma_shader);
+    visit(render_target);
+    visit(font);
+}
+
+void print_add_bytes(u64& print, const void* bytes, std::size_t size) {
+    const char* from = static_cast<const char*>(bytes);
+    u64 word = 0;
+    for (; size >= sizeof word; size -= sizeof word, from += sizeof word) {
+        std::memcpy(&word, from, sizeof word);
+        print_add(print, word);
+    }
+    word = 0;
+    std::memcpy(&word, from, size);
+    print_add(print, word);
 }
 
 }  // namespace
@@ -106,8 +126,16 @@ void screen_globals_reset() {
 void globals_reset() {
     std::fill(arenas, arenas + arena_count, arena{});
     tidings = {};
-    standing = {};
-    map_globals_reset();
-    game_globals_reset();
-    screen_globals_reset();
+    globals_visit([](auto& one) { start_value_set(one); });
+    machine_kind = pushdown_machine;
+    selected_entry = -1;
+    player_count = 3;
+}
+
+u64 globals_print() {
+    u64 print = 1;
+    globals_visit([&](const auto& one) { print_add_bytes(print, &one, sizeof one); });
+    const arena& used = arenas[arena_persistent];
+    print_add_bytes(print, used.base, static_cast<std::size_t>(used.offset));
+    return std::max(print, u64{1});
 }

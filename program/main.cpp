@@ -4,10 +4,12 @@
 #include "base/tidings.h"
 #include "game/game_file.h"
 #include "maps/map_work.h"
+#include "platform/display.h"
 #include "platform/standard_streams.h"
 #include "program/command_line.h"
 #include "program/frame.h"
 #include "program/opening.h"
+#include "program/rest.h"
 #include "render/motion.h"
 
 namespace {
@@ -20,6 +22,13 @@ bool prepare(const command_line& command, opening& wanted) {
     bool prepared = opening_prepare(command, wanted);
     arenas_free();
     return prepared;
+}
+
+// Where the frames that are due would repeat the last one.
+void wait_for_change() {
+    if (i64 frames = rest_frames(); frames > 0) {
+        rest_pass(display_wait(frames));
+    }
 }
 
 }  // namespace
@@ -47,7 +56,9 @@ int main(int argument_count, char** arguments) {
         fullscreen_toggle();
     }
     opening_show(command, wanted);
-    while (program_frame()) {}
+    while (program_frame()) {
+        wait_for_change();
+    }
     program_end();
     return 0;
 }

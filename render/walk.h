@@ -11,7 +11,7 @@
 
 #include "render/view.h"
 
-enum walk_direction : u8 { walk_nowhere, walk_left, walk_right, walk_down, walk_up };
+enum walk_direction : u64 { walk_nowhere, walk_left, walk_right, walk_down, walk_up };
 
 // Between two points of the window.
 struct walk_step {

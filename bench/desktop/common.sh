@@ -30,11 +30,20 @@ click() {
     sleep 0.5
 }
 
-# From the title to the board of the first pushdown map.
-board_open() {
-    click $((128 + 512)) $((96 + 752))
-    click $((128 + 512)) $((96 + 768))
-    click $((128 + 512)) $((96 + 752))
+# From the title to a screen; the board is that of the first pushdown map. The pointer then lies where
+# it points at nothing.
+screen_open() {
+    case $1 in
+        title | help) ;;
+        editor | dialog) click $((128 + 816)) $((96 + 752)) ;;
+        *) click $((128 + 512)) $((96 + 752)) ;;
+    esac
+    case $1 in
+        help) xdotool key F1 ;;
+        dialog) xdotool key ctrl+s ;;
+        list | board) click $((128 + 512)) $((96 + 768)) ;;
+    esac
+    [ "$1" != board ] || click $((128 + 512)) $((96 + 752))
     xdotool mousemove 640 400
     sleep 2
 }

@@ -137,6 +137,10 @@ void gamepads_wait() {
     }
 }
 
+bool gamepads_are_there() {
+    return !gamepads.empty();
+}
+
 bool gamepads_rest() {
     return std::none_of(gamepads.begin(), gamepads.end(), pulls);
 }

@@ -38,5 +38,7 @@ void gamepad_gone(i64 pad);
 void gamepads_end();
 // A poll, a sixtieth of a second after the one before: what is held over moves the board.
 void gamepads_wait();
+// Whether any is connected that was used.
+bool gamepads_are_there();
 // Whether nothing is held over that does.
 bool gamepads_rest();

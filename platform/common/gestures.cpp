@@ -126,6 +126,10 @@ void gestures_wait(i64 time) {
     waited = true;
 }
 
+bool gestures_rest() {
+    return fingers.empty();
+}
+
 void gestures_end() {
     fingers.clear();
     current = gesture::none;

@@ -32,5 +32,7 @@ void gestures_feed(const finger_event& event, f64 stray);
 // Nothing else was heard until this time. What came down since the call before may have gone up by
 // then: on a slow machine its lifting is still on its way.
 void gestures_wait(i64 time);
+// Whether no finger is down.
+bool gestures_rest();
 // The fingers are somebody else's now.
 void gestures_end();

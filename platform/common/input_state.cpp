@@ -1,5 +1,6 @@
 #include "platform/common/input_state.h"
 
+#include <algorithm>
 #include <deque>
 
 #include "platform/input.h"
@@ -37,6 +38,7 @@ struct switches {
 };
 
 struct input_state {
+    bool any;  // event in the last sample
     switches<key_count> keys;
     switches<mouse_button_count> buttons;
     bool caps_lock;
@@ -185,10 +187,16 @@ input_event release_of(const input_event& press) {
 }
 
 void sample_begin() {
+    sampled.any = !waiting.empty();
     edges_forget(sampled.keys);
     edges_forget(sampled.buttons);
     sampled.dx = sampled.dy = sampled.wheel = 0.0;
     drag_forget();
+}
+
+template <u32 count>
+bool any_held(const switches<count>& all) {
+    return std::find(all.held, all.held + count, true) != all.held + count;
 }
 
 }  // namespace
@@ -252,6 +260,10 @@ void input_sample() {
             return;
         }
     }
+}
+
+bool input_state_rests() {
+    return !sampled.any && waiting.empty() && !any_held(sampled.keys) && !any_held(sampled.buttons);
 }
 
 void input_reset() {

@@ -28,6 +28,9 @@ void input_feed_drag(f64 x, f64 y, f64 dx, f64 dy, f64 zoom);
 void input_feed_motion(f64 dx, f64 dy);
 void input_feed_wheel(f64 steps);
 
+// Whether nothing was fed since the sample before, and no key or button is down.
+bool input_state_rests();
+
 // Shows the queries what was fed since the sample before, up to its end.
 void input_sample();
 // Forgets everything.

@@ -51,6 +51,18 @@ i64 pacing_frame_end(pacing& pace, i64 now) {
     return now;
 }
 
+i64 pacing_after(const pacing& pace, i64 frames) {
+    return pace.due + frames * frame_time;
+}
+
+i64 pacing_wake(pacing& pace, i64 now) {
+    i64 passed = std::max(now - pace.due, i64{0});
+    pace.due += passed;
+    pace.has_time = true;
+    pace.undrawn = 0;
+    return passed / frame_time;
+}
+
 i64 pacing_earliest(const pacing& pace) {
     return pace.due - frame_time;
 }

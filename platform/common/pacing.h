@@ -21,6 +21,11 @@ void pacing_set_display(pacing& pace, i32 refresh_rate);
 // in `has_time` whether it is drawn: frames that come late are caught up with by leaving out
 // pictures, at most three in a row; what is still missing then is forgotten, as after a stop.
 i64 pacing_frame_end(pacing& pace, i64 now);
+// When the frame that comes so many after the next one would be due.
+i64 pacing_after(const pacing& pace, i64 frames);
+// Nothing was to be played until now: how many frames' time passed since the next one was due. It
+// is due now, unless it was not due yet, and drawn.
+i64 pacing_wake(pacing& pace, i64 now);
 // From when on the next frame may begin instead, because the player acts on a still picture: up to
 // a frame before it is due. It stays due when it was, so that frames do not come to more than
 // sixty.

@@ -205,6 +205,10 @@ void draw_elements(u32 kind, u32 index_type, u32 first, u32 count, [[maybe_unuse
         coverage);
 }
 
+bool pipeline_is_same() {
+    return frame_is_same();
+}
+
 u32 pipeline_get_error() {
     frame_finish();
     GLenum error = frame_is_drawn() ? glGetError() : GL_NO_ERROR;

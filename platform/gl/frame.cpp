@@ -41,36 +41,44 @@ struct setting {
 
 // Frames are lists of calls: each one word for the call, the number of its arguments and a bit for
 // each of them that is not 0, and then these. Most numbers of a matrix are 0.
-words kept;             // the frame that is being made
-words shown;            // the frame drawn last
-std::size_t shown_end;  // up to where it is drawn, if it takes several parts
-bool asked = true;
-bool held;
-bool drawn;
+struct frame_record {
+    words kept;                 // the frame that is being made
+    words shown;                // the frame drawn last
+    std::size_t shown_end = 0;  // up to where it is drawn, if it takes several parts
+    bool asked = true;          // for a picture, whatever it shows
+    bool held = false;
+    bool drawn = false;  // completely, with the frame completed last
+    bool same = false;   // as the one before: the frame completed last
 
-std::vector<setting> settings;
-std::vector<std::size_t> changed;  // settings that no draw was made with yet, in the game's order
-f32 covered;                       // by the draws of the part
-u32 draws;                         // of the part
+    // What the next draw is made with, as the game set it last, and the places of what no draw was
+    // made with yet, in the game's order.
+    std::vector<setting> settings;
+    std::vector<std::size_t> changed;
+
+    f32 covered = 0;  // by the draws of the part
+    u32 draws = 0;    // of the part
+};
+
+frame_record frame;
 
 void call_keep(frame_call call, std::span<const u32> arguments) {
-    std::size_t head = kept.size();
-    kept.push_back(static_cast<u32>(call) | static_cast<u32>(arguments.size()) << call_bits);
+    std::size_t head = frame.kept.size();
+    frame.kept.push_back(static_cast<u32>(call) | static_cast<u32>(arguments.size()) << call_bits);
     u32 bit = 1U << (call_bits + count_bits);
     for (u32 argument : arguments) {
         if (argument != 0) {
-            kept[head] |= bit;
-            kept.push_back(argument);
+            frame.kept[head] |= bit;
+            frame.kept.push_back(argument);
         }
         bit <<= 1;
     }
 }
 
 void settings_keep() {
-    for (std::size_t place : changed) {
-        call_keep(settings[place].call, settings[place].arguments);
+    for (std::size_t place : frame.changed) {
+        call_keep(frame.settings[place].call, frame.settings[place].arguments);
     }
-    changed.clear();
+    frame.changed.clear();
 }
 
 // How many of its first arguments say what a call sets.
@@ -91,24 +99,25 @@ std::size_t name_length(frame_call call) {
 
 std::size_t setting_place(frame_call call, std::span<const u32> arguments) {
     std::span<const u32> name = arguments.first(name_length(call));
-    auto found = std::find_if(settings.begin(), settings.end(), [=](const setting& one) {
-        return one.call == call && std::equal(name.begin(), name.end(), one.arguments.begin());
-    });
-    if (found == settings.end()) {
-        found = settings.insert(found, {call, {name.begin(), name.end()}});
+    auto found =
+        std::find_if(frame.settings.begin(), frame.settings.end(), [=](const setting& one) {
+            return one.call == call && std::equal(name.begin(), name.end(), one.arguments.begin());
+        });
+    if (found == frame.settings.end()) {
+        found = frame.settings.insert(found, {call, {name.begin(), name.end()}});
     }
-    return static_cast<std::size_t>(found - settings.begin());
+    return static_cast<std::size_t>(found - frame.settings.begin());
 }
 
 void part_begin() {
-    covered = 0;
-    draws = 0;
+    frame.covered = 0;
+    frame.draws = 0;
 }
 
 void frame_begin() {
-    kept.clear();
-    settings.clear();
-    changed.clear();
+    frame.kept.clear();
+    frame.settings.clear();
+    frame.changed.clear();
     part_begin();
 }
 
@@ -131,26 +140,26 @@ std::size_t call_run(const words& list, std::size_t at) {
 void parts_run() {
     u64 begin = system_time();
     bool over = false;
-    while (!over && shown_end < shown.size()) {
-        bool part_ends = shown[shown_end] == static_cast<u32>(frame_call::part_end);
-        shown_end = call_run(shown, shown_end);
+    while (!over && frame.shown_end < frame.shown.size()) {
+        bool part_ends = frame.shown[frame.shown_end] == static_cast<u32>(frame_call::part_end);
+        frame.shown_end = call_run(frame.shown, frame.shown_end);
         over = part_ends && system_time() - begin > parts_time;
     }
 }
 
 void kept_run() {
-    for (std::size_t at = 0; at < kept.size();) {
-        at = call_run(kept, at);
+    for (std::size_t at = 0; at < frame.kept.size();) {
+        at = call_run(frame.kept, at);
     }
     frame_begin();
-    asked = true;
+    frame.asked = true;
 }
 
 // Draws what is kept so far. While nobody can see it, it is forgotten instead, and what follows
 // with it: all of a held frame is.
 void room_make() {
-    if (held) {
-        kept.clear();
+    if (frame.held) {
+        frame.kept.clear();
     } else {
         kept_run();
     }
@@ -158,26 +167,34 @@ void room_make() {
 
 // A picture that was begun is completed before the next one, unless that is done sooner.
 bool kept_is_next() {
-    std::size_t rest = shown.size() - shown_end;
-    return asked || (rest > 0 ? kept.size() < rest : kept != shown);
+    std::size_t rest = frame.shown.size() - frame.shown_end;
+    return frame.asked || (rest > 0 ? frame.kept.size() < rest : !frame.same);
 }
 
 }  // namespace
 
 void frame_ask() {
-    asked = true;
+    frame.asked = true;
 }
 
 void frame_hold(bool hold) {
-    held = hold;
+    frame.held = hold;
 }
 
 bool frame_is_begun() {
-    return shown_end < shown.size();
+    return frame.shown_end < frame.shown.size();
 }
 
 bool frame_is_drawn() {
-    return drawn;
+    return frame.drawn;
+}
+
+bool frame_is_same() {
+    return frame.same;
+}
+
+bool frame_is_due() {
+    return frame.asked || frame_is_begun();
 }
 
 void frame_set(frame_call call, std::initializer_list<u32> arguments, std::span<const f32> reals) {
@@ -188,13 +205,13 @@ void frame_set(frame_call call, std::initializer_list<u32> arguments, std::span<
     std::copy(bits.begin(), bits.end(), reinterpret_cast<std::byte*>(reals_begin));
     std::span<const u32> set(all.data(), arguments.size() + reals.size());
     std::size_t place = setting_place(call, set);
-    words& known = settings[place].arguments;
+    words& known = frame.settings[place].arguments;
     if (std::equal(known.begin(), known.end(), set.begin(), set.end())) {
         return;
     }
     known.assign(set.begin(), set.end());
-    std::erase(changed, place);
-    changed.push_back(place);
+    std::erase(frame.changed, place);
+    frame.changed.push_back(place);
 }
 
 void frame_draw(frame_call call, std::initializer_list<u32> arguments, f32 coverage) {
@@ -203,13 +220,13 @@ void frame_draw(frame_call call, std::initializer_list<u32> arguments, f32 cover
     }
     settings_keep();
     call_keep(call, arguments);
-    covered += coverage;
-    ++draws;
-    if (covered > part_coverage || draws > part_draws) {
+    frame.covered += coverage;
+    ++frame.draws;
+    if (frame.covered > part_coverage || frame.draws > part_draws) {
         call_keep(frame_call::part_end, {});
         part_begin();
     }
-    if (kept.size() > kept_most) {
+    if (frame.kept.size() > kept_most) {
         room_make();
     }
 }
@@ -221,16 +238,17 @@ void frame_flush() {
 
 void frame_finish() {
     settings_keep();
-    if (!held && kept_is_next()) {
+    frame.same = frame.kept == frame.shown;
+    if (!frame.held && kept_is_next()) {
         targets_fit();
-        std::swap(kept, shown);
-        shown_end = 0;
-        asked = false;
+        std::swap(frame.kept, frame.shown);
+        frame.shown_end = 0;
+        frame.asked = false;
     }
-    drawn = false;
-    if (!held && frame_is_begun()) {
+    frame.drawn = false;
+    if (!frame.held && frame_is_begun()) {
         parts_run();
-        drawn = shown_end == shown.size();
+        frame.drawn = frame.shown_end == frame.shown.size();
     }
     frame_begin();
 }

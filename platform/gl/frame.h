@@ -24,6 +24,10 @@ void frame_hold(bool hold);
 bool frame_is_begun();
 // Whether with the frame completed last a picture became complete.
 bool frame_is_drawn();
+// Whether the frame completed last shows what was drawn last.
+bool frame_is_same();
+// Whether a picture, or the rest of one, is still to be drawn though the frames stay the same.
+bool frame_is_due();
 
 // For platform/gpu.h.
 

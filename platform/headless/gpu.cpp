@@ -1,12 +1,14 @@
 #include "platform/gpu.h"
 
 #include <algorithm>
+#include <bit>
 #include <set>
 #include <span>
 #include <sstream>
 #include <string_view>
 #include <utility>
 
+#include "base/fingerprint.h"
 #include "platform/headless/gpu_headless.h"
 #include "platform/headless/headless.h"
 
@@ -42,6 +44,9 @@ struct gpu {
     std::string failing_message;
     u32 frame_buffer_status = frame_buffer_complete;
     u32 error = 0;
+    u64 print = 0;         // of the calls of the frame that is being made
+    u64 print_before = 0;  // of the frame before
+    bool same = false;     // in the frame finished last
     bool recording = false;
     std::vector<gpu_call> calls;
     std::vector<gpu_draw> draws;
@@ -49,8 +54,23 @@ struct gpu {
 
 gpu device;
 
+// Only checked builds ask whether frames differ.
+void print_call([[maybe_unused]] gpu_op op, [[maybe_unused]] std::initializer_list<i64> numbers,
+                [[maybe_unused]] std::span<const f32> reals) {
+#ifdef QUORREL_CHECK
+    print_add(device.print, static_cast<u64>(op));
+    for (i64 number : numbers) {
+        print_add(device.print, static_cast<u64>(number));
+    }
+    for (f32 real : reals) {
+        print_add(device.print, std::bit_cast<u32>(real));
+    }
+#endif
+}
+
 void keep(gpu_op op, std::initializer_list<i64> numbers, std::span<const f32> reals = {},
           str bytes = {}, i64 result = 0) {
+    print_call(op, numbers, reals);
     if (device.recording) {
         device.calls.push_back(
             {op, numbers, {reals.begin(), reals.end()}, {bytes.begin(), bytes.end()}, result});
@@ -383,7 +403,13 @@ void pipeline_clear(u32 mask) {
     keep(gpu_op::pipeline_clear, {mask});
 }
 
+bool pipeline_is_same() {
+    return device.same;
+}
+
 u32 pipeline_get_error() {
+    u64 print = std::exchange(device.print, 0);
+    device.same = print != 0 && print == std::exchange(device.print_before, print);
     u32 error = std::exchange(device.error, 0);
     keep(gpu_op::pipeline_get_error, {}, {}, {}, error);
     return error;

@@ -46,10 +46,12 @@ void headless_set_screen(i32 width, i32 height) {
 
 void headless_hide_window() {
     now.window_hidden_by_player = true;
+    input_feed_motion(0, 0);
 }
 
 void headless_close_window() {
     now.window_closed_by_player = true;
+    input_feed_motion(0, 0);
 }
 
 bool headless_window_is_open() {
@@ -162,4 +164,8 @@ void display_close() {
 
 void input_poll() {
     input_sample();
+}
+
+bool input_rests() {
+    return input_state_rests() && gestures_rest();
 }

@@ -175,3 +175,7 @@ void input_poll() {
     gamepads_wait();
     input_sample();
 }
+
+bool input_rests() {
+    return input_state_rests() && gestures_rest() && gamepads_rest();
+}

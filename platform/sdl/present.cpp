@@ -1,13 +1,13 @@
 // Showing frames, sixty of them a second: the game advances 1/60 s with each.
 
 #include <SDL.h>
-#include <poll.h>
 
 #include <algorithm>
 #include <chrono>
 #include <thread>
 
 #include "platform/common/pacing.h"
+#include "platform/display.h"
 #include "platform/gl/frame.h"
 #include "platform/gpu.h"
 #include "platform/sdl/window.h"
@@ -18,6 +18,10 @@ namespace {
 
 using clock_type = std::chrono::steady_clock;
 
+constexpr i64 millisecond = 1'000'000;  // nanoseconds
+constexpr i64 longest_wait = 1'000;     // milliseconds
+constexpr i64 pad_pause = 16;           // milliseconds
+
 i64 now() {
     return std::chrono::nanoseconds(clock_type::now().time_since_epoch()).count();
 }
@@ -26,13 +30,26 @@ void sleep_until(i64 time) {
     std::this_thread::sleep_until(clock_type::time_point(std::chrono::nanoseconds(time)));
 }
 
-// Waits until a time, or until the display server has something for the next poll.
+// Waits so many milliseconds for an event. Where there is a gamepad, SDL would look a thousand
+// times a second.
+bool event_comes(i64 most) {
+    if (SDL_NumJoysticks() <= 0) {
+        return SDL_WaitEventTimeout(nullptr, static_cast<int>(most)) != 0;
+    }
+    SDL_Delay(static_cast<Uint32>(std::min(most, pad_pause)));
+    SDL_PumpEvents();
+    return SDL_HasEvents(SDL_FIRSTEVENT, SDL_POLLSENTINEL - 1) != SDL_FALSE;
+}
+
+// Waits until a time, or until the next poll finds something. SDL looks for signals before it
+// waits: one that comes just then is found a second later.
 void event_wait(i64 time) {
-    constexpr i64 second = 1'000'000'000;
-    i64 rest = std::max(time - now(), i64{0});
-    timespec most = {rest / second, rest % second};
-    pollfd events = {display_connection(window), POLLIN, 0};
-    ppoll(&events, 1, &most, nullptr);
+    for (i64 rest = time - now(); rest >= millisecond; rest = time - now()) {
+        if (event_comes(std::min(rest / millisecond, longest_wait))) {
+            return;
+        }
+    }
+    sleep_until(time);
 }
 
 pacing pace = pacing_begin(now());
@@ -61,4 +78,13 @@ void pipeline_present() {
     }
     bool has_time = pace.has_time || frame_is_begun();
     frame_hold(!has_time || !window_can_be_seen());
+}
+
+i64 display_wait(i64 frames) {
+    if (!window_can_be_seen() || !frame_is_due()) {
+        event_wait(pacing_after(pace, frames));
+    }
+    i64 passed = pacing_wake(pace, now());
+    frame_hold(!window_can_be_seen());
+    return passed;
 }

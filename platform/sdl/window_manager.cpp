@@ -34,8 +34,3 @@ bool window_manager_runs(SDL_Window* window) {
     }
     return type == XA_WINDOW && count == 1;
 }
-
-int display_connection(SDL_Window* window) {
-    Display* display = x11_display(window);
-    return display != nullptr ? ConnectionNumber(display) : -1;
-}

@@ -186,3 +186,8 @@ void input_poll() {
     gamepads_wait();
     input_sample();
 }
+
+// A gamepad has to be asked.
+bool input_rests() {
+    return input_state_rests() && gestures_rest() && !gamepads_are_there();
+}

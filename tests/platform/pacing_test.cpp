@@ -73,6 +73,15 @@ TEST(pacing, goes_on_from_where_it_was_after_a_stop) {
     EXPECT_EQ(pacing_frame_end(pace, now + 1), 3600 * second + second / 60);
 }
 
+TEST(pacing, nothing_is_missed_while_nothing_was_due) {
+    pacing pace = pacing_begin(0);
+    const i64 due = pacing_frame_end(pace, 0);
+    EXPECT_EQ(pacing_wake(pace, due - 1), 0);
+    EXPECT_EQ(pacing_wake(pace, pacing_after(pace, 90) + 1), 90);
+    EXPECT_GT(pacing_frame_end(pace, pace.due + 1), due + 90 * (second / 60));
+    EXPECT_TRUE(pace.has_time);
+}
+
 TEST(pacing, a_slow_game_is_drawn_nevertheless) {
     pacing pace = pacing_begin(0);
     i64 drawn = 0;
