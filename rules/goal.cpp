@@ -63,19 +63,6 @@ bool family_test() {
     }
 }
 
-bool win_mode_test() {
-    switch (settings.win_mode) {
-        case win_immediate:
-            return true;
-        case win_all_accepting:
-            return stones_on_accepting() == stones.count;
-        case win_any_accepting:
-            return stones_on_accepting() > 0;
-        default:
-            return false;
-    }
-}
-
 }  // namespace
 
 i64 goal_count(const goal& g) {
@@ -103,6 +90,19 @@ bool goal_met(const goal& g) {
     }
 }
 
+bool win_mode_met() {
+    switch (settings.win_mode) {
+        case win_immediate:
+            return true;
+        case win_all_accepting:
+            return stones_on_accepting() == stones.count;
+        case win_any_accepting:
+            return stones_on_accepting() > 0;
+        default:
+            return false;
+    }
+}
+
 bool win_check() {
-    return family_test() && win_mode_test();
+    return family_test() && win_mode_met();
 }

@@ -9,6 +9,9 @@ i64 goal_count(const goal& g);
 // Whether the count meets the target; never for a comparison that does not exist.
 bool goal_met(const goal& g);
 
+// Whether the stones stand as the map's win mode asks; never for one that does not exist.
+bool win_mode_met();
+
 // Whether the current seat has won, tested right after its move: the family's own test (an empty
 // hand, a met goal), then the map's win mode.
 bool win_check();

@@ -9,6 +9,7 @@ int check_command(const request& asked);
 int play_command(const request& asked);
 int trace_command(const request& asked);
 int replay_command(const request& asked);
+int solve_command(const request& asked);
 int explain_command(const request& asked);
 int draw_command(const request& asked);
 int list_command(const request& asked);

@@ -181,11 +181,12 @@ void stones_put(svg_drawing& svg) {
     }
 }
 
-void transitions_put(svg_drawing& svg) {
+void transitions_put(svg_drawing& svg, i64 marked) {
     for (i64 t = 0; t < game_map.transitions.count; ++t) {
         const transition& arc = game_map.transitions[t];
+        const colour tint = t == marked ? card_colours[0] : colour_white;
         if (transition_exists(arc)) {
-            draws_put(svg, draws_of([&] { transition_draw(on_board, arc, colour_white); }));
+            draws_put(svg, draws_of([&] { transition_draw(on_board, arc, tint); }));
         }
         progress_show("transitions", t, game_map.transitions.count);
     }
@@ -232,9 +233,9 @@ std::string head_text(const shape& bounds) {
 
 }  // namespace
 
-std::string map_svg(bool numbers, const std::vector<std::string>& lines) {
+std::string map_svg(bool numbers, const std::vector<std::string>& lines, i64 marked) {
     svg_drawing svg;
-    transitions_put(svg);
+    transitions_put(svg, marked);
     states_put(svg, numbers);
     stones_put(svg);
     progress_end();

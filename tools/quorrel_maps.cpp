@@ -49,6 +49,14 @@ constexpr command_form commands[] = {
      "FILE [--svg N [-o FILE] [--numbers]]",
      "Tell a game, which the FILE holds, act by act in plain words. --svg: draw the position after\n"
      "N acts, with what the seats hold."},
+    {"solve", solve_command, "fdkDrMLvwna", 1, 1,
+     "[FAMILY] MAP|GAME [--seats N] [--move] [--all] [--svg FILE [--numbers]]\n"
+     "        [--deals N] [--seed S] [--memory MB] [--time SECONDS]",
+     "Say who wins when nobody errs: 2 seats or N, of all deals of a turing machine, of N deals (100)\n"
+     "of a pushdown machine with open hands, dealt from seed S (1). --move: what the seat to move\n"
+     "does best, at the start or in a game that was kept as a file, and what else it could do.\n"
+     "--svg: draws that, too. It gives up what takes more than 1024 MB or 600 s; what ctrl+c and\n"
+     "the time leave unfinished is told as far as it went."},
     {"explain", explain_command, "ptT", 1, 1,
      "RULE|GOAL [--card Aa1] [--top Bb2] [--tape Aa1,Bb2,...]",
      "Say what a rule asks; with a card, whether it may be played on the top card (without one:\n"

@@ -59,6 +59,21 @@ constexpr option_form option_forms[] = {
          return !value.empty(); }},
     {'P', "svg", "a number of acts from 0", [](request& asked, std::string_view value) {
          return number_read(value, asked.position) && asked.position >= 0; }},
+    {'k', "seats", "a number from 1 to 6", [](request& asked, std::string_view value) {
+         return number_read(value, asked.seat_count) && 1 <= asked.seat_count &&
+                asked.seat_count <= player_limit; }},
+    {'D', "deals", "a number from 1", [](request& asked, std::string_view value) {
+         return number_read(value, asked.deals) && asked.deals >= 1; }},
+    {'M', "memory", "megabytes, 1 to 1000000", [](request& asked, std::string_view value) {
+         return number_read(value, asked.megabytes) && 1 <= asked.megabytes &&
+                asked.megabytes <= 1'000'000; }},
+    {'L', "time", "seconds, 1 to 1000000", [](request& asked, std::string_view value) {
+         return number_read(value, asked.seconds) && 1 <= asked.seconds &&
+                asked.seconds <= 1'000'000; }},
+    {'v', "move", nullptr, [](request& asked, std::string_view) { return asked.move = true; }},
+    {'w', "svg", "a file", [](request& asked, std::string_view value) {
+         asked.out = view_of(path_absolute(str_from(value)));
+         return asked.move = !value.empty(); }},
     {'p', "card", "a card such as Aa1", [](request& asked, std::string_view value) {
          return asked.has_card = card_read(value, asked.played); }},
     {'t', "top", "a card such as Aa1", [](request&, std::string_view value) {

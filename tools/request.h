@@ -24,6 +24,11 @@ struct request {
     u64 seed = 1;
     std::string_view game_out;  // path of a file for a game's text; empty for none
     i64 position = -1;          // acts of a game after which it is drawn; below 0 to tell the acts
+    i64 seat_count = 2;
+    i64 deals = 100;
+    i64 megabytes = 1024;
+    i64 seconds = 600;
+    bool move = false;
     bool has_card = false;
     card played = {};
     bool has_tape = false;  // `--tape` fills the game's tape, and `--top` its discard pile

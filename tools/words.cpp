@@ -19,3 +19,12 @@ words list_split(std::string_view list) {
         list.remove_prefix(comma + 1);
     }
 }
+
+std::string number_grouped(i64 number) {
+    std::string text = std::to_string(number);
+    for (std::size_t place = text.size(); place > 3;) {
+        place -= 3;
+        text.insert(place, ",");
+    }
+    return text;
+}

@@ -3,6 +3,7 @@
 // Words of a command line and of what is written, as views, numbers and names.
 
 #include <charconv>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +17,9 @@ std::string_view view_of(str text);
 
 // The pieces between commas.
 words list_split(std::string_view list);
+
+// "1,234,567", of a number from 0.
+std::string number_grouped(i64 number);
 
 // The place of `name` among `names`, -1 when it is none of them.
 template <std::size_t count>
