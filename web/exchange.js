@@ -1,7 +1,8 @@
 "use strict";
 
-// Maps that come to the page and go from it: files, links, and what was kept of lost ones.
+// Maps and games that come to the page and go from it: files, links, and what was kept of lost maps.
 
+const endings = {map: "quorrel", game: "quorrel-game"}; // of files
 let taking = Promise.resolve(); // of all that came so far, one after the other
 
 // Takes what comes next, once all that came before is taken. What fails is told with these words.
@@ -12,7 +13,7 @@ function take_next(take, failure) {
     });
 }
 
-// Maps that come.
+// What comes.
 
 // Asks the player; the first family when the question is left without an answer.
 function family_ask(name) {
@@ -32,25 +33,43 @@ function family_ask(name) {
 }
 
 function map_show(path, family) {
-    if (Module.ccall("page_map_take", "boolean", ["string", "number"], [path, family])) {
+    const taken = Module.ccall("page_map_take", "boolean", ["string", "number"], [path, family]);
+    if (taken) {
         notice_show("The map is in your list.");
+        canvas_focus();
+    }
+    return taken;
+}
+
+// Hands bytes to the game as a file, for as long as it takes.
+async function file_lend(name, bytes, take) {
+    const path = `/incoming/${name.replace(/[^\w.-]/g, "_").replace(/^\.*/, "").slice(0, 64) || "map"}`;
+    Module.FS.mkdirTree("/incoming");
+    Module.FS.writeFile(path, bytes);
+    try {
+        return await take(path);
+    } finally {
+        Module.FS.unlink(path);
+    }
+}
+
+const file_is_game = path => Module.ccall("page_file_is_game", "boolean", ["string"], [path]);
+
+// Opens a game on the board. What is wrong with it the game says.
+function game_show(path) {
+    if (Module.ccall("page_game_open", "boolean", ["string"], [path])) {
         canvas_focus();
     }
 }
 
-// Adds a map to the player's and shows it in the list. A family below 0 is found out.
-async function map_take(name, bytes, family) {
-    const path = `/incoming/${name.replace(/[^\w.-]/g, "_").replace(/^\.*/, "").slice(0, 64) || "map"}`;
-    Module.FS.mkdirTree("/incoming");
-    Module.FS.writeFile(path, bytes);
-    if (family < 0) {
-        family = Module.ccall("page_file_family", "number", ["string"], [path]);
+// Adds a map of unknown family to the player's and shows it in the list, or opens a game.
+async function file_show(path, name) {
+    if (file_is_game(path)) {
+        game_show(path);
+        return;
     }
-    if (family < 0) {
-        family = await family_ask(name);
-    }
-    map_show(path, family);
-    Module.FS.unlink(path);
+    const family = Module.ccall("page_file_family", "number", ["string"], [path]);
+    map_show(path, family < 0 ? await family_ask(name) : family);
 }
 
 async function file_take(file) {
@@ -58,7 +77,8 @@ async function file_take(file) {
         notice_show(`${file.name} is too large for a map.`);
         return;
     }
-    await map_take(file.name, new Uint8Array(await file.arrayBuffer()), -1);
+    const bytes = new Uint8Array(await file.arrayBuffer());
+    await file_lend(file.name, bytes, path => file_show(path, file.name));
 }
 
 function files_take(files) {
@@ -67,21 +87,44 @@ function files_take(files) {
     }
 }
 
-// Mail and messengers leave a tail at a link; it ends the letters.
-function link_open() {
-    const letters = location.hash.match(/^#map=([\w-]*)/);
-    if (!letters) {
-        return;
+// With seats, the game on it begins at once.
+function map_play(seats) {
+    if (!Module.ccall("page_map_play", "boolean", ["string"], [seats])) {
+        notice_show("The map is in your list; the link names no seats such as human,hard.");
     }
-    history.replaceState(null, "", location.pathname + location.search);
-    take_next(async () => {
-        const map = await link_unpack(letters[1]);
-        await map_take(map.name, map.text, map.family);
-    }, self.DecompressionStream ? "The link holds no map that can be read." :
-        "This browser is too old to open links of maps; their files can be imported.");
 }
 
-// Maps that go.
+async function map_link_take(letters, seats) {
+    const map = map_part(await link_unpack(letters));
+    const taken = await file_lend(map.name, map.text, path => map_show(path, map.family));
+    if (taken && seats) {
+        map_play(seats);
+    }
+}
+
+async function game_link_take(letters) {
+    await file_lend("link", await link_unpack(letters), path => {
+        if (!file_is_game(path)) {
+            throw new Error("no game");
+        }
+        game_show(path);
+    });
+}
+
+// Mail and messengers leave a tail at a link; it ends the letters.
+function link_open() {
+    const [, what, letters, tail] = location.hash.match(/^#(map|game)=([\w-]*)(.*)/s) || [];
+    if (!what) {
+        return;
+    }
+    const [, seats] = tail.replace(/%2c/gi, ",").match(/&seats=([a-z,]*)/) || [];
+    history.replaceState(null, "", location.pathname + location.search);
+    take_next(() => what === "map" ? map_link_take(letters, seats) : game_link_take(letters),
+        self.DecompressionStream ? `The link holds no ${what} that can be read.` :
+            "This browser is too old to open links; files can be imported.");
+}
+
+// What goes.
 
 // Offers what the game has kept of replaced, deleted and unsaved maps, the newest first.
 function kept_offer() {
@@ -103,52 +146,74 @@ function kept_bring_back() {
     }
 }
 
-// The map that is loaded, or null on the title menu, where none has been chosen yet.
-function map_loaded() {
+// What the game writes with one of its functions.
+function file_written(write) {
+    const path = "/outgoing";
+    Module.ccall(write, null, ["string"], [path]);
+    const bytes = Module.FS.readFile(path);
+    Module.FS.unlink(path);
+    return bytes;
+}
+
+// Asks which of both when a game is on the board: "map" or "game", nothing when neither is meant.
+function goods_ask() {
+    if (!Module.ccall("page_has_game", "boolean")) {
+        return "map";
+    }
+    const dialog = element("goods");
+    dialog.returnValue = "";
+    dialog.showModal();
+    return new Promise(resolve => {
+        dialog.onclose = () => resolve(dialog.returnValue);
+    });
+}
+
+// What is to go, a map with its family; null on the title menu, where no map has been chosen yet.
+async function goods_take() {
     const family = Module.ccall("page_map_family", "number");
     if (family < 0) {
         notice_show("Choose a map first.");
         return null;
     }
-    const path = "/outgoing";
-    Module.ccall("page_map_write", null, ["string"], [path]);
-    const map = {
-        family,
-        name: Module.ccall("page_map_name", "string"),
-        text: Module.FS.readFile(path),
-    };
-    Module.FS.unlink(path);
-    return map;
+    const name = Module.ccall("page_map_name", "string");
+    const what = await goods_ask();
+    if (what === "") {
+        return null;
+    }
+    if (what === "game" && !Module.ccall("page_has_game", "boolean")) {
+        return null; // it has ended meanwhile
+    }
+    return {what, family, name, text: file_written(`page_${what}_write`)};
 }
 
-function map_export() {
-    const map = map_loaded();
-    if (map && map.text.length > Module.ccall("page_text_limit", "number")) {
-        notice_show("The map is too large: its file could not be read again.");
-    } else if (map) {
+async function goods_export() {
+    const goods = await goods_take();
+    if (goods && goods.text.length > Module.ccall("page_text_limit", "number")) {
+        notice_show(`The ${goods.what} is too large: its file could not be read again.`);
+    } else if (goods) {
         const anchor = document.createElement("a");
-        anchor.href = URL.createObjectURL(new Blob([map.text]));
-        anchor.download = `${map.name.replace(/[^\w-]/g, "_")}.quorrel`;
+        anchor.href = URL.createObjectURL(new Blob([goods.text]));
+        anchor.download = `${goods.name.replace(/[^\w-]/g, "_")}.${endings[goods.what]}`;
         anchor.click();
         setTimeout(() => URL.revokeObjectURL(anchor.href), 60000); // the download has begun by then
     }
 }
 
 async function link_copy() {
-    const map = map_loaded();
-    if (!map) {
-        return;
-    }
     if (!self.CompressionStream) {
-        notice_show("This browser is too old to make links of maps; export the map as a file.");
+        notice_show("This browser is too old to make links; export a file instead.");
         return;
     }
-    const letters = await link_pack(map);
+    const goods = await goods_take();
+    if (!goods) {
+        return;
+    }
+    const letters = await link_pack(goods.what === "map" ? map_join(goods) : goods.text);
     if (letters === null) {
-        notice_show("The map is too large for a link; export it as a file.");
+        notice_show(`The ${goods.what} is too large for a link; export it as a file.`);
         return;
     }
-    const link = `${location.origin}${location.pathname}#map=${letters}`;
+    const link = `${location.origin}${location.pathname}#${goods.what}=${letters}`;
     try {
         await navigator.clipboard.writeText(link);
         notice_show("The link is copied.");

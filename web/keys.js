@@ -8,9 +8,13 @@
 // first. Some open the field for texts, one is down for as long as its button; rare ones are left out
 // where it is narrow.
 const keys = [
-    {says: "Back", key: "Escape", place: "Escape", on: "seats maps game editor"},
+    {says: "Back", key: "Escape", place: "Escape", on: "seats maps game editor replay"},
     {says: "Continue", key: " ", place: "Space", on: "game", needs: "covered"},
     {says: "Play again", key: " ", place: "Space", on: "game", needs: "won"},
+    {says: "Pause", name: "Pause or go on", key: " ", place: "Space", on: "replay"},
+    {says: "◀", name: "One act back", key: "ArrowLeft", place: "ArrowLeft", on: "replay"},
+    {says: "▶", name: "One act on", key: "ArrowRight", place: "ArrowRight", on: "replay"},
+    {says: "Next map", key: "n", place: "KeyN", on: "next"},
     {says: "+ State", name: "Add a state", key: "1", place: "Digit1", on: "editor"},
     {says: "+ Arrow", name: "Add an arrow", key: "2", place: "Digit2", on: "editor", needs: "pair"},
     {says: "+ Stone", name: "Add a stone", key: "3", place: "Digit3", on: "editor", needs: "state"},
@@ -37,6 +41,8 @@ const keys = [
     {says: "Play it", name: "Play the map", key: "F9", place: "F9", on: "editor", needs: "playable"},
     {says: "Edit it", name: "Back to the editor", key: "F9", place: "F9", on: "trial"},
     {says: "Back to the game", key: "F4", place: "F4", on: "left"},
+    {says: "Show again", name: "Show the game from its deal", key: "F4", place: "F4", held: "Shift",
+        on: "again"},
     {says: "Load", key: "o", place: "KeyO", held: "Control", on: "editor"},
     {says: "Save", key: "s", place: "KeyS", held: "Control", on: "editor", types: true},
     {says: "Reset view", key: "r", place: "KeyR", on: "game editor"},
@@ -44,7 +50,7 @@ const keys = [
     {says: "Show", name: "Show what can be done, while held", key: "F2", place: "F2",
         on: "game editor", lasts: true},
     {says: "Hint", key: "F2", place: "F2", held: "Shift", on: "game"},
-    {says: "Help", key: "F1", place: "F1", on: "title seats maps game editor"},
+    {says: "Help", key: "F1", place: "F1", on: "title seats maps game editor replay"},
 ];
 
 let screen_words = ""; // what the game told last

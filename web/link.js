@@ -1,7 +1,7 @@
 "use strict";
 
-// A map in a link: its family, name and text, one after the other on lines of their own, deflated
-// and written in the letters that a link may hold.
+// A map or a game in a link: its text, deflated and written in the letters that a link may hold. A
+// map's begins with its family and its name, each on a line of its own.
 
 const link_limits = () => ({
     letters: Module.ccall("page_code_length_limit", "number"), // in the link
@@ -35,22 +35,20 @@ async function stream_bytes(stream, limit) {
     }
 }
 
-// The letters for a map; null when it is too large for a link to be opened again.
-async function link_pack(map) {
+// The letters for some bytes; null when there are too many for a link to be opened again.
+async function link_pack(bytes) {
     const limits = link_limits();
-    const head = new TextEncoder().encode(`${family_names()[map.family]}\n${map.name}\n`);
-    if (head.length + map.text.length > limits.bytes) {
+    if (bytes.length > limits.bytes) {
         return null;
     }
-    const deflated = new Blob([head, map.text]).stream()
-        .pipeThrough(new CompressionStream("deflate-raw"));
-    const bytes = await stream_bytes(deflated, Infinity);
-    const letters = btoa(Array.from(bytes, byte => String.fromCharCode(byte)).join(""))
+    const deflated = new Blob([bytes]).stream().pipeThrough(new CompressionStream("deflate-raw"));
+    const packed = await stream_bytes(deflated, Infinity);
+    const letters = btoa(Array.from(packed, byte => String.fromCharCode(byte)).join(""))
         .replace(/\+/g, "-").replace(/\//g, "_").replace(/=+$/, "");
     return letters.length > limits.letters ? null : letters;
 }
 
-// The map of a link's letters; fails when they hold none.
+// The bytes of a link's letters; fails when they hold none.
 async function link_unpack(letters) {
     const limits = link_limits();
     if (letters.length > limits.letters) {
@@ -59,7 +57,19 @@ async function link_unpack(letters) {
     const binary = atob(letters.replace(/-/g, "+").replace(/_/g, "/"));
     const inflated = new Blob([Uint8Array.from(binary, letter => letter.charCodeAt(0))]).stream()
         .pipeThrough(new DecompressionStream("deflate-raw"));
-    const bytes = await stream_bytes(inflated, limits.bytes);
+    return stream_bytes(inflated, limits.bytes);
+}
+
+function map_join({family, name, text}) {
+    const head = new TextEncoder().encode(`${family_names()[family]}\n${name}\n`);
+    const bytes = new Uint8Array(head.length + text.length);
+    bytes.set(head);
+    bytes.set(text, head.length);
+    return bytes;
+}
+
+// Fails when the bytes hold no map.
+function map_part(bytes) {
     const family_end = bytes.indexOf(10);
     const name_end = bytes.indexOf(10, family_end + 1);
     const line = (begin, end) => new TextDecoder().decode(bytes.subarray(begin, end));

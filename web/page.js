@@ -75,7 +75,7 @@ element("fullscreen").onclick = () => {
     page_fullscreen(!is_fullscreen());
     canvas_focus();
 };
-element("export_map").onclick = map_export;
+element("export_map").onclick = () => goods_export().catch(() => notice_show("Nothing could be exported."));
 element("import_map").onclick = () => element("file").click();
 element("file").onchange = event => {
     files_take([...event.target.files]);

@@ -7,6 +7,8 @@
 #include "editor/text_entry.h"
 #include "editor/trial.h"
 #include "game/game_file.h"
+#include "game/replay.h"
+#include "maps/catalogue.h"
 #include "maps/map_work.h"
 #include "maps/model.h"
 #include "rules/game_state.h"
@@ -60,6 +62,10 @@ constexpr screen_word words[] = {
     {"pair", pair_is_selected},
     {"arrow", arrow_is_selected},
     {"label", rule_is_selected},
+    {"next",
+     [] { return game_is_shown() && turn.winner != no_winner && catalogue_has_next(); }},
+    {"replay", [] { return screens.replay_open; }},
+    {"again", [] { return !screens.title_menu_open && replay_can_begin(); }},
     {"nimbers", [] { return board_is_shown() && machine_kind == state_machine; }},
     {"playable", [] { return editor_is_shown() && trial_key_works(); }},
     {"left", [] { return game_menu_is_shown() && game_can_return(); }},

@@ -24,6 +24,15 @@ SWITCHES = [
 ]
 
 
+def say(what):
+    print("==", what, flush=True)
+
+
+def expect(what, truth):
+    if not truth:
+        raise SystemExit("error: " + what)
+
+
 class Browser:
     failed = "failed.png"  # where the picture of a failure goes
 

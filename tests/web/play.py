@@ -10,8 +10,9 @@ import zlib
 
 from selenium.webdriver.common.keys import Keys
 
+import games
 import troubles
-from browser import Browser
+from browser import Browser, expect, say
 import touch
 from server import Server
 
@@ -62,15 +63,6 @@ IDBObjectStore.prototype.put = function (...file) {
     put.apply(this, file);
     this.transaction.abort();
 };"""
-
-
-def say(what):
-    print("==", what, flush=True)
-
-
-def expect(what, truth):
-    if not truth:
-        raise SystemExit("error: " + what)
 
 
 def link_letters(family, name, text):
@@ -277,6 +269,7 @@ def main():
     with Browser("--disable-3d-apis") as browser:
         browser.driver.get(server.address)
         browser.wait_text("curtain_text", "WebGL 2")
+    games.play(server.address, lambda name, text: link_letters("state", name, text))
     server.stop()
     troubles.play(sys.argv[1], lambda name: link_letters("state", name, f"map 0 0 1\n. {sum(map(ord, name))} 0\n"))
     say("the page is as it has to be")

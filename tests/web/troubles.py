@@ -5,7 +5,7 @@ import shutil
 import subprocess
 import tempfile
 
-from browser import Browser
+from browser import Browser, expect, say
 from server import Server
 
 ASSEMBLE = pathlib.Path(__file__).resolve().parents[2] / "web/assemble.py"
@@ -33,15 +33,6 @@ navigator.serviceWorker.getRegistration().then(async one => {
 """
 
 MAPS_KEPT = "return [...store.known.keys()].filter(path => path.includes('/custom_')).map(path => path.split('/').pop())"
-
-
-def say(what):
-    print("==", what, flush=True)
-
-
-def expect(what, truth):
-    if not truth:
-        raise SystemExit("error: " + what)
 
 
 def start(browser, address):
