@@ -55,7 +55,10 @@ function store_load(FS) {
         reason_set("Quorrel was started without them");
         return Promise.resolve();
     }
-    store.turn = turn_wait();
+    store.turn = turn_wait(() => {
+        store.may_write = false;
+        reason_set("Quorrel was opened in another tab while this one slept. Load this page again");
+    });
     return new Promise(resolve => {
         setTimeout(() => {
             if (store.database === null && store.reason === "") {

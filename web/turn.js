@@ -6,9 +6,10 @@
 const turn_answer_time = 700; // milliseconds that a tab may take to object
 const turn_pause = 5000; // milliseconds between two questions
 
-// Comes to its end when it is this tab's turn.
-function turn_wait() {
-    const talk = async () => self.BroadcastChannel && turn_talk(new BroadcastChannel("quorrel"));
+// Comes to its end when it is this tab's turn. A tab that the browser froze may find that another
+// one has taken the turn meanwhile: then `lost` is called.
+function turn_wait(lost) {
+    const talk = async () => self.BroadcastChannel && turn_talk(new BroadcastChannel("quorrel"), lost);
     return new Promise(resolve => {
         if (navigator.locks) {
             const hold = () => {
@@ -24,12 +25,16 @@ function turn_wait() {
 
 // Where the browser has no locks, as for pages that came by plain http, a tab asks the others: the
 // one whose turn it is objects, and so does one that asked before.
-async function turn_talk(channel) {
+async function turn_talk(channel, lost) {
     const me = {since: Date.now(), id: Math.random()};
     const is_before_me = other => other.since < me.since || (other.since === me.since && other.id < me.id);
     let has_turn = false;
     let refused;
     channel.onmessage = ({data}) => {
+        if (data.taken && has_turn) {
+            has_turn = false;
+            lost();
+        }
         if (data.asks && (has_turn || !is_before_me(data.asks))) {
             channel.postMessage({refused: data.asks.id});
         }
@@ -42,6 +47,7 @@ async function turn_talk(channel) {
         await pause(turn_answer_time);
         if (!refused) {
             has_turn = true;
+            channel.postMessage({taken: true});
             return;
         }
         await pause(turn_pause);

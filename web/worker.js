@@ -50,7 +50,8 @@ async function old_sets_delete() {
 
 async function file_answer(request) {
     const own = await caches.open(set);
-    return await own.match(request, {ignoreSearch: true}) || await caches.match(request) || fetch(request);
+    const address = request.url.replace(/\/index\.html(?=$|[?#])/, "/");
+    return await own.match(address, {ignoreSearch: true}) || await caches.match(request) || fetch(request);
 }
 
 addEventListener("install", event => event.waitUntil(set_install()));

@@ -95,6 +95,47 @@ def second_tab(browser, address, link_of):
     expect("the list lacks a map", "first " in lists and "second " in lists)
 
 
+def sleeping_tab(page):
+    say("without locks: a tab that slept gives way to the one that took its turn")
+    server = Server(page)
+    no_locks = "Object.defineProperty(navigator, 'locks', {value: undefined});"
+    with Browser(before=no_locks) as browser:
+        start(browser, server.address)
+        browser.wait("the turn", lambda: browser.script("return store.may_write"))
+        first = browser.driver.current_window_handle
+        browser.driver.switch_to.new_window("tab")
+        browser.driver.execute_cdp_cmd("Page.addScriptToEvaluateOnNewDocument", {"source": no_locks})
+        start(browser, server.address)
+        browser.wait_text("warnings", "open in another tab")
+        second = browser.driver.current_window_handle
+        browser.driver.switch_to.window(first)
+        browser.script("BroadcastChannel.prototype.postMessage = () => {}")  # it answers nobody
+        browser.driver.switch_to.window(second)
+        browser.wait("the second's turn", lambda: browser.script("return store.may_write"))
+        browser.driver.switch_to.window(first)
+        browser.wait_text("warnings", "while this one slept")
+        expect("two tabs may write", not browser.script("return store.may_write"))
+    server.stop()
+
+
+def refused_starts(page):
+    """Where the page may not load the game at all."""
+    server = Server(page)
+    frame = "document.body.innerHTML = '<iframe sandbox=allow-scripts></iframe>';" \
+            f"document.querySelector('iframe').src = '{server.address}'"
+    for address, inner, words in (((pathlib.Path(page) / "index.html").resolve().as_uri(), "", "Opened as a file"),
+                                  (server.address + "rules.html", frame, "The frame around")):
+        say(f"what the page says: {words}")
+        with Browser() as browser:
+            browser.driver.get(address)
+            if inner:
+                browser.script(inner)
+                browser.driver.switch_to.frame(0)
+                browser.wait("the frame", lambda: browser.script("return Boolean(document.getElementById('choices'))"))
+            browser.wait_text("curtain_text", words)
+    server.stop()
+
+
 def narrow_notice(browser):
     say("a long notice can be read on a phone")
     browser.resize(390, 844)
@@ -161,4 +202,6 @@ def play(page, link_of):
         narrow_notice(browser)
         next_build(browser, server, page)
     server.stop()
+    sleeping_tab(page)
+    refused_starts(page)
     bad_servers(page)
