@@ -5,8 +5,8 @@
 // What a button says, with a longer name for those who do not see it; the key that it presses, its
 // place on a keyboard, and the one held with it; the screens that have it. It rests where none of
 // the words after `needs` holds. The first line of a key counts whose words hold, and else its
-// first. Some open the field for texts, one is down for as long as its button; rare ones are left out
-// where it is narrow.
+// first. Some open the field for texts, one is down until it is pressed again; rare ones are left
+// out where it is narrow.
 const keys = [
     {says: "Back", key: "Escape", place: "Escape", on: "seats maps game editor replay"},
     {says: "Continue", key: " ", place: "Space", on: "game", needs: "covered"},
@@ -47,7 +47,7 @@ const keys = [
     {says: "Save", key: "s", place: "KeyS", held: "Control", on: "editor", types: true},
     {says: "Reset view", key: "r", place: "KeyR", on: "game editor"},
     {says: "Nimbers", key: "N", place: "KeyN", held: "Shift", on: "nimbers"},
-    {says: "Show", name: "Show what can be done, while held", key: "F2", place: "F2",
+    {says: "Show", name: "Show what can be done", key: "F2", place: "F2",
         on: "game editor", lasts: true},
     {says: "Hint", key: "F2", place: "F2", held: "Shift", on: "game"},
     {says: "Help", key: "F1", place: "F1", on: "title seats maps game editor replay"},
@@ -81,14 +81,13 @@ function button_make(content, name, act) {
     return button;
 }
 
-// Keeps the key down for as long as the button is.
-function button_holds(button, {key, place}) {
-    button.onclick = event => event.detail === 0 && key_press({key, place}); // by a keyboard
-    button.onpointerdown = event => {
-        button.setPointerCapture(event.pointerId);
-        key_send("keydown", key, place);
-    };
-    button.onlostpointercapture = () => key_send("keyup", key, place);
+const is_down = button => button.getAttribute("aria-pressed") === "true";
+
+// Keeps the key down until the button is pressed again.
+function key_hold(button, down) {
+    const {key, place} = button.lines[0];
+    button.setAttribute("aria-pressed", down);
+    key_send(down ? "keydown" : "keyup", key, place);
 }
 
 // The lines of one key share a button.
@@ -105,7 +104,7 @@ function key_buttons_make() {
             });
             button.classList.toggle("rare", line.rare === true);
             if (line.lasts) {
-                button_holds(button, line);
+                button.onclick = () => key_hold(button, !is_down(button));
             }
             button.lines = [];
             buttons.set(sort, button);
@@ -120,6 +119,9 @@ function key_button_show(button, screen) {
     const can_act = line => holds(line.on, screen) && (!line.needs || holds(line.needs, screen));
     const line = button.lines.find(can_act) || button.lines[0];
     button.hidden = screen.has("help") ? line.key !== "F1" : !holds(line.on, screen);
+    if (button.hidden && is_down(button)) {
+        key_hold(button, false);
+    }
     button.disabled = !can_act(line);
     button.textContent = line.says;
     button.setAttribute("aria-label", line.name || line.says);

@@ -58,7 +58,7 @@ class Browser:
         """Opens a page in which the game's picture has its own size."""
         self.driver.get(address)
         self.resize(PICTURE[0], PICTURE[1] + self.script(
-            "return document.querySelector('footer').offsetHeight"))
+            "return document.body.offsetHeight - document.querySelector('main').offsetHeight"))
 
     def resize(self, width, height, density=1):
         self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
