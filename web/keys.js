@@ -6,7 +6,7 @@
 // place on a keyboard, and the one held with it; the screens that have it. It rests where none of
 // the words after `needs` holds. The first line of a key counts whose words hold, and else its
 // first. Some open the field for texts, one is down until it is pressed again; rare ones are left
-// out where it is narrow.
+// out where it is narrow, and there are others there: the game's own buttons are too small to be hit.
 const keys = [
     {says: "Back", key: "Escape", place: "Escape", on: "seats maps game editor replay"},
     {says: "Continue", key: " ", place: "Space", on: "game", needs: "covered"},
@@ -14,6 +14,16 @@ const keys = [
     {says: "Pause", name: "Pause or go on", key: " ", place: "Space", on: "replay"},
     {says: "◀", name: "One act back", key: "ArrowLeft", place: "ArrowLeft", on: "replay"},
     {says: "▶", name: "One act on", key: "ArrowRight", place: "ArrowRight", on: "replay"},
+    {says: "◁", name: "Ring to the left", key: "ArrowLeft", place: "ArrowLeft",
+        on: "seats editor", narrow: true},
+    {says: "▷", name: "Ring to the right", key: "ArrowRight", place: "ArrowRight",
+        on: "seats editor", narrow: true},
+    {says: "△", name: "Ring up", key: "ArrowUp", place: "ArrowUp",
+        on: "seats editor", narrow: true},
+    {says: "▽", name: "Ring down", key: "ArrowDown", place: "ArrowDown",
+        on: "seats editor", narrow: true},
+    {says: "Press", name: "Press what the ring is on", key: "Enter", place: "Enter",
+        on: "seats editor", narrow: true},
     {says: "Next map", key: "n", place: "KeyN", on: "next"},
     {says: "+ State", name: "Add a state", key: "1", place: "Digit1", on: "editor"},
     {says: "+ Arrow", name: "Add an arrow", key: "2", place: "Digit2", on: "editor", needs: "pair"},
@@ -123,6 +133,7 @@ function key_button_show(button, screen) {
         key_hold(button, false);
     }
     button.disabled = !can_act(line);
+    button.classList.toggle("narrow", line.narrow === true);
     button.textContent = line.says;
     button.setAttribute("aria-label", line.name || line.says);
 }

@@ -229,6 +229,13 @@ def play_by_touch(address):
         browser.wait("the title menu", lambda: browser.words() == ["title"])
         expect("the map is not in the list", touch.find_map(browser))
         expect_quiet(browser)
+    with Browser() as browser:
+        say("on a phone: a stepper of the editor by the row's ring")
+        browser.be_tablet(390, 844)
+        browser.driver.get(address)
+        browser.wait("the title menu", lambda: browser.words() == ["title"])
+        made = touch.step_by_ring(browser)
+        expect(f"the decks are not one fewer: {made}", "deck 0 4 4 4" in made)
 
 
 def main():

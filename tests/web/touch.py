@@ -126,3 +126,20 @@ def expect_no_click(browser):
         browser.touch("touchStart" if places else "touchEnd", *places)
     browser.settle()
     return browser.words() == ["title"]
+
+
+def step_by_ring(browser):
+    """On a phone, whose fingers cannot hit the editor's own buttons: from the title menu."""
+    browser.tap(EDITOR)
+    wait_screen(browser, "editor")
+    for key in ["Ring up"] * 3 + ["Ring to the left"] * 3 + ["Press what the ring is on"]:
+        browser.tap_button(key)
+        browser.settle()
+    browser.tap_button("Save")
+    wait_screen(browser, "name")
+    browser.driver.execute_cdp_cmd("Input.insertText", {"text": "phone"})
+    browser.tap_button("OK")
+    path = "/player/custom_pushdown_machines/phone"
+    browser.wait("the kept map", lambda: browser.script(
+        f"return store.writing === 0 && Module.FS.analyzePath('{path}').exists"))
+    return browser.script(f"return Module.FS.readFile('{path}', {{encoding: 'utf8'}})")
