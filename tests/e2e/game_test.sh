@@ -97,7 +97,7 @@ stone 0
 MAP
 echo "ring maps/ring" >>"$work/player/resources/state_maps.txt"
 acts_kept() {
-    grep -c '^ai ' "$work/player/under_way.quorrel-game" 2>/dev/null || true
+    { cat "$work/player/under_way.quorrel-game" || true; } 2>/dev/null | grep -c '^ai ' || true
 }
 
 acts_are_kept() {
