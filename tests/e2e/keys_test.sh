@@ -30,11 +30,10 @@ key_press() {
 name_typed() {
     names+=("saving map $1 ")
     setxkbmap us
-    sleep 0.3
+    settle
     keys ctrl+s
-    sleep 0.3
     "${@:2}"
-    sleep 0.3
+    settle
     keys Return
     wait_until names_are_said
 }
@@ -48,8 +47,9 @@ names_are_said() {
 # Takes a keyboard and presses keys of it.
 keys_press() {
     local key
+    settle # the keys before were those of the other keyboard
     setxkbmap $1
-    sleep 0.3
+    settle
     for key in "${@:2}"; do
         key_press "$key"
     done
@@ -79,7 +79,9 @@ has_keys() {
 export LC_ALL=C.UTF-8
 display_start
 game_start 1024x832
+wait_until title_is_shown
 push editor
+wait_until board_is_shown
 mouse_aside
 for keyboard in "${!keyboards[@]}"; do
     say "keyboard: $keyboard"
