@@ -139,7 +139,7 @@ for ((step = 0; step < 60 * ${QUORREL_STORM:-2}; ++step)); do
     ((step % 3)) || echo "key --delay 0 F11"
     echo "sleep 0.016"
 done | xdotool -
-patience=100 wait_until window_rests # the keys that wait are taken one a frame
+wait_until window_rests # the keys that wait are taken one a frame
 xdotool windowmove "$window" 40 60 windowsize "$window" 701 507
 wait_until window_is 701x507
 buttons_agree "1280 after a storm of sizes"

@@ -8,7 +8,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
 
 screen_size=1280x1024
-patience=30 # seconds that anything waited for may take
+patience=100 # seconds that anything waited for may take, on a busy machine too
 program=$(realpath "${QUORREL_PROGRAM:-build/test/quorrel}")
 pictures="$(dirname "$program")/screenshots"
 export LSAN_OPTIONS="suppressions=$PWD/tests/e2e/leaks.supp:print_suppressions=0"

@@ -4,7 +4,7 @@
 
 source "$(dirname "${BASH_SOURCE[0]}")/harness.sh"
 source tests/e2e/screens.sh
-patience=90 # for a list of more than 4 MiB, which two games merge
+
 
 # Where the machine allows it, the player's directory is a disk of its own, seen by this test alone.
 if [ "${1:-}" != inside ]; then

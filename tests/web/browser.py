@@ -15,7 +15,7 @@ from selenium.webdriver.common.actions.action_builder import ActionBuilder
 from selenium.webdriver.chrome.service import Service
 
 PICTURE = (1024, 832)
-PATIENCE = 60  # seconds that anything waited for may take
+PATIENCE = 150  # seconds that anything waited for may take, on a busy machine too
 SWITCHES = [
     "--headless=new", "--no-sandbox", "--no-first-run", "--hide-scrollbars",
     "--disable-background-networking", "--disable-component-update", "--disable-quic",
