@@ -12,6 +12,7 @@ int replay_command(const request& asked);
 int solve_command(const request& asked);
 int explain_command(const request& asked);
 int draw_command(const request& asked);
+int sheet_command(const request& asked);
 int list_command(const request& asked);
 int remove_command(const request& asked);
 int export_command(const request& asked);

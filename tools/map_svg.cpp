@@ -1,6 +1,7 @@
 #include "tools/map_svg.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "base/colour.h"
@@ -12,6 +13,8 @@
 #include "rules/selection.h"
 #include "tools/board_frame.h"
 #include "tools/progress.h"
+#include "tools/words.h"
+#include "words/card_words.h"
 
 namespace {
 
@@ -74,11 +77,11 @@ f64 flipped(f64 y) {
 }
 
 // The tint for paper: white becomes black.
-std::string ink_of(const gpu_draw& draw) {
+std::string ink_of(const std::array<f32, 4>& colour) {
     std::string ink = "#";
-    bool is_white = draw.colour[0] == 1 && draw.colour[1] == 1 && draw.colour[2] == 1;
+    bool is_white = colour[0] == 1 && colour[1] == 1 && colour[2] == 1;
     for (std::size_t channel = 0; channel < 3; ++channel) {
-        f64 light = is_white ? 0 : std::pow(f64{draw.colour[channel]}, 1 / 2.2);
+        f64 light = is_white ? 0 : std::pow(f64{colour[channel]}, 1 / 2.2);
         char digits[3];
         std::snprintf(digits, sizeof digits, "%02x", static_cast<unsigned>(255 * light));
         ink += digits;
@@ -91,7 +94,7 @@ void symbol_put(svg_drawing& svg, const symbol& picture, const gpu_draw& draw) {
     point corner = placed(draw, {0, 1});
     point right = placed(draw, {1, 1});
     point down = placed(draw, {0, 0});
-    svg.body += "<use href='#" + std::string(picture.name) + "' color='" + ink_of(draw) +
+    svg.body += "<use href='#" + std::string(picture.name) + "' color='" + ink_of(draw.colour) +
                 "' transform='matrix(";
     for (f64 step :
          {right.x - corner.x, corner.y - right.y, down.x - corner.x, corner.y - down.y}) {
@@ -164,7 +167,7 @@ void states_put(svg_drawing& svg, bool numbers) {
         svg.drawn.push_back(disc_shape(centre, state_size / 2));
         place_put(svg, game_map.states[s].accepting ? "accepting" : "state", centre);
         if (numbers) {
-            text_put(svg, centre.x + 24, flipped(centre.y) + 34, 14, std::to_string(s));
+            text_put(svg, centre.x + 26, flipped(centre.y) + 38, 20, std::to_string(s));
         }
     }
 }
@@ -221,19 +224,23 @@ std::string head_text(const shape& bounds) {
         head += number(value) + " ";
     }
     head.back() = '\'';
-    head +=
-        " font-family='JetBrains Mono, DejaVu Sans Mono, monospace' text-anchor='middle'>\n"
-        "<defs>\n";
+    return head +
+           " font-family='JetBrains Mono, DejaVu Sans Mono, monospace' text-anchor='middle'>\n";
+}
+
+std::string symbols_text() {
+    std::string text = "<defs>\n";
     for (const symbol& picture : symbols) {
-        head += "<g id='" + std::string(picture.name) + "' fill='currentColor'>" + picture.body +
+        text += "<g id='" + std::string(picture.name) + "' fill='currentColor'>" + picture.body +
                 "</g>\n";
     }
-    return head + state_symbols + "</defs>\n";
+    return text + state_symbols + "</defs>\n";
 }
 
 }  // namespace
 
-std::string map_svg(bool numbers, const std::vector<std::string>& lines, i64 marked) {
+std::string map_svg(bool numbers, const std::vector<std::string>& lines, i64 marked,
+                    svg_place place) {
     svg_drawing svg;
     transitions_put(svg, marked);
     states_put(svg, numbers);
@@ -242,7 +249,27 @@ std::string map_svg(bool numbers, const std::vector<std::string>& lines, i64 mar
     if (svg.drawn.empty()) {
         svg.drawn.push_back(rectangle_shape(0, 0, 0, 0));
     }
-    goals_put(svg);
+    if (place == svg_alone) {
+        goals_put(svg);
+    }
     lines_put(svg, lines);
-    return head_text(bounds_of(svg.drawn)) + svg.body + "</svg>\n";
+    return head_text(bounds_of(svg.drawn)) + (place == svg_alone ? symbols_text() : "") + svg.body +
+           "</svg>\n";
+}
+
+std::string card_svg(card c, bool marked) {
+    const colour& tint = colour_rgba(c.colour);
+    const std::string name(view_of(card_name(c)));
+    return "<svg class='card' viewBox='0 0 60 84' text-anchor='middle'><title>" + name +
+           "</title><rect x='3' y='3' width='54' height='78' rx='6' fill='#fff' stroke='#000' "
+           "stroke-width='" +
+           (marked ? "5" : "1") + "'/><use href='#" + symbols[c.shape].name + "' color='" +
+           ink_of({tint.r, tint.g, tint.b, 1}) +
+           "' transform='translate(12 6)scale(.14)'/><text x='30' y='60' font-size='18'>" +
+           std::to_string(c.number) + "</text><text x='30' y='74' font-size='12'>" +
+           name.substr(0, name.find(' ')) + "</text></svg>";
+}
+
+std::string symbols_svg() {
+    return "<svg width='0' height='0'>" + symbols_text() + "</svg>\n";
 }

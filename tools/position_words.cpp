@@ -1,5 +1,6 @@
 #include "tools/position_words.h"
 
+#include "game/game_words.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"
 #include "tools/card_text.h"
@@ -16,6 +17,11 @@ std::string seat_line(i64 seat) {
 }
 
 }  // namespace
+
+std::string seat_title(i64 seat) {
+    return "seat " + std::to_string(seat + 1) + " (" +
+           std::string(view_of(game_colours[players[seat].colour_index])) + ")";
+}
 
 std::string cards_text(const dyn_array<card>& cards) {
     std::string text;

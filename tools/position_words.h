@@ -8,6 +8,9 @@
 #include "base/dyn_array.h"
 #include "maps/card.h"
 
+// "seat 1 (red)".
+std::string seat_title(i64 seat);
+
 // "Aa1 Bb2", the top card last.
 std::string cards_text(const dyn_array<card>& cards);
 

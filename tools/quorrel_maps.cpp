@@ -65,6 +65,12 @@ constexpr command_form commands[] = {
     {"draw", draw_command, "fdon", 1, 1,
      "[FAMILY] MAP [-o FILE] [--numbers]",
      "Draw the board for a worksheet, as SVG. --numbers: with the states' numbers."},
+    {"sheet", sheet_command, "fdokr", 1, many,
+     "[FAMILY] MAP|GAME... [-o FILE] [--seats N] [--seed S]",
+     "Write a work sheet of one HTML file, sheet.html or FILE: a page for each map or game that was\n"
+     "kept as a file, with its board, its rules in words and lines for answers, and at its end the\n"
+     "solutions. The remarks of a file, lines that begin with #, are the tasks, those that begin\n"
+     "with \"Solution:\" go to the solutions. Maps are for 2 seats or N and dealt from seed S (1)."},
     {"list", list_command, "fda", 0, 0,
      "[FAMILY] [--all]",
      "List your own maps. --all: those of the game too."},

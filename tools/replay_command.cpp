@@ -21,12 +21,6 @@
 
 namespace {
 
-// "seat 1 (red)".
-std::string seat_title(i64 seat) {
-    return "seat " + std::to_string(seat + 1) + " (" +
-           std::string(view_of(game_colours[players[seat].colour_index])) + ")";
-}
-
 std::string turn_line() {
     return turn.winner != no_winner ? seat_title(turn.winner) + " has won"
                                     : seat_title(turn.current_player) + " is to move";

@@ -2,18 +2,13 @@
 #include <cstdio>
 
 #include "base/arena.h"
-#include "game/game_file.h"
-#include "game/game_reader.h"
-#include "platform/directory.h"
-#include "platform/file.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
-#include "rules/random.h"
-#include "rules/seats.h"
+#include "tools/best_play.h"
 #include "tools/board_frame.h"
 #include "tools/commands.h"
-#include "tools/map_files.h"
 #include "tools/map_svg.h"
+#include "tools/positions.h"
 #include "tools/progress.h"
 #include "tools/solve_words.h"
 #include "tools/solver/hand_solver.h"
@@ -23,45 +18,12 @@
 namespace {
 
 constexpr std::size_t turns_shown = 20;
+constexpr i64 line_seconds = 5;  // for the turns that follow the best one
 
 int stop_tell(const request& asked, work_state state) {
     return state == work_well
                ? all_well
                : complain(asked.names[0], work_words(state, asked.megabytes, asked.seconds));
-}
-
-// Brings the file's game to its position.
-bool game_take(const request& asked, str path) {
-    static std::string text;  // the loaded map's rules point into it
-    text_fault fault;
-    if (!text_file_read(path, asked.names[0], text)) {
-        return false;
-    }
-    const bool is_read = game_read(str_from(text), trust_text, fault);
-    if (fault.reason.length > 0 || !is_read) {
-        complain(asked.names[0],
-                 "line " + std::to_string(fault.line) + ": " + std::string(view_of(fault.reason)));
-        return false;
-    }
-    if (turn.winner != no_winner) {
-        complain(asked.names[0], "is over: seat " + std::to_string(turn.winner + 1) + " has won");
-        return false;
-    }
-    return true;
-}
-
-// Deals the map's first game.
-bool map_take(const request& asked) {
-    static named_map map;  // the loaded map's text stands there
-    if (!asked_map_read(asked, map)) {
-        return false;
-    }
-    map_open(map, false);
-    player_count = asked.seat_count;
-    seats_adjust();
-    random_seed(asked.seed);
-    game_start();
-    return true;
 }
 
 int position_tell(const request& asked) {
@@ -77,7 +39,7 @@ int position_tell(const request& asked) {
     const std::string picture = asked.out.empty() ? "" : map_svg(asked.numbers, {}, best.arc);
     put(seat + ": ");
     put(turn_words(best) + ", " + outcome_words(best.outcome), ink_good);
-    put("\n");
+    put("\n  why: " + reason_words(solved) + "\n");
     std::size_t shown = 0;
     for (const solved_turn& other : solved.turns) {
         if (&other != &best && (asked.all || shown++ < turns_shown)) {
@@ -86,6 +48,10 @@ int position_tell(const request& asked) {
     }
     if (shown > turns_shown) {
         put("  and " + std::to_string(shown - turns_shown) + " more; --all shows them\n");
+    }
+    if (best.outcome.winner != nobody) {
+        work_begin({asked.megabytes * 1024 * 1024, line_seconds});
+        put("  goes on: " + best_play_words(solved) + "\n");
     }
     return asked.out.empty() ? all_well : output_write(asked, picture);
 }
@@ -189,13 +155,13 @@ int solve_command(const request& asked) {
     if (!asked.out.empty() && !board_frame_begin()) {
         return failed;
     }
-    const str path = path_absolute(str_from(asked.names[0]));
-    const bool is_game = file_exists(path) && file_is_game(path);
-    if (is_game ? !game_take(asked, path) : !map_take(asked)) {
+    static given_position given;  // the loaded map's rules point into it
+    std::vector<map_place> places;
+    if (!map_places_find(asked, places) || !position_take(asked, places[0], given)) {
         return failed;
     }
     work_begin({asked.megabytes * 1024 * 1024, asked.seconds});
-    if (is_game || asked.move) {
+    if (given.is_game || asked.move) {
         return position_tell(asked);
     }
     switch (machine_kind) {

@@ -9,3 +9,6 @@
 using ways_out = std::vector<std::vector<i64>>;
 
 ways_out ways_out_find();
+
+// Whether no way leads from a state back to it.
+bool ways_are_acyclic(const ways_out& ways);

@@ -103,6 +103,21 @@ str done_sentence() {
     }
 }
 
+str aim_sentence() {
+    if (settings.win_mode >= win_mode_count) {
+        return "Nobody can win: the map names a win mode that does not exist";
+    }
+    const str family = machine_kind == pushdown_machine ? str("the last card is gone")
+                       : machine_kind == turing_machine ? str("the own goal is met")
+                                                        : str();
+    const str places = by_win_mode(stones_won);
+    if (family.length == 0 && places.length == 0) {
+        return "Whoever makes the first move wins";
+    }
+    const str both = family.length > 0 && places.length > 0 ? str(" and ") : str();
+    return text_join({"Who moves wins as soon as ", family, both, places});
+}
+
 str win_sentence() {
     const player& winner = players[turn.winner];
     str family = family_won(winner);

@@ -20,5 +20,8 @@ str move_words(const game_act& move);
 // that all but won, what it lacks. Empty at the start.
 str done_sentence();
 
+// How a game on the loaded map is won.
+str aim_sentence();
+
 // Who has won and by what; somebody must have won.
 str win_sentence();
