@@ -7,7 +7,7 @@
 
 #include "base/arena.h"
 #include "maps/catalogue.h"
-#include "maps/reader.h"
+#include "maps/loading.h"
 #include "platform/headless/headless.h"
 #include "program/frame.h"
 #include "rules/deal.h"

@@ -14,6 +14,7 @@
 #include "ai/computer.h"
 #include "game/record.h"
 #include "maps/catalogue.h"
+#include "maps/loading.h"
 #include "maps/nimbers.h"
 #include "maps/reader.h"
 #include "platform/file.h"

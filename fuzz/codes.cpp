@@ -10,7 +10,7 @@
 #include "fuzz/fuzz.h"
 #include "maps/catalogue.h"
 #include "maps/family.h"
-#include "maps/reader.h"
+#include "maps/loading.h"
 #include "program/map_import.h"
 #include "tools/words.h"
 

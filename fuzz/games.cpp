@@ -241,7 +241,7 @@ void record_expect(compared_record& last) {
         return;
     }
     deck_refill();  // as the next step begins
-    const u64 print = game_print();
+    const u64 fingerprint = game_fingerprint();
     const i64 position = record.position;
     const turn_record turn_before = turn;
     const selection_record selection_before = selection;
@@ -249,7 +249,7 @@ void record_expect(compared_record& last) {
     for (i64 target : {position / 2, i64{0}, position}) {
         record_go(target);
     }
-    fuzz_expect(game_print() == print, "the record gives the same game");
+    fuzz_expect(game_fingerprint() == fingerprint, "the record gives the same game");
     turn = turn_before;
     selection = selection_before;
     flight = flight_before;

@@ -27,33 +27,34 @@ constexpr str own_start = "kept/games/under_way_";  // with the number that the 
 constexpr i64 acts_unwritten = 4;                   // at most, but for the one that is being shown
 
 // Of what the shared file holds; 0 when it cannot be read.
-u64 shared_print() {
+u64 shared_fingerprint() {
     file_id file = file_open(shared_path, file_mode_read);
-    u64 print = 1;
+    u64 fingerprint = 1;
     char bytes[4096];
     for (i64 left = file_size(file); left > 0; left -= std::min(left, i64{sizeof bytes})) {
         i64 size = std::min(left, i64{sizeof bytes});
         file_read(file, size, bytes);
-        print_add(print, str{bytes, size});
+        fingerprint_add(fingerprint, str{bytes, size});
     }
     file_close(file);
-    return file_failed(file) ? 0 : print;
+    return file_failed(file) ? 0 : fingerprint;
 }
 
 struct game_output {
     file_id file;
-    u64 print;
+    u64 fingerprint;
 };
 
 void piece_write(void* to, str piece) {
     game_output& out = *static_cast<game_output*>(to);
     file_write(out.file, piece.length, piece.data);
-    print_add(out.print, piece);
+    fingerprint_add(out.fingerprint, piece);
 }
 
 // Whether writing the shared file, or deleting it, takes nothing from another program.
 bool shared_is_ours() {
-    return !file_is_own(shared_path) || (game_file.print != 0 && shared_print() == game_file.print);
+    return !file_is_own(shared_path) ||
+           (game_file.fingerprint != 0 && shared_fingerprint() == game_file.fingerprint);
 }
 
 constexpr i64 path_limit = 64;
@@ -80,20 +81,20 @@ void own_delete() {
     }
 }
 
-bool write_to(str path, u32 mode, u64& print) {
+bool write_to(str path, u32 mode, u64& fingerprint) {
     game_output out = {file_open(path, mode), 1};
     game_write(piece_write, &out);
     file_close(out.file);
-    print = out.print;
+    fingerprint = out.fingerprint;
     return !file_failed(out.file);
 }
 
 // A run that has written there before has been pushed aside by a newer one.
 bool own_write(u32 mode) {
     char bytes[path_limit];
-    u64 print;
+    u64 fingerprint;
     game_file.has_own = true;
-    return write_to(own_path(bytes), mode, print);
+    return write_to(own_path(bytes), mode, fingerprint);
 }
 
 bool shared_write(u32 mode) {
@@ -103,12 +104,12 @@ bool shared_write(u32 mode) {
     }
     own_delete();
     game_file.game = game_number();
-    return write_to(shared_path, mode, game_file.print);
+    return write_to(shared_path, mode, game_file.fingerprint);
 }
 
 void write(u32 mode) {
     game_file.changes_written = record.changes;
-    bool pushed_aside = game_file.print != 0 && !shared_is_ours();
+    bool pushed_aside = game_file.fingerprint != 0 && !shared_is_ours();
     bool written = pushed_aside ? own_write(mode) : shared_write(mode);
     if (!written && !game_file.failed) {
         failure_tell({"failed to keep the game under way: ", shared_path});
@@ -146,8 +147,8 @@ bool kept_game_resume() {
         arena_rewind(arena_persistent, mark);
         return false;
     }
-    game_file.print = 1;
-    print_add(game_file.print, text);
+    game_file.fingerprint = 1;
+    fingerprint_add(game_file.fingerprint, text);
     game_file.game = game_number();
     game_file.changes_written = record.changes;
     return true;
@@ -200,7 +201,7 @@ bool game_open(str path) {
         arena_rewind(arena_persistent, mark);
         return false;
     }
-    game_file.print = 0;  // the file holds another game
+    game_file.fingerprint = 0;  // the file holds another game
     board_show();
     return true;
 }

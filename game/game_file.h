@@ -11,7 +11,7 @@
 
 struct game_file_record {
     i64 changes_written = 0;  // the record's changes when it was written last
-    u64 print = 0;            // of what this run wrote to the file, or read from it; 0 for nothing
+    u64 fingerprint = 0;      // of what this run wrote to the file, or read from it; 0 for nothing
     i64 game = 0;             // the number that the game there began with
     bool has_own = false;     // this run's game stands in "kept/"
     bool failed = false;      // the player knows that it cannot be written

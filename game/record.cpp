@@ -5,8 +5,8 @@
 
 #include "ai/computer.h"
 #include "maps/catalogue.h"
+#include "maps/loading.h"
 #include "maps/map_work.h"
-#include "maps/reader.h"
 #include "maps/writer.h"
 #include "rules/cards.h"
 #include "rules/random.h"

@@ -4,7 +4,7 @@
 
 #include "base/tidings.h"
 #include "maps/kept.h"
-#include "maps/reader.h"
+#include "maps/loading.h"
 #include "platform/file.h"
 #include "platform/folder.h"
 

@@ -4,31 +4,15 @@
 // "kept/my_map_.pushdown.2026-11-23_18-30-05". The newest 100 stay. A kept file is a map file like
 // any other.
 //
-// What cannot be put there waits in memory: the player is told, and it is tried again with every
-// later map that is kept or saved, from time to time, and at the program's end.
+// What cannot be put there waits in memory (maps/waiting_maps.h): the player is told, and it is
+// tried again with every later map that is kept or saved, from time to time, and at the program's
+// end.
 
 #include "base/str.h"
 #include "base/types.h"
 
 inline constexpr str kept_folder = "kept";
 inline constexpr i64 kept_count = 100;  // files
-
-inline constexpr i64 waiting_limit = 32;                        // maps
-inline constexpr i64 waiting_capacity = i64{16} * 1024 * 1024;  // bytes of all of them
-
-struct waiting_map {
-    i64 family;
-    i64 name_length;  // bytes
-    i64 text_length;
-};
-
-struct waiting_maps_record {
-    waiting_map maps[waiting_limit];  // the oldest first
-    i64 count;
-    i64 used;  // bytes of the block in which each has its name and its text
-};
-
-extern waiting_maps_record waiting_maps;
 
 // Puts the loaded map, which is of that family and known by that path, into the directory. An empty
 // path is a map without a name.
@@ -38,9 +22,9 @@ void kept_map_put(str path, i64 family);
 void kept_file_put(str path, i64 family);
 
 // Tries again what waits, and tells the player what is kept now or waits still.
-void waiting_maps_try();
+void kept_try();
 // Tries a last time. What cannot be kept is lost, and told.
-void waiting_maps_end();
+void kept_end();
 
 // Takes the name and the family out of a kept file's path; false, with nothing changed, when the
 // path is none.

@@ -13,22 +13,39 @@ map_work_record map_work;
 
 namespace {
 
-// Of the text that a file with it would hold: the same for equal texts, and for different ones but
-// by chance, one in 2^64.
-u64 map_print() {
-    u64 print = 0;
+// Of the text that a file with it would hold.
+u64 map_fingerprint() {
+    u64 fingerprint = 0;
     map_write(
-        map_work.family, [](void* to, str piece) { print_add(*static_cast<u64*>(to), piece); },
-        &print);
-    return print;
+        map_work.family,
+        [](void* to, str piece) { fingerprint_add(*static_cast<u64*>(to), piece); }, &fingerprint);
+    return fingerprint;
 }
 
 void changed_map_keep() {
-    const u64 print = map_print();
-    if (print != map_work.print && print != map_work.kept_print) {
+    const u64 fingerprint = map_fingerprint();
+    if (fingerprint != map_work.fingerprint && fingerprint != map_work.kept_fingerprint) {
         kept_map_put(map_work.path, map_work.family);
-        map_work.kept_print = print;
+        map_work.kept_fingerprint = fingerprint;
     }
+}
+
+// Everything of a map but its family.
+struct whole_map {
+    map_record map = {};
+    map_settings settings = {};
+    dyn_array<::goal> goals = {};
+    dyn_array<u16> stones = {};
+};
+
+// Puts another map in the place of the loaded one, which is returned; no record moves.
+whole_map map_exchange(const whole_map& other) {
+    const whole_map before = {game_map, settings, goals, stones};
+    game_map = other.map;
+    settings = other.settings;
+    goals = other.goals;
+    stones = other.stones;
+    return before;
 }
 
 }  // namespace
@@ -43,7 +60,7 @@ void map_work_begin() {
 void map_work_is_saved(str path) {
     if (map_work.open && map_work.aside.length == 0) {
         map_work.path = path;
-        map_work.print = map_print();
+        map_work.fingerprint = map_fingerprint();
     }
 }
 
@@ -102,5 +119,5 @@ void map_work_take_back() {
 
 void map_work_finish() {
     map_work_end();
-    waiting_maps_end();
+    kept_end();
 }

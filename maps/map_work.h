@@ -11,11 +11,11 @@
 
 struct map_work_record {
     bool open = false;
-    i64 family = 0;      // of the map, whatever family becomes the current one
-    str path = {};       // where it was loaded from or saved last; empty for a new map
-    u64 print = 0;       // the fingerprint of what the file there holds
-    u64 kept_print = 0;  // of what was kept last
-    str aside = {};      // as `map_bytes_write` made them; empty while the map under work is loaded
+    i64 family = 0;            // of the map, whatever family becomes the current one
+    str path = {};             // where it was loaded from or saved last; empty for a new map
+    u64 fingerprint = 0;       // the fingerprint of what the file there holds
+    u64 kept_fingerprint = 0;  // of what was kept last
+    str aside = {};  // as `map_bytes_write` made them; empty while the map under work is loaded
 };
 
 extern map_work_record map_work;

@@ -87,5 +87,5 @@ void map_save(str name) {
     map_work_is_saved(path);
     catalogue_add(name, path);
     listing_tell(name, path);
-    waiting_maps_try();
+    kept_try();
 }

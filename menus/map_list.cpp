@@ -5,8 +5,8 @@
 
 #include "game/map_drawing.h"
 #include "maps/catalogue.h"
+#include "maps/loading.h"
 #include "maps/model.h"
-#include "maps/reader.h"
 #include "menus/menu_panel.h"
 #include "platform/input.h"
 #include "render/button.h"

@@ -168,7 +168,7 @@ void tidings_show() {
     }
     display_tell(line);
     if (line.length == 0) {
-        waiting_maps_try();
+        kept_try();
     }
 }
 

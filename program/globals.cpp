@@ -22,9 +22,9 @@
 #include "game/replay.h"
 #include "game/takeback.h"
 #include "maps/catalogue.h"
-#include "maps/kept.h"
 #include "maps/map_work.h"
 #include "maps/model.h"
+#include "maps/waiting_maps.h"
 #include "menus/title_menu.h"
 #include "render/camera.h"
 #include "render/font.h"
@@ -109,16 +109,16 @@ void globals_visit(visitor visit) {
     visit(font);
 }
 
-void print_add_bytes(u64& print, const void* bytes, std::size_t size) {
+void fingerprint_add_bytes(u64& fingerprint, const void* bytes, std::size_t size) {
     const char* from = static_cast<const char*>(bytes);
     u64 word = 0;
     for (; size >= sizeof word; size -= sizeof word, from += sizeof word) {
         std::memcpy(&word, from, sizeof word);
-        print_add(print, word);
+        fingerprint_add(fingerprint, word);
     }
     word = 0;
     std::memcpy(&word, from, size);
-    print_add(print, word);
+    fingerprint_add(fingerprint, word);
 }
 
 }  // namespace
@@ -132,10 +132,10 @@ void globals_reset() {
     player_count = 3;
 }
 
-u64 globals_print() {
-    u64 print = 1;
-    globals_visit([&](const auto& one) { print_add_bytes(print, &one, sizeof one); });
+u64 globals_fingerprint() {
+    u64 fingerprint = 1;
+    globals_visit([&](const auto& one) { fingerprint_add_bytes(fingerprint, &one, sizeof one); });
     const arena& used = arenas[arena_persistent];
-    print_add_bytes(print, used.base, static_cast<std::size_t>(used.offset));
-    return std::max(print, u64{1});
+    fingerprint_add_bytes(fingerprint, used.base, static_cast<std::size_t>(used.offset));
+    return std::max(fingerprint, u64{1});
 }

@@ -11,4 +11,4 @@ void globals_reset();
 // A fingerprint, never 0, of every global and of all that lies in the persistent arena, but for
 // what only counts the time until something is due (program/rest.h). Padding counts: a record that
 // is written whole in every frame has none.
-u64 globals_print();
+u64 globals_fingerprint();

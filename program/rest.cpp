@@ -22,7 +22,7 @@ constexpr i64 repeats_needed = 1;
 #endif
 
 // What happens by time alone and changes nothing that is remembered until then: in how many frames
-// it does nothing, and that so many have passed. What it counts with is no part of the print.
+// it does nothing, and that so many have passed. What it counts with is no part of the fingerprint.
 struct timed {
     i64 (*frames_quiet)();
     void (*pass)(i64 frames);
@@ -55,18 +55,18 @@ i64 frames_quiet() {
 
 void rest_frame_begin() {
 #ifdef QUORREL_CHECK
-    rest.proven =
-        rest.repeats == 0 || !input_rests() || frames_quiet() == 0 || globals_print() != rest.print;
+    rest.proven = rest.repeats == 0 || !input_rests() || frames_quiet() == 0 ||
+                  globals_fingerprint() != rest.fingerprint;
 #endif
 }
 
 void rest_frame_end() {
     bool may_repeat = input_rests() && pipeline_is_same();
-    u64 print = may_repeat ? globals_print() : 0;
-    bool repeats = may_repeat && print == rest.print;
+    u64 fingerprint = may_repeat ? globals_fingerprint() : 0;
+    bool repeats = may_repeat && fingerprint == rest.fingerprint;
     assert(repeats || rest.proven);
     rest.repeats = repeats ? rest.repeats + 1 : 0;
-    rest.print = print;
+    rest.fingerprint = fingerprint;
 }
 
 i64 rest_frames() {

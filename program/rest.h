@@ -13,9 +13,9 @@
 #include "base/types.h"
 
 struct rest_record {
-    u64 print = 0;       // of what is remembered, after the last frame; 0 for not known
-    i64 repeats = 0;     // frames in a row that did what the one before did
-    bool proven = true;  // the frame under way must be another one, if it can be one
+    u64 fingerprint = 0;  // of what is remembered, after the last frame; 0 for not known
+    i64 repeats = 0;      // frames in a row that did what the one before did
+    bool proven = true;   // the frame under way must be another one, if it can be one
 };
 
 extern rest_record rest;

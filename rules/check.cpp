@@ -8,9 +8,9 @@
 #include "base/fingerprint.h"
 #include "base/time_step.h"
 #include "maps/catalogue.h"
-#include "maps/kept.h"
 #include "maps/map_work.h"
 #include "maps/model.h"
+#include "maps/waiting_maps.h"
 #include "rules/acts.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"
@@ -209,34 +209,35 @@ str done_fault() {
     return {};
 }
 
-void print_add_card(u64& print, card c) {
-    print_add(print, u64{c.colour} << 16 | u64{c.shape} << 8 | c.number);
+void fingerprint_add_card(u64& fingerprint, card c) {
+    fingerprint_add(fingerprint, u64{c.colour} << 16 | u64{c.shape} << 8 | c.number);
 }
 
-void print_add_cards(u64& print, const dyn_array<card>& cards) {
+void fingerprint_add_cards(u64& fingerprint, const dyn_array<card>& cards) {
     for (card c : cards) {
-        print_add_card(print, c);
+        fingerprint_add_card(fingerprint, c);
     }
-    print_add(print, static_cast<u64>(cards.count));
+    fingerprint_add(fingerprint, static_cast<u64>(cards.count));
 }
 
-void print_add_seat(u64& print, const player& seat) {
-    print_add(print, u64{seat.is_computer} << 16 | seat.strength << 8 | seat.colour_index);
-    print_add_cards(print, seat.hand);
+void fingerprint_add_seat(u64& fingerprint, const player& seat) {
+    fingerprint_add(fingerprint,
+                    u64{seat.is_computer} << 16 | seat.strength << 8 | seat.colour_index);
+    fingerprint_add_cards(fingerprint, seat.hand);
     if (machine_kind == turing_machine) {
-        print_add(print, static_cast<u64>(seat.goal.target));
-        print_add(print, u64{seat.goal.measure} << 8 | seat.goal.comparison);
-        print_add_card(print, seat.goal.card_a);
-        print_add_card(print, seat.goal.card_b);
+        fingerprint_add(fingerprint, static_cast<u64>(seat.goal.target));
+        fingerprint_add(fingerprint, u64{seat.goal.measure} << 8 | seat.goal.comparison);
+        fingerprint_add_card(fingerprint, seat.goal.card_a);
+        fingerprint_add_card(fingerprint, seat.goal.card_b);
     }
 }
 
-void print_add_turn(u64& print) {
-    print_add(print, static_cast<u64>(turn.current_player));
-    print_add(print, u64{turn.winner} << 1 | turn.card_drawn);
+void fingerprint_add_turn(u64& fingerprint) {
+    fingerprint_add(fingerprint, static_cast<u64>(turn.current_player));
+    fingerprint_add(fingerprint, u64{turn.winner} << 1 | turn.card_drawn);
     for (u64 word :
          {random_generator.s0, random_generator.s1, random_generator.s2, random_generator.s3}) {
-        print_add(print, word);
+        fingerprint_add(fingerprint, word);
     }
 }
 
@@ -266,18 +267,18 @@ str game_fault() {
     return state_fault();
 }
 
-u64 game_print() {
-    u64 print = static_cast<u64>(machine_kind);
+u64 game_fingerprint() {
+    u64 fingerprint = static_cast<u64>(machine_kind);
     for (u16 state : stones) {
-        print_add(print, state);
+        fingerprint_add(fingerprint, state);
     }
-    print_add_cards(print, deck.cards);
-    print_add_cards(print, discard_pile.cards);
-    print_add_cards(print, tape);
-    print_add(print, static_cast<u64>(tape_head));
+    fingerprint_add_cards(fingerprint, deck.cards);
+    fingerprint_add_cards(fingerprint, discard_pile.cards);
+    fingerprint_add_cards(fingerprint, tape);
+    fingerprint_add(fingerprint, static_cast<u64>(tape_head));
     for (const player& seat : players) {
-        print_add_seat(print, seat);
+        fingerprint_add_seat(fingerprint, seat);
     }
-    print_add_turn(print);
-    return print;
+    fingerprint_add_turn(fingerprint);
+    return fingerprint;
 }

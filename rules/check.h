@@ -17,4 +17,4 @@ str game_fault();
 
 // A fingerprint of all that a game consists of: positions of the same game with different ones
 // differ. What only times or shows it, and whether the cover stands, does not count.
-u64 game_print();
+u64 game_fingerprint();

@@ -5,9 +5,9 @@
 
 #include "base/message.h"
 #include "maps/catalogue.h"
+#include "maps/loading.h"
 #include "maps/map_work.h"
 #include "maps/model.h"
-#include "maps/reader.h"
 #include "rules/acts.h"
 #include "rules/cards.h"
 #include "rules/check.h"

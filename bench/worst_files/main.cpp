@@ -18,8 +18,8 @@
 
 #include "bench/worst_files/files.h"
 #include "maps/catalogue.h"
+#include "maps/loading.h"
 #include "maps/map_work.h"
-#include "maps/reader.h"
 #include "maps/saving.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"

@@ -44,9 +44,9 @@ struct gpu {
     std::string failing_message;
     u32 frame_buffer_status = frame_buffer_complete;
     u32 error = 0;
-    u64 print = 0;         // of the calls of the frame that is being made
-    u64 print_before = 0;  // of the frame before
-    bool same = false;     // in the frame finished last
+    u64 fingerprint = 0;         // of the calls of the frame that is being made
+    u64 fingerprint_before = 0;  // of the frame before
+    bool same = false;           // in the frame finished last
     bool recording = false;
     std::vector<gpu_call> calls;
     std::vector<gpu_draw> draws;
@@ -55,22 +55,23 @@ struct gpu {
 gpu device;
 
 // Only checked builds ask whether frames differ.
-void print_call([[maybe_unused]] gpu_op op, [[maybe_unused]] std::initializer_list<i64> numbers,
-                [[maybe_unused]] std::span<const f32> reals) {
+void fingerprint_call([[maybe_unused]] gpu_op op,
+                      [[maybe_unused]] std::initializer_list<i64> numbers,
+                      [[maybe_unused]] std::span<const f32> reals) {
 #ifdef QUORREL_CHECK
-    print_add(device.print, static_cast<u64>(op));
+    fingerprint_add(device.fingerprint, static_cast<u64>(op));
     for (i64 number : numbers) {
-        print_add(device.print, static_cast<u64>(number));
+        fingerprint_add(device.fingerprint, static_cast<u64>(number));
     }
     for (f32 real : reals) {
-        print_add(device.print, std::bit_cast<u32>(real));
+        fingerprint_add(device.fingerprint, std::bit_cast<u32>(real));
     }
 #endif
 }
 
 void keep(gpu_op op, std::initializer_list<i64> numbers, std::span<const f32> reals = {},
           str bytes = {}, i64 result = 0) {
-    print_call(op, numbers, reals);
+    fingerprint_call(op, numbers, reals);
     if (device.recording) {
         device.calls.push_back(
             {op, numbers, {reals.begin(), reals.end()}, {bytes.begin(), bytes.end()}, result});
@@ -408,8 +409,9 @@ bool pipeline_is_same() {
 }
 
 u32 pipeline_get_error() {
-    u64 print = std::exchange(device.print, 0);
-    device.same = print != 0 && print == std::exchange(device.print_before, print);
+    u64 fingerprint = std::exchange(device.fingerprint, 0);
+    device.same =
+        fingerprint != 0 && fingerprint == std::exchange(device.fingerprint_before, fingerprint);
     u32 error = std::exchange(device.error, 0);
     keep(gpu_op::pipeline_get_error, {}, {}, {}, error);
     return error;

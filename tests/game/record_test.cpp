@@ -71,16 +71,16 @@ class record_test : public game_test {
 
     // The running game again, from its deal and by a way back.
     void expect_same_again() {
-        const u64 print = game_print();
+        const u64 fingerprint = game_fingerprint();
         const i64 position = record.position;
         const turn_record before = turn;
         record_go(below(position + 1));
         record_go(position);
-        ASSERT_EQ(game_print(), print) << position << "\n" << game_text();
+        ASSERT_EQ(game_fingerprint(), fingerprint) << position << "\n" << game_text();
         if (position % 16 == 1 && record.act_count > 0) {
             const std::string text = game_written();
             ASSERT_EQ(game_read_back(text), std::to_string(record.act_count) + " acts ");
-            ASSERT_EQ(game_print(), print) << text;
+            ASSERT_EQ(game_fingerprint(), fingerprint) << text;
             ASSERT_EQ(game_written(), text);
         }
         turn = before;

@@ -2,9 +2,11 @@
 
 #include "base/tidings.h"
 #include "maps/catalogue.h"
+#include "maps/loading.h"
 #include "maps/map_work.h"
 #include "maps/reader.h"
 #include "maps/saving.h"
+#include "maps/waiting_maps.h"
 #include "platform/file.h"
 #include "tests/support/game.h"
 
@@ -183,7 +185,7 @@ TEST_F(kept_test, WhatCannotBeKeptWaitsInMemoryUntilItIs) {
         EXPECT_EQ(told(), "failed to keep map: maps/old");
         work({7, 5});
         EXPECT_EQ(output_of(map_work_end), "failed to keep map: unnamed\n");
-        waiting_maps_try();
+        kept_try();
         EXPECT_EQ(told(), "not on the disk yet: 2 maps");
     }
     map_load("maps/other");

@@ -5,6 +5,7 @@
 #include "base/tidings.h"
 #include "maps/catalogue.h"
 #include "maps/file_text.h"
+#include "maps/loading.h"
 #include "maps/reader.h"
 #include "maps/saving.h"
 #include "maps/writer.h"

@@ -8,7 +8,7 @@
 #include "game/game_reader.h"
 #include "game/record.h"
 #include "game/turn_update.h"
-#include "maps/reader.h"
+#include "maps/loading.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
 #include "rules/selection.h"

@@ -11,12 +11,12 @@ constexpr std::size_t first_slots = 1 << 10;  // a power of two, as every later 
 
 // The slot in which the record stands or would.
 std::size_t slot_find(const key_pool& pool, const u64* words) {
-    u64 print = 0;
+    u64 fingerprint = 0;
     for (i64 i = 0; i < pool.width; ++i) {
-        print_add(print, words[i]);
+        fingerprint_add(fingerprint, words[i]);
     }
     const std::size_t mask = pool.slots.size() - 1;
-    std::size_t slot = print & mask;
+    std::size_t slot = fingerprint & mask;
     while (pool.slots[slot] != 0 &&
            !std::equal(words, words + pool.width, key_words(pool, pool.slots[slot] - 1))) {
         slot = (slot + 1) & mask;
