@@ -2,7 +2,7 @@
 
 #include "editor/map_edit.h"
 #include "maps/model.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 
 copied_record copied;
 
@@ -21,7 +21,7 @@ void selection_copy() {
     }
 }
 
-void copied_state_put(world_point place) {
+void copied_state_put(point place) {
     if (copied.kind == copied_state) {
         state_add(place, copied.accepting);
     }

@@ -21,7 +21,7 @@ extern copied_record copied;
 void selection_copy();
 
 // Adds a state like the copied one there, in world units, and selects it.
-void copied_state_put(world_point place);
+void copied_state_put(point place);
 // Makes the arrow between the selected states, which is added when there is none, like the copied
 // one; without two states nothing happens.
 void copied_arrow_put();

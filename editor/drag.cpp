@@ -9,7 +9,7 @@
 #include "platform/input.h"
 #include "platform/maths.h"
 #include "render/sprites.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 
 drag_record drag;
 
@@ -20,7 +20,7 @@ constexpr f64 label_drag_step = 8;  // world units
 constexpr i16 beside_opposite = 2;  // the bend that keeps an arrow off one that comes back
 
 bool state_is_under(const pointer& mouse, i64 state) {
-    const world_point centre = state_centre(state);
+    const point centre = state_centre(state);
     return box_has(box_around(centre.x, centre.y, state_size, state_size), mouse.world.x,
                    mouse.world.y);
 }
@@ -48,7 +48,7 @@ i64 label_under(const pointer& mouse) {
     return index;
 }
 
-void drag_take(drag_kind kind, u32 button, i64 index, world_point place, const pointer& mouse) {
+void drag_take(drag_kind kind, u32 button, i64 index, point place, const pointer& mouse) {
     drag = {kind,
             button,
             false,
@@ -81,13 +81,13 @@ bool has_begun(const pointer& mouse) {
 }
 
 // Where what is dragged comes to lie.
-world_point dragged_to(const pointer& mouse, f64 step) {
+point dragged_to(const pointer& mouse, f64 step) {
     return {snapped(mouse.world.x + drag.offset_x, step),
             snapped(mouse.world.y + drag.offset_y, step)};
 }
 
 void state_drag(const pointer& mouse) {
-    const world_point to = dragged_to(mouse, grid_step);
+    const point to = dragged_to(mouse, grid_step);
     map_state& s = game_map.states[drag.index];
     if (game_map.scale != 0) {
         s.x = map_units(to.x - game_map.origin_x);
@@ -97,16 +97,16 @@ void state_drag(const pointer& mouse) {
 }
 
 void label_drag(const pointer& mouse) {
-    const world_point to = dragged_to(mouse, label_drag_step);
+    const point to = dragged_to(mouse, label_drag_step);
     transition& arc = game_map.transitions[drag.index];
     arc.label_dx = static_cast<f32>(to.x);
     arc.label_dy = static_cast<f32>(to.y);
 }
 
 void arrow_drag(const pointer& mouse) {
-    const world_point from = state_centre(drag.index);
+    const point from = state_centre(drag.index);
     const i64 state = state_under(mouse);
-    const world_point to = state >= 0 ? state_centre(state) : mouse.world;
+    const point to = state >= 0 ? state_centre(state) : mouse.world;
     if (from.x != to.x || from.y != to.y) {
         arrow_draw(from.x, from.y, to.x, to.y, arrow_width, 0, transition_tint, world_space);
     }

@@ -24,8 +24,8 @@
 #include "render/text.h"
 #include "render/view.h"
 #include "rules/check.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 namespace {
 
@@ -35,7 +35,7 @@ constexpr f32 label_step = 32;  // world units
 constexpr colour cursor_tint = {1, 1, 1, 0.3f};
 constexpr colour hint_tint = {0.5f, 0.5f, 0.5f, 1};
 
-void grid_cursor_draw(const pointer& mouse, world_point cursor) {
+void grid_cursor_draw(const pointer& mouse, point cursor) {
     if (mouse.on_board) {
         disc_draw(on_board, cursor, state_size, cursor_tint);
     }
@@ -127,7 +127,7 @@ void typing_frame() {
     }
 }
 
-void copy_keys_apply(const pointer& mouse, world_point cursor) {
+void copy_keys_apply(const pointer& mouse, point cursor) {
     if (input_key_is_pressed(key_c)) {
         selection_copy();
     }
@@ -175,7 +175,7 @@ void transition_keys_apply(transition& arc, const edit_buttons& clicked) {
     }
 }
 
-void editing_keys_apply(const pointer& mouse, world_point cursor, const edit_buttons& clicked) {
+void editing_keys_apply(const pointer& mouse, point cursor, const edit_buttons& clicked) {
     if (mouse.inside && input_key_is_pressed(key_1)) {
         state_add(cursor, 0);
     }
@@ -215,7 +215,7 @@ bool drags_frame(const pointer& mouse) {
 
 void editor_frame(const pointer& mouse) {
     history_frame_begin();
-    world_point cursor = {snapped(mouse.world.x, grid_step), snapped(mouse.world.y, grid_step)};
+    point cursor = {snapped(mouse.world.x, grid_step), snapped(mouse.world.y, grid_step)};
     grid_cursor_draw(mouse, cursor);
     text_draw_left("Press <f1> for help", render_target.width - 256, render_target.height - 32,
                    text_small, hint_tint);

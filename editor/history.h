@@ -11,7 +11,7 @@
 
 #include "base/str.h"
 #include "maps/map_work.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 
 inline constexpr i64 history_map_limit = 6 * 1024 * 1024;        // bytes of `map_bytes_write`
 inline constexpr i64 history_steps_capacity = 20 * 1024 * 1024;  // bytes

@@ -20,8 +20,8 @@ struct label_side {
 };
 
 label_side arrow_side(const transition& arc) {
-    world_point from = state_centre(arc.from);
-    world_point to = state_centre(arc.to);
+    point from = state_centre(arc.from);
+    point to = state_centre(arc.to);
     f64 dx = to.x - from.x;
     f64 dy = to.y - from.y;
     f64 length = math_sqrt(dx * dx + dy * dy);

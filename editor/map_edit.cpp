@@ -4,7 +4,7 @@
 
 #include "maps/model.h"
 #include "platform/maths.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 
 namespace {
 
@@ -52,7 +52,7 @@ transition* selected_arc() {
     return set ? &game_map.transitions[index] : nullptr;
 }
 
-void state_add(world_point place, u8 accepting) {
+void state_add(point place, u8 accepting) {
     if (game_map.states.count >= no_index) {
         return;
     }

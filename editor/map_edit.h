@@ -17,7 +17,7 @@ f64 map_units(f64 world);
 transition* selected_arc();
 
 // Adds a state there, in world units, and selects it; nothing when no index is left for it.
-void state_add(world_point place, u8 accepting);
+void state_add(point place, u8 accepting);
 
 // Removes the stones on a state, all of them or only the first one found. The last stone moves
 // into the place of a removed one.

@@ -1,32 +1,18 @@
 #include "editor/text_entry.h"
 
 #include <cassert>
+#include <span>
 
 #include "editor/dialog.h"
+#include "platform/american_keys.h"
 #include "platform/input.h"
 #include "render/renderer.h"
 #include "render/text.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 text_entry_record text_entry;
 
 namespace {
-
-constexpr str shifted_digits = ")!@#$%^&*(";
-
-struct punctuation_key {
-    u32 key;
-    char plain;
-    char shifted;
-};
-
-// In the order in which they are tried.
-constexpr punctuation_key punctuation_keys[] = {
-    {key_slash, '/', '?'},        {key_backslash, '\\', '|'},    {key_semicolon, ';', ':'},
-    {key_apostrophe, '\'', '\''}, {key_comma, ',', '<'},         {key_period, '.', '>'},
-    {key_left_bracket, '[', '{'}, {key_right_bracket, ']', '}'}, {key_minus, '-', '_'},
-    {key_equals, '=', '+'},       {key_grave, '~', '~'},
-};
 
 void purposes_clear() {
     text_entry.text_purpose_rule = false;
@@ -63,18 +49,15 @@ void letters_type(bool shift) {
     }
 }
 
-void digits_type(bool shift) {
-    for (u32 i = 0; i <= key_9 - key_0; ++i) {
-        if (input_key_is_pressed(key_0 + i)) {
-            type(shift ? shifted_digits[i] : static_cast<char>('0' + static_cast<char>(i)));
-        }
-    }
+// A double quote would end a rule in its map's file.
+char typed_instead(char c) {
+    return c == '"' ? '\'' : c == '`' ? '~' : c;
 }
 
-void punctuation_type(bool shift) {
-    for (const punctuation_key& entry : punctuation_keys) {
-        if (input_key_is_pressed(entry.key)) {
-            type(shift ? entry.shifted : entry.plain);
+void characters_type(std::span<const key_characters> keys, bool shift) {
+    for (const key_characters& one : keys) {
+        if (input_key_is_pressed(one.key)) {
+            type(typed_instead(shift ? one.shifted : one.plain));
         }
     }
 }
@@ -85,11 +68,11 @@ void keys_type() {
     }
     bool shift = input_key_is_held(key_shift);
     letters_type(shift);
-    digits_type(shift);
+    characters_type(digit_keys, shift);
     if (input_key_is_pressed(key_backspace) && text_entry.typed_text.count > 0) {
         text_entry.typed_text.count -= 1;
     }
-    punctuation_type(shift);
+    characters_type(punctuation_keys, shift);
 }
 
 }  // namespace

@@ -10,8 +10,9 @@
 #include "rules/cards.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
 #include "rules/seats.h"
+#include "shown/flight.h"
+#include "shown/screens.h"
 
 trial_record trial;
 

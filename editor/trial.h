@@ -4,7 +4,7 @@
 // went meanwhile, to the map, its history and its selection as they were.
 
 #include "base/types.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 
 // What comes back beside the map itself, which lies aside in `map_work`.
 struct trial_record {

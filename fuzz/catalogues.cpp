@@ -14,7 +14,7 @@
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "program/frame.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 #include "tools/words.h"
 
 namespace {

@@ -27,9 +27,10 @@
 #include "rules/cards.h"
 #include "rules/check.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
 #include "rules/seats.h"
-#include "rules/selection.h"
+#include "shown/flight.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 #include "tools/words.h"
 
 namespace {
@@ -84,7 +85,7 @@ void click(place p, u32 button = mouse_left) {
 
 void state_click(u8 number) {
     if (named_state_count() > 0) {
-        const world_point centre = state_centre(number % named_state_count());
+        const point centre = state_centre(number % named_state_count());
         click({(centre.x - camera.x) * camera.zoom, (centre.y - camera.y) * camera.zoom});
     }
 }

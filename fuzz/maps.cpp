@@ -20,8 +20,8 @@
 #include "program/frame.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
 #include "rules/seats.h"
+#include "shown/screens.h"
 #include "tools/words.h"
 
 namespace {

@@ -12,8 +12,9 @@
 #include "render/text.h"
 #include "render/walk.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/flight.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 namespace {
 
@@ -71,7 +72,7 @@ bool state_is_hovered(const pointer& mouse, const box& place) {
            box_has(place, mouse.world.x, mouse.world.y);
 }
 
-void nimber_draw(i64 state, world_point centre) {
+void nimber_draw(i64 state, point centre) {
     if (!turn.show_nimbers || state >= game_map.nimber_count) {
         return;
     }
@@ -80,7 +81,7 @@ void nimber_draw(i64 state, world_point centre) {
 }
 
 void state_frame(i64 state, const pointer& mouse) {
-    world_point centre = state_centre(state);
+    point centre = state_centre(state);
     const box place = box_around(centre.x, centre.y, state_size, state_size);
     walk_note_on_board(place);
     bool hovered = state_is_hovered(mouse, place);
@@ -111,7 +112,7 @@ void flight_advance() {
         flight.moving_stone = no_index;
         return;
     }
-    world_point centre = state_centre(stones[stone]);
+    point centre = state_centre(stones[stone]);
     const f32 target[2] = {static_cast<f32>(centre.x), static_cast<f32>(centre.y)};
     constexpr f32 dt = static_cast<f32>(frame_dt);
     f32 speed_squared = 0;
@@ -128,13 +129,13 @@ void flight_advance() {
     }
 }
 
-world_point stone_centre(i64 stone) {
+point stone_centre(i64 stone) {
     if (stone_is_flying(stone)) {
         return {flight.moving_from[0], flight.moving_from[1]};
     }
     u16 state = stones[stone];
     assert(state_exists(state));
-    world_point centre = state_centre(state);
+    point centre = state_centre(state);
     return {centre.x, centre.y + stone_rise * stone_stack[state]};
 }
 

@@ -14,8 +14,9 @@
 #include "rules/cards.h"
 #include "rules/goal.h"
 #include "rules/rule.h"
-#include "rules/selection.h"
 #include "rules/turns.h"
+#include "shown/flight.h"
+#include "shown/selection.h"
 #include "words/card_words.h"
 #include "words/refusal_words.h"
 #include "words/turn_words.h"
@@ -37,13 +38,13 @@ constexpr colour last_tint = {1, 0.6f, 0, 1};
 constexpr colour plate_tint = {0, 0, 0, 0.8f};
 constexpr colour head_tint = {1, 1, 1, 0.9f};
 
-world_point pixel_over(world_point p) {
+point pixel_over(point p) {
     box pixel = view_window_box({p.x, p.y, 0, 0});
     return {pixel.x, pixel.y};
 }
 
-bool is_seen(world_point centre) {
-    world_point pixel = pixel_over(centre);
+bool is_seen(point centre) {
+    point pixel = pixel_over(centre);
     return box_has({0, 0, f64(render_target.width), f64(render_target.height)}, pixel.x, pixel.y);
 }
 
@@ -71,7 +72,7 @@ void movable_states_draw() {
     i64 marks = 0;
     i64 rules = 0;
     open_moves_visit(table, [&](const transition& arc, u16) {
-        world_point centre = state_centre(arc.from);
+        point centre = state_centre(arc.from);
         if (marked[arc.from] || marks == mark_limit || rules == rule_limit || !is_seen(centre)) {
             return;
         }
@@ -85,7 +86,7 @@ void movable_states_draw() {
 }
 
 // A row of small cards around a pixel, the one at `head` on a plate; the row begins at `first`.
-void small_cards_draw(const card* cards, i64 count, i64 head, world_point middle) {
+void small_cards_draw(const card* cards, i64 count, i64 head, point middle) {
     f64 x = middle.x - static_cast<f64>(count) * small_step / 2;
     f64 y = middle.y - small_card;
     box_fill({x - 4, y - 4, static_cast<f64>(count) * small_step + 4, small_card + 8}, plate_tint);
@@ -97,7 +98,7 @@ void small_cards_draw(const card* cards, i64 count, i64 head, world_point middle
     }
 }
 
-void fitting_cards_draw(const transition& arc, world_point middle) {
+void fitting_cards_draw(const transition& arc, point middle) {
     card_set fitting = cards_fitting(arc, cards_at_hand());
     card shown[small_card_limit];
     i64 count = 0;
@@ -113,7 +114,7 @@ void fitting_cards_draw(const transition& arc, world_point middle) {
 }
 
 // The tape around its head as the action makes it; the tape stays.
-void tape_after_draw(str action, world_point middle) {
+void tape_after_draw(str action, point middle) {
     if (tape_head >= tape.count) {
         return;
     }
@@ -128,9 +129,9 @@ void tape_after_draw(str action, world_point middle) {
 }
 
 // The pixel below the arrow's text.
-world_point below_label(const transition& arc) {
+point below_label(const transition& arc) {
     box label = label_box(arc);
-    world_point middle = {label.x + label.width / 2, label.y + label.height / 2};
+    point middle = {label.x + label.width / 2, label.y + label.height / 2};
     return {pixel_over(middle).x, pixel_over(middle).y - label_drop};
 }
 
@@ -140,7 +141,7 @@ void open_arrow_draw(const transition& arc) {
         return;
     }
     transition_draw(on_board, arc, open_tint);
-    world_point middle = below_label(arc);
+    point middle = below_label(arc);
     if (machine_kind == pushdown_machine) {
         fitting_cards_draw(arc, middle);
     } else if (machine_kind == turing_machine) {
@@ -169,10 +170,10 @@ void last_move_draw() {
 }
 
 // A number on a plate, around a point of the board.
-void plate_draw(i64 value, world_point centre, f64 size) {
+void plate_draw(i64 value, point centre, f64 size) {
     str text = number_text(value);
     f64 width = static_cast<f64>(text.length) * size / 16 + 8;
-    world_point pixel = pixel_over(centre);
+    point pixel = pixel_over(centre);
     box_fill(box_around(pixel.x, pixel.y, width, size / 8), plate_tint);
     text_draw(text, pixel.x, pixel.y, size, colour_white, screen_space, text_centred);
 }
@@ -196,7 +197,7 @@ void whole_tape_draw() {
 }
 
 // How far the point is from the straight between two others.
-f64 distance_to(world_point p, world_point a, world_point b) {
+f64 distance_to(point p, point a, point b) {
     f64 dx = b.x - a.x;
     f64 dy = b.y - a.y;
     f64 length_squared = dx * dx + dy * dy;
@@ -205,25 +206,25 @@ f64 distance_to(world_point p, world_point a, world_point b) {
     return std::hypot(p.x - a.x - t * dx, p.y - a.y - t * dy);
 }
 
-bool is_on_arrow(const transition& arc, world_point p) {
-    world_point a = state_centre(arc.from);
-    world_point b = state_centre(arc.to);
+bool is_on_arrow(const transition& arc, point p) {
+    point a = state_centre(arc.from);
+    point b = state_centre(arc.to);
     f64 length = std::hypot(b.x - a.x, b.y - a.y);
     if (length == 0) {
         return false;
     }
     f64 offset = arc.bend * bend_offset / length;
-    world_point moved = {p.x + (b.y - a.y) * offset, p.y - (b.x - a.x) * offset};
+    point moved = {p.x + (b.y - a.y) * offset, p.y - (b.x - a.x) * offset};
     return distance_to(moved, a, b) < arrow_catch;
 }
 
 // Most labels are out of reach by their height alone, which saves measuring them.
-bool is_on_label(const transition& arc, world_point p) {
+bool is_on_label(const transition& arc, point p) {
     f64 y = (state_centre(arc.from).y + state_centre(arc.to).y) / 2 + f64{arc.label_dy};
     return std::abs(y - p.y) < label_reach && box_has(label_box(arc), p.x, p.y);
 }
 
-const transition* arrow_at(world_point p) {
+const transition* arrow_at(point p) {
     for (const transition& arc : game_map.transitions) {
         if (transition_exists(arc) && !transition_carries_words(arc) &&
             (is_on_label(arc, p) || is_on_arrow(arc, p))) {
@@ -283,7 +284,7 @@ void state_plates_draw() {
     stone_table table = stones_locate();
     i64 marks = 0;
     for (i64 i = 0; i < named_state_count() && marks < mark_limit; ++i) {
-        world_point centre = state_centre(i);
+        point centre = state_centre(i);
         if (!is_seen(centre)) {
             continue;
         }
@@ -311,7 +312,7 @@ void board_show_draw() {
 void move_card_draw(const game_act& move) {
     const dyn_array<card>& hand = current_seat().hand;
     if (0 <= move.card && move.card < hand.count) {
-        world_point middle = below_label(game_map.transitions[move.arc]);
+        point middle = below_label(game_map.transitions[move.arc]);
         small_cards_draw(&hand[move.card], 1, 0, middle);
     }
 }

@@ -13,7 +13,7 @@
 #include "maps/file_text.h"
 #include "platform/file.h"
 #include "platform/folder.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 game_file_record game_file;
 

@@ -6,9 +6,9 @@
 #include "game/record.h"
 #include "game/refused.h"
 #include "maps/catalogue.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
 #include "rules/turns.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 #include "words/card_words.h"
 #include "words/turn_words.h"
 

@@ -14,7 +14,7 @@
 #include "render/view.h"
 #include "render/walk.h"
 #include "rules/game_state.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 
 hand_scroll_record hand_row;
 

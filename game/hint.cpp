@@ -8,7 +8,7 @@
 #include "game/table_panel.h"
 #include "render/sprites.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 #include "words/turn_words.h"
 
 hint_record hint;

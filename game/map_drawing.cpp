@@ -18,13 +18,13 @@ constexpr f64 loop_width = 100;
 constexpr f64 loop_height = 90;
 constexpr f64 loop_foot = -1.5;
 
-void square_draw(texture_slot picture, const map_placement& place, world_point centre, f64 side,
+void square_draw(texture_slot picture, const map_placement& place, point centre, f64 side,
                  const colour& tint) {
     f64 size = side * place.factor;
     sprite_draw(picture, box_around(centre.x, centre.y, size, size), tint, place.space);
 }
 
-void loop_draw(const map_placement& place, world_point centre, i16 degrees, const colour& tint) {
+void loop_draw(const map_placement& place, point centre, i16 degrees, const colour& tint) {
     f64 f = place.factor;
     sprite_draw_rotated(texture_self_arrow, centre.x, centre.y, loop_width * f, loop_height * f,
                         degrees, loop_width / 2 * f, loop_foot * f, tint, place.space);
@@ -32,15 +32,15 @@ void loop_draw(const map_placement& place, world_point centre, i16 degrees, cons
 
 }  // namespace
 
-world_point placed_centre(const map_placement& place, i64 state) {
-    world_point centre = state_centre(state);
+point placed_centre(const map_placement& place, i64 state) {
+    point centre = state_centre(state);
     return {place.x + centre.x * place.factor, place.y + centre.y * place.factor};
 }
 
 void transition_draw(const map_placement& place, const transition& arc, const colour& tint) {
     assert(transition_exists(arc));
-    world_point from = placed_centre(place, arc.from);
-    world_point to = placed_centre(place, arc.to);
+    point from = placed_centre(place, arc.from);
+    point to = placed_centre(place, arc.to);
     f64 f = place.factor;
     if (arc.from == arc.to) {
         loop_draw(place, from, arc.bend, tint);
@@ -59,13 +59,13 @@ bool transition_carries_words(const transition& arc) {
 
 box label_box(const transition& arc) {
     assert(transition_exists(arc));
-    world_point from = state_centre(arc.from);
-    world_point to = state_centre(arc.to);
+    point from = state_centre(arc.from);
+    point to = state_centre(arc.to);
     return text_box(arc.rule, (from.x + to.x) / 2 + f64{arc.label_dx},
                     (from.y + to.y) / 2 + f64{arc.label_dy}, text_normal, text_icons);
 }
 
-void disc_draw(const map_placement& place, world_point centre, f64 side, const colour& tint) {
+void disc_draw(const map_placement& place, point centre, f64 side, const colour& tint) {
     square_draw(texture_circle, place, centre, side, tint);
 }
 
@@ -75,6 +75,6 @@ void state_draw(const map_placement& place, i64 state) {
     disc_draw(place, placed_centre(place, state), state_size, tint);
 }
 
-void stone_draw(const map_placement& place, world_point centre) {
+void stone_draw(const map_placement& place, point centre) {
     square_draw(texture_player, place, centre, stone_size, stone_tint);
 }

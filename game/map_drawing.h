@@ -29,7 +29,7 @@ inline constexpr f64 loop_reach = 92;   // from a state's centre to the far edge
 inline constexpr colour transition_tint = {0.9f, 0.8f, 0.8f, 1};
 
 // An existing state's centre under the placement.
-world_point placed_centre(const map_placement& place, i64 state);
+point placed_centre(const map_placement& place, i64 state);
 
 // The arrow or loop of a transition whose states exist, and its rule.
 void transition_draw(const map_placement& place, const transition& arc, const colour& tint);
@@ -41,9 +41,9 @@ bool transition_carries_words(const transition& arc);
 box label_box(const transition& arc);
 
 // A round mark centred on a point of the placement's space; `side` in world units.
-void disc_draw(const map_placement& place, world_point centre, f64 side, const colour& tint);
+void disc_draw(const map_placement& place, point centre, f64 side, const colour& tint);
 // The disc of an existing state.
 void state_draw(const map_placement& place, i64 state);
 
 // A stone centred on a point of the placement's space.
-void stone_draw(const map_placement& place, world_point centre);
+void stone_draw(const map_placement& place, point centre);

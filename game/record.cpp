@@ -11,8 +11,9 @@
 #include "rules/cards.h"
 #include "rules/random.h"
 #include "rules/seats.h"
-#include "rules/selection.h"
 #include "rules/turns.h"
+#include "shown/flight.h"
+#include "shown/selection.h"
 
 game_record record;
 u16 record_stones[no_index];

@@ -5,8 +5,8 @@
 #include "render/renderer.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"
-#include "rules/selection.h"
 #include "rules/turns.h"
+#include "shown/selection.h"
 
 refused_record refused;
 

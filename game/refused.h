@@ -2,6 +2,7 @@
 
 // Clicks on the board of which nothing comes: what was asked for, and why it is not done.
 
+#include "maps/card.h"
 #include "render/view.h"
 #include "words/refusal_words.h"
 

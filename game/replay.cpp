@@ -12,8 +12,8 @@
 #include "render/renderer.h"
 #include "render/text.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
 #include "rules/turns.h"
+#include "shown/screens.h"
 
 replay_record replay;
 

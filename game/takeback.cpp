@@ -5,7 +5,7 @@
 #include "base/tidings.h"
 #include "game/record.h"
 #include "platform/input.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 #include "words/turn_words.h"
 
 takeback_record takeback;

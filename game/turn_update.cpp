@@ -11,8 +11,8 @@
 #include "rules/cards.h"
 #include "rules/check.h"
 #include "rules/deal.h"
-#include "rules/selection.h"
 #include "rules/turns.h"
+#include "shown/selection.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include <cassert>
 
 #include "base/types.h"
+#include "maps/card.h"
 
 struct card {
     u8 colour = 0;  // 0 to 5
@@ -14,6 +15,8 @@ struct card {
 
     bool operator==(const card&) const = default;
 };
+
+inline constexpr i64 no_card = -1;  // in place of a card's index in a hand
 
 enum card_field : u8 { field_colour = 0, field_shape, field_number, card_field_count };
 

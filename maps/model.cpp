@@ -82,7 +82,7 @@ str map_fault() {
     return {};
 }
 
-world_point state_centre(i64 state) {
+point state_centre(i64 state) {
     assert(0 <= state && state < game_map.states.count);
     const map_state& s = game_map.states[state];
     return {game_map.scale * s.x + game_map.origin_x, game_map.scale * s.y + game_map.origin_y};

@@ -8,6 +8,7 @@
 // units; world units are the camera's, pixels at zoom 1.
 
 #include "base/dyn_array.h"
+#include "base/point.h"
 #include "base/str.h"
 #include "base/types.h"
 #include "maps/card.h"
@@ -158,10 +159,5 @@ u8 state_nimber(u16 state);
 // may be anything, since a file may name it.
 str map_fault();
 
-struct world_point {
-    f64 x;
-    f64 y;
-};
-
 // The centre of an existing state, in world units.
-world_point state_centre(i64 state);
+point state_centre(i64 state);

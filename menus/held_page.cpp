@@ -5,7 +5,7 @@
 #include "game/board_show.h"
 #include "game/show_panel.h"
 #include "menus/keys_page.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 void held_page_draw() {
     if (game_is_shown()) {

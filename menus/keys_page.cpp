@@ -13,8 +13,8 @@
 #include "maps/model.h"
 #include "menus/info_overlays.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 namespace {
 

@@ -13,8 +13,9 @@
 #include "render/text.h"
 #include "render/walk.h"
 #include "rules/deal.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/flight.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 namespace {
 
@@ -87,7 +88,7 @@ f64 preview_factor() {
     f64 reach_x = 0;
     f64 reach_y = 0;
     for (i64 i = 0; i < game_map.states.count; ++i) {
-        world_point centre = state_centre(i);
+        point centre = state_centre(i);
         reach_x = std::max({reach_x, centre.x, -centre.x});
         reach_y = std::max({reach_y, centre.y, -centre.y});
     }
@@ -101,7 +102,7 @@ void preview_stones_draw(const map_placement& place) {
     i64* drawn = per_state<i64>(0);
     for (u16 state : stones) {
         if (state_exists(state)) {
-            world_point centre = placed_centre(place, state);
+            point centre = placed_centre(place, state);
             centre.y += stone_rise * static_cast<f64>(drawn[state]) * place.factor;
             stone_draw(place, centre);
             drawn[state] += 1;

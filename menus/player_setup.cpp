@@ -10,8 +10,8 @@
 #include "render/sprites.h"
 #include "render/text.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
 #include "rules/seats.h"
+#include "shown/screens.h"
 
 namespace {
 

@@ -16,7 +16,7 @@
 #include "render/sprites.h"
 #include "render/text.h"
 #include "rules/cards.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 f64 title_picture_angle;
 

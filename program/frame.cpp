@@ -34,7 +34,7 @@
 #include "render/renderer.h"
 #include "render/walk.h"
 #include "rules/random.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "render/sprites.h"
 #include "render/view.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 namespace {
 

@@ -37,8 +37,9 @@
 #include "rules/deal.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/flight.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 namespace {
 

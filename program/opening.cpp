@@ -13,8 +13,8 @@
 #include "program/map_import.h"
 #include "program/player_files.h"
 #include "rules/deal.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 namespace {
 

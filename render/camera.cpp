@@ -6,7 +6,7 @@
 #include "base/time_step.h"
 #include "platform/input.h"
 #include "render/view.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 camera_record camera;
 

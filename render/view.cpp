@@ -15,7 +15,7 @@ bool box_has(const box& place, f64 x, f64 y) {
     return place.x <= x && x < place.x + place.width && place.y <= y && y < place.y + place.height;
 }
 
-world_point view_world_point(f64 pixel_x, f64 pixel_y) {
+point view_world_point(f64 pixel_x, f64 pixel_y) {
     const f32* m = inverse_view_matrix.at;
     return {m[0] * pixel_x + m[4] * pixel_y + m[12], m[1] * pixel_x + m[5] * pixel_y + m[13]};
 }

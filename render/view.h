@@ -35,14 +35,14 @@ extern mat4 world_matrix;         // world units to clip space
 extern mat4 inverse_view_matrix;  // window pixels to world units
 
 // The world point under a window pixel.
-world_point view_world_point(f64 pixel_x, f64 pixel_y);
+point view_world_point(f64 pixel_x, f64 pixel_y);
 // The window pixels that a box of the world covers.
 box view_window_box(const box& place);
 
 struct pointer {
     f64 x;  // window pixels
     f64 y;
-    world_point world;
+    point world;
     bool inside;    // over the picture: beside it, in a window's bars, it points at nothing
     bool on_board;  // strictly between the two bands: only there states can be hovered and clicked
     bool hovers;    // over the place, which a finger is only while it clicks

@@ -10,7 +10,7 @@
 #include "render/camera.h"
 #include "render/renderer.h"
 #include "render/sprites.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 walk_record walk;
 

@@ -4,8 +4,9 @@
 // down, and doing it is the same for all.
 
 #include "base/types.h"
+#include "maps/card.h"
 #include "maps/model.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 
 enum act_kind : u8 {
     act_wait = 0,  // nothing: a computer of a state machine without a move

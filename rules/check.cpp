@@ -15,9 +15,9 @@
 #include "rules/cards.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
 #include "rules/turns.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "rules/check.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 // The deck is built in the order of its kinds, shuffled once and dealt from its top: the tape
 // first, then each seat its hand, or its goal, in the seats' order. An empty deck goes on giving

@@ -6,7 +6,8 @@
 #include "base/time_step.h"
 #include "rules/cards.h"
 #include "rules/goal.h"
-#include "rules/selection.h"
+#include "shown/flight.h"
+#include "shown/selection.h"
 
 namespace {
 
@@ -44,7 +45,7 @@ stone_table stones_locate() {
 
 void state_world_position(u16 state, f32 (&position)[2]) {
     assert(state_exists(state));
-    world_point centre = state_centre(state);
+    point centre = state_centre(state);
     position[0] = static_cast<f32>(centre.x);
     position[1] = static_cast<f32>(centre.y + stone_rise * stone_stack[state]);
 }

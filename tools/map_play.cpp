@@ -12,8 +12,9 @@
 #include "rules/random.h"
 #include "rules/rule.h"
 #include "rules/seats.h"
-#include "rules/selection.h"
 #include "rules/turns.h"
+#include "shown/flight.h"
+#include "shown/selection.h"
 #include "tools/progress.h"
 #include "tools/ways_out.h"
 

@@ -4,12 +4,7 @@
 
 #include <vector>
 
-#include "base/types.h"
-
-struct point {
-    f64 x;
-    f64 y;
-};
+#include "base/point.h"
 
 using shape = std::vector<point>;  // the corners of a convex polygon, in order
 

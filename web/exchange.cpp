@@ -20,8 +20,8 @@
 #include "platform/file.h"
 #include "program/map_import.h"
 #include "program/opening.h"
-#include "rules/screens.h"
 #include "rules/seats.h"
+#include "shown/screens.h"
 
 namespace {
 

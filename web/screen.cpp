@@ -12,8 +12,8 @@
 #include "maps/map_work.h"
 #include "maps/model.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 // clang-format off
 EM_JS(void, page_screen_tell, (const char* words), { page_screen(UTF8ToString(words)); });

@@ -26,8 +26,8 @@
 #include "program/frame.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 
 namespace {
 

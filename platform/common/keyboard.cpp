@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/american_keys.h"
 #include "platform/common/input_state.h"
-#include "platform/common/typed_key.h"
 #include "platform/input.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/sdl/key_map.h"
 
-#include "platform/common/typed_key.h"
+#include "platform/american_keys.h"
 #include "platform/input.h"
 
 namespace {

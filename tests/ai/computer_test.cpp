@@ -5,8 +5,9 @@
 
 #include "ai/advice.h"
 #include "rules/cards.h"
-#include "rules/selection.h"
 #include "rules/turns.h"
+#include "shown/flight.h"
+#include "shown/selection.h"
 #include "tests/support/game.h"
 
 namespace {

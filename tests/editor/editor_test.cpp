@@ -9,8 +9,8 @@
 #include "editor/text_entry.h"
 #include "maps/catalogue.h"
 #include "render/camera.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 #include "tests/support/screen.h"
 
 namespace {
@@ -174,7 +174,7 @@ TEST_F(editor_test, ANewStateLandsUnderTheCursorOfAnyMap) {
         game_map.origin_y = -200;
         game_map.scale = scale;
         key(key_1);
-        world_point centre = state_centre(0);
+        point centre = state_centre(0);
         EXPECT_NEAR(centre.x, scale == 0 ? 10 : 96, 1e-9);
         EXPECT_NEAR(centre.y, scale == 0 ? -200 : 32, 1e-9);
         key(key_l);

@@ -6,9 +6,10 @@
 #include "render/camera.h"
 #include "render/motion.h"
 #include "rules/cards.h"
-#include "rules/screens.h"
 #include "rules/seats.h"
-#include "rules/selection.h"
+#include "shown/flight.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 #include "tests/support/screen.h"
 
 namespace {

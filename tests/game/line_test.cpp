@@ -5,9 +5,9 @@
 #include "base/tidings.h"
 #include "rules/acts.h"
 #include "rules/cards.h"
-#include "rules/screens.h"
 #include "rules/seats.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 #include "tests/support/screen.h"
 
 namespace {

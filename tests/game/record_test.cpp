@@ -15,7 +15,7 @@
 #include "maps/reader.h"
 #include "rules/cards.h"
 #include "rules/check.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 #include "tests/support/game.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "maps/catalogue.h"
 #include "maps/map_work.h"
 #include "rules/cards.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 #include "tests/support/screen.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "maps/catalogue.h"
 #include "platform/file.h"
 #include "program/globals.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 #include "tests/support/game.h"
 
 namespace {

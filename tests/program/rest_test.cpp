@@ -6,7 +6,7 @@
 #include "base/time_step.h"
 #include "platform/input.h"
 #include "render/camera.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 #include "tests/support/screen.h"
 
 namespace {

@@ -16,7 +16,7 @@
 #include "render/sprites.h"
 #include "render/text.h"
 #include "render/view.h"
-#include "rules/screens.h"
+#include "shown/screens.h"
 #include "tests/support/screen.h"
 
 namespace {
@@ -133,7 +133,7 @@ TEST_F(drawing_test, KeysAndWheelMoveTheCamera) {
 TEST_F(drawing_test, ADragHoldsTheBoard) {
     auto world_at = [](f64 x, f64 y) {
         camera_matrices_build(1024, 832);
-        world_point at = view_world_point(x, 832 - y);
+        point at = view_world_point(x, 832 - y);
         return std::vector<f64>{at.x, at.y};
     };
     screens.title_menu_open = false;

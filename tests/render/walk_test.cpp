@@ -9,9 +9,9 @@
 #include "render/renderer.h"
 #include "render/view.h"
 #include "rules/cards.h"
-#include "rules/screens.h"
 #include "rules/seats.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 #include "tests/support/screen.h"
 #include "tests/support/walker.h"
 

@@ -1,7 +1,7 @@
 #include "rules/check.h"
 
 #include "rules/cards.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 #include "tests/support/game.h"
 
 namespace {

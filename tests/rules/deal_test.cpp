@@ -3,8 +3,8 @@
 #include <sstream>
 
 #include "rules/cards.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 #include "tests/support/game.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "rules/cards.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 #include "tests/support/game.h"
 
 namespace {

@@ -18,8 +18,8 @@
 #include "render/camera.h"
 #include "render/goal_text.h"
 #include "rules/cards.h"
-#include "rules/screens.h"
-#include "rules/selection.h"
+#include "shown/screens.h"
+#include "shown/selection.h"
 #include "tests/support/screen.h"
 #include "tests/support/walker.h"
 

@@ -6,6 +6,7 @@
 // Places are offsets in pixels from the window's centre, y upwards: with the camera at its start
 // they are world units too.
 
+#include "base/point.h"
 #include "platform/headless/headless.h"
 #include "platform/input.h"
 #include "tests/support/game.h"
@@ -31,11 +32,6 @@ bool frame();
 void point_at(f64 x, f64 y);
 // One click in one frame.
 bool click(f64 x, f64 y, u32 button = mouse_left);
-
-struct point {
-    f64 x;
-    f64 y;
-};
 
 // The name of a slot's picture file, "unknown" for none.
 std::string picture_name(i64 slot);

@@ -11,7 +11,7 @@
 #include "maps/loading.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
-#include "rules/selection.h"
+#include "shown/selection.h"
 #include "tests/support/game.h"
 #include "tools/card_text.h"
 

@@ -4,7 +4,8 @@
 
 #include <vector>
 
-#include "rules/selection.h"
+#include "maps/card.h"
+#include "shown/selection.h"
 #include "tools/solver/retrograde.h"
 
 // A whole turn of the seat to move: perhaps a card is drawn, then a move or none.

@@ -1,8 +1,6 @@
-#include "rules/selection.h"
+#include "shown/selection.h"
 
 selection_record selection;
-flight_record flight;
-u16 stone_stack[stone_stack_size];
 
 namespace {
 

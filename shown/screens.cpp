@@ -1,4 +1,4 @@
-#include "rules/screens.h"
+#include "shown/screens.h"
 
 screen_flags screens;
 app_record app;

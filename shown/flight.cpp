@@ -1,0 +1,4 @@
+#include "shown/flight.h"
+
+flight_record flight;
+u16 stone_stack[stone_stack_size];
