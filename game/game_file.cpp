@@ -115,6 +115,7 @@ void write(u32 mode) {
         failure_tell({"failed to keep the game under way: ", shared_path});
     }
     game_file.failed = !written;
+    game_file_look();
 }
 
 void remove() {
@@ -123,6 +124,7 @@ void remove() {
         file_delete(shared_path);
     }
     own_delete();
+    game_file_look();
 }
 
 void keep(u32 mode) {
@@ -171,7 +173,11 @@ void game_file_write_at_times() {
 }
 
 bool game_can_return() {
-    return record_stays() || file_is_own(shared_path);
+    return record_stays() || game_file.is_there;
+}
+
+void game_file_look() {
+    game_file.is_there = file_is_own(shared_path);
 }
 
 bool file_is_game(str path) {
@@ -209,6 +215,7 @@ bool game_open(str path) {
 bool game_return() {
     if (record_stays() ? !record_resume() : !kept_game_resume()) {
         tiding_tell(tiding_refusal, {"there is no game to go back to"});
+        game_file_look();
         return false;
     }
     board_show();

@@ -15,6 +15,7 @@ struct game_file_record {
     i64 game = 0;             // the number that the game there began with
     bool has_own = false;     // this run's game stands in "kept/"
     bool failed = false;      // the player knows that it cannot be written
+    bool is_there = false;    // when it was looked for last
 };
 
 extern game_file_record game_file;
@@ -26,8 +27,10 @@ void game_file_write_at_times();
 // F4: goes back into the game that was left in this run, else into the one that the file holds;
 // says so where there is none. False then, with nothing changed.
 bool game_return();
-// Whether there is one.
+// Whether there is one, as far as was seen by the last look for the file.
 bool game_can_return();
+// Looks for it: another program may have written or deleted it. Frames look only when a key asks.
+void game_file_look();
 
 // Whether the file at `path` is a game's, by its beginning.
 bool file_is_game(str path);

@@ -71,6 +71,7 @@ void escape_apply() {
         game_file_write();
         screens.player_setup_open = true;
     }
+    game_file_look();
 }
 
 void game_key_apply() {
@@ -87,6 +88,7 @@ void show_key_apply() {
     if (pressed && input_key_is_held(key_shift)) {
         hint_give();
     } else if (pressed) {
+        game_file_look();
         app.show_frames = 1;
     } else if (app.show_frames > 0) {
         app.show_frames += app.show_frames < tap_frames ? 1 : 0;
@@ -203,6 +205,7 @@ void program_start() {
     arena_rewind(arena_persistent, 0);
     title_map_build();
     catalogues_load();
+    game_file_look();
     pipeline_prepare();
     app.running = true;
 }

@@ -60,7 +60,7 @@ void deck_shuffle() {
 }
 
 void deck_refill() {
-    if (deck.cards.count > 0) {
+    if (deck.cards.count > 0 || discard_pile.cards.count == 0) {
         return;
     }
     // Each pile takes over the other's storage, so that neither writes into the other's cards.

@@ -22,6 +22,7 @@
 #include "program/opening.h"
 #include "rules/seats.h"
 #include "shown/screens.h"
+#include "web/pictures.h"
 
 namespace {
 
@@ -86,6 +87,7 @@ EMSCRIPTEN_KEEPALIVE i32 page_file_family(const char* path) {
 
 // Takes in a map's file and shows the map in the list. Else says why not and changes nothing.
 EMSCRIPTEN_KEEPALIVE bool page_map_take(const char* path, i32 family) {
+    page_wake();
     i64 mark = arenas[arena_persistent].offset;
     bool taken = map_import(text_of(path), family);
     if (taken) {
@@ -116,6 +118,7 @@ EMSCRIPTEN_KEEPALIVE void page_map_write(const char* path) {
 // Begins a game on the selected map with seats such as "human,hard"; false when there are no such
 // seats or no such map.
 EMSCRIPTEN_KEEPALIVE bool page_map_play(const char* words) {
+    page_wake();
     seat_list seats;
     return seat_list_read(text_of(words), seats) && selected_map_play(seats);
 }
@@ -126,6 +129,7 @@ EMSCRIPTEN_KEEPALIVE bool page_file_is_game(const char* path) {
 
 // Opens a game's file on the board. Else the game says why not; an editor is left all the same.
 EMSCRIPTEN_KEEPALIVE bool page_game_open(const char* path) {
+    page_wake();
     if (screens.editor_open) {
         screens = {};
     }
@@ -147,12 +151,14 @@ EMSCRIPTEN_KEEPALIVE void page_game_write(const char* path) {
 // Another tab's changes have come into the player's files: the lists are read again. The map that
 // was selected stays so where it still is.
 EMSCRIPTEN_KEEPALIVE void page_files_changed() {
+    page_wake();
     const catalogue_entry* entry = catalogue_selected();
     str path = entry != nullptr ? entry->path : str();
     for (catalogue& list : catalogues) {
         list.count = 0;
     }
     catalogues_load();
+    game_file_look();
     selected_entry = std::min(selected_entry, catalogue_count() - 1);
     for (i64 i = 0; i < catalogue_count(); ++i) {
         selected_entry = (*current_catalogue)[i].path == path ? i : selected_entry;

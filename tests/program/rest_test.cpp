@@ -4,8 +4,10 @@
 
 #include "base/tidings.h"
 #include "base/time_step.h"
+#include "game/game_reader.h"
 #include "platform/input.h"
 #include "render/camera.h"
+#include "rules/cards.h"
 #include "shown/screens.h"
 #include "tests/support/screen.h"
 
@@ -36,6 +38,19 @@ TEST_F(rest_test, frames_repeat_where_nothing_moves_and_nobody_holds_anything) {
     headless_mouse_move(7, 7);
     frame();
     EXPECT_EQ(rest_frames(), 0);
+}
+
+TEST_F(rest_test, a_board_rests_whose_cards_are_all_dealt) {
+    constexpr str game =
+        "quorrel game 1\nfamily turing\nseat human red\n"
+        "chance 0000000000000001 0000000000000002 0000000000000003 0000000000000004\n"
+        "|map 0 0 128\n|deck 1 1 1 1\n|tape 1\n|stone 0\n|. 0 0\n";
+    begin();
+    text_fault fault;
+    ASSERT_TRUE(game_read(str_copy(game), trust_nobody, fault)) << fault.line;
+    screens.title_menu_open = false;
+    EXPECT_EQ(deck.cards.count, 0);
+    EXPECT_EQ(rest_found(), frames_endless);
 }
 
 TEST_F(rest_test, a_tiding_says_when_its_time_is_over) {

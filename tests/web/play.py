@@ -12,7 +12,7 @@ from selenium.webdriver.common.keys import Keys
 
 import games
 import troubles
-from browser import Browser, expect, say
+from browser import PICTURE, Browser, expect, say
 import touch
 from server import Server
 
@@ -92,6 +92,32 @@ def play_each_family(browser):
         browser.wait_shows(f"the winner of the {family} game", WON)
         expect("the winner's name is missing", browser.has((312, 384, 712, 448), RED))
         browser.script("notice_show('')")
+
+
+def rest_and_wake(browser, link):
+    """The board asks for no pictures until a key, a link or another size of the page comes."""
+    say("a still board asks for no pictures")
+    browser.script("window.asked = 0; const ask = requestAnimationFrame;"
+                   "window.requestAnimationFrame = play => { ++asked; return ask(play); }")
+
+    def rests():
+        browser.script("asked = 0")
+        time.sleep(0.3)
+        return browser.script("return asked") == 0
+
+    browser.wait("the rest", rests)
+    browser.press(Keys.F1)
+    browser.wait("the help", lambda: "help" in browser.words())
+    browser.wait("the rest behind a key", rests)
+    width, height = browser.script("return [innerWidth, innerHeight]")
+    browser.resize(width, height - 100)
+    browser.wait("the other size", lambda: browser.script("return canvas.height") == PICTURE[1] - 100)
+    browser.resize(width, height)
+    browser.wait("the rest behind a size", rests)
+    browser.press(Keys.F1)
+    browser.script(f"location.hash = '{link}'")
+    browser.wait("the map list", lambda: browser.words()[:1] == ["maps"])
+    browser.wait("the rest behind a link", rests)
 
 
 def make_map(browser):
@@ -246,6 +272,7 @@ def main():
         open_title(browser, server.address)
         say(f"the first picture after {time.monotonic() - start:.1f} s")
         play_each_family(browser)
+        rest_and_wake(browser, f"#map={link_letters('state', 'rest', GAMES['state'][0])}")
         open_title(browser, server.address)
         make_map(browser)
         link, file = take_link(browser, server.address, folder)
