@@ -4,14 +4,20 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "base/arena.h"
+#include "game/map_drawing.h"
 #include "maps/catalogue.h"
 #include "maps/loading.h"
+#include "menus/held_page.h"
 #include "platform/headless/headless.h"
+#include "platform/input.h"
 #include "program/frame.h"
+#include "render/walk.h"
 #include "rules/deal.h"
 #include "rules/game_state.h"
+#include "shown/screens.h"
 
 namespace {
 
@@ -94,6 +100,76 @@ void board_frame_stress(benchmark::State& state) {
     frames_run(state);
 }
 BENCHMARK(board_frame_stress)->Unit(benchmark::kMicrosecond);
+
+// A map of 65,000 states and as many arrows, all of it in the window, with a stone on every other
+// state.
+void huge_map_make() {
+    map_clear();
+    machine_kind = pushdown_machine;
+    for (i64 s = 0; s < 65'000; ++s) {
+        map_add_state(static_cast<f64>(s % 256) / 40 - 3, static_cast<f64>(s / 256) / 80 - 1.5, 0);
+        map_add_transition(static_cast<u16>(s), static_cast<u16>(s * 7 % 65'000), 1, 0, 16,
+                           "~(A,B,C) & (2|4)");
+    }
+    stones.count = 0;
+    for (i64 s = 0; s < 65'000; s += 2) {
+        dyn_array_push(stones, static_cast<u16>(s));
+    }
+}
+
+void huge_map_show(bool editor) {
+    huge_map_make();
+    game_show();
+    turn.turn_revealed = true;
+    screens = {};
+    screens.title_menu_open = false;
+    screens.editor_open = editor;
+    headless_mouse_move(500, 400);
+    program_frame();
+}
+
+void huge_frame(benchmark::State& state) {
+    program_run program;
+    huge_map_show(false);
+    for (auto _ : state) {
+        program_frame();
+    }
+}
+BENCHMARK(huge_frame)->Unit(benchmark::kMillisecond);
+
+// What a frame takes longer while F2 is held.
+void held_page(benchmark::State& state, bool editor) {
+    program_run program;
+    huge_map_show(editor);
+    for (auto _ : state) {
+        arena_rewind(arena_frame, 0);
+        held_page_draw();
+    }
+}
+BENCHMARK_CAPTURE(held_page, board, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(held_page, editor, true)->Unit(benchmark::kMillisecond);
+
+// What a frame takes longer in which an arrow key is pressed.
+void walk_press(benchmark::State& state) {
+    program_run program;
+    huge_map_show(false);
+    std::vector<box> places;
+    for (i64 s = 0; s < game_map.states.count; ++s) {
+        const point centre = state_centre(s);
+        places.push_back(box_around(centre.x, centre.y, state_size, state_size));
+    }
+    f64 x = 500;
+    for (auto _ : state) {
+        x = 1001 - x;  // a mouse that moves begins the walk anew
+        headless_mouse_move(x, 400);
+        headless_key_press(key_right);
+        input_poll();
+        walk_frame_begin();
+        std::for_each(places.begin(), places.end(), walk_note_on_board);
+        walk_frame_end();
+    }
+}
+BENCHMARK(walk_press)->Unit(benchmark::kMillisecond);
 
 // Without a window and a GPU: the part of start-up that is the game's own.
 void start_up(benchmark::State& state) {

@@ -11,9 +11,23 @@
 
 namespace {
 
-constexpr i64 look_limit = 1000;  // stones and transitions that are looked at in one frame
+constexpr i64 look_limit = 1000;       // stones and transitions that are looked at in one frame
+constexpr i64 rule_bytes = 32 * 1024;  // of their rules, about
 constexpr i64 line_limit = 8;
 constexpr colour broken_tint = {1, 0, 0, 1};
+
+// How many transitions are looked at; the first one is, however long its rule.
+i64 transitions_looked_at() {
+    const i64 most = std::min(game_map.transitions.count, look_limit);
+    i64 bytes = 0;
+    for (i64 t = 0; t < most; ++t) {
+        bytes += game_map.transitions[t].rule.length;
+        if (bytes > rule_bytes) {
+            return std::max(t, i64{1});
+        }
+    }
+    return most;
+}
 
 bool has_broken_rule(i64 index) {
     const transition& arc = game_map.transitions[index];
@@ -38,7 +52,7 @@ void line_put(remark_lines& lines, str remark) {
 }  // namespace
 
 void editor_show_draw() {
-    i64 count = std::min(game_map.transitions.count, look_limit);
+    const i64 count = transitions_looked_at();
     for (i64 t = 0; t < count; ++t) {
         if (has_broken_rule(t)) {
             transition_draw(on_board, game_map.transitions[t], broken_tint);
@@ -54,7 +68,8 @@ str editor_show_words() {
     for (i64 s = 0; s < std::min(stones.count, look_limit); ++s) {
         line_put(lines, stone_remark(s));
     }
-    for (i64 t = 0; t < std::min(game_map.transitions.count, look_limit); ++t) {
+    const i64 count = transitions_looked_at();
+    for (i64 t = 0; t < count; ++t) {
         line_put(lines, reference_remark(t));
         line_put(lines, has_broken_rule(t) ? rule_remark(t) : str());
     }

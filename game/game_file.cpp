@@ -189,7 +189,7 @@ bool file_is_game(str path) {
     return long_enough && !file_failed(file) && text_is_game({start, game_text_start.length});
 }
 
-bool game_open(str path) {
+bool game_open(str path, void (*leave)()) {
     game_file_write();
     i64 mark = arenas[arena_persistent].offset;
     str text;
@@ -198,7 +198,11 @@ bool game_open(str path) {
         failure_tell({"failed to read game: ", path});
         return false;
     }
-    bool opened = game_read(text, trust_nobody, fault);
+    bool opened = game_head_is_right(text, fault);
+    if (opened) {
+        leave();
+        opened = game_read(text, trust_nobody, fault);
+    }
     if (fault.reason.length > 0) {
         failure_tell({str_after_last(path, '/'), ": line ", number_text(fault.line), ": ",
                       fault.reason, opened ? str("; the game stands before it") : str()});

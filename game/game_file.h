@@ -37,5 +37,7 @@ bool file_is_game(str path);
 // Opens it on the board. The game that was under way stays in its file, and in "kept/" once this
 // one is kept. What is wrong with the file is told in one line, with the number of the file's; the
 // game then stands before that, or, when there is not even a position to begin with, false is
-// returned and nothing has changed.
-bool game_open(str path);
+// returned and nothing has changed. `leave` is called before the map is replaced, once what stands
+// before it in the file is known to be right.
+bool game_open(
+    str path, void (*leave)() = [] {});

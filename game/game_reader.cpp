@@ -319,6 +319,13 @@ bool text_is_game(str text) {
     return text_has_prefix(cursor, game_text_start);
 }
 
+bool game_head_is_right(str text, text_fault& fault) {
+    line_input in = {{text.data, text.length, 0}};
+    game_head head;
+    fault = {};
+    return head_read(in, head, fault);
+}
+
 bool game_read(str text, computer_trust trust, text_fault& fault) {
     line_input in = {{text.data, text.length, 0}};
     game_head head;

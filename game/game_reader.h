@@ -21,6 +21,9 @@ enum computer_trust : u8 {
     trust_nobody,  // they decide again, as far as that takes no longer than a second
 };
 
+// Whether what stands before the map is a game's. Changes nothing.
+bool game_head_is_right(str text, text_fault& fault);
+
 // Replaces the running game by the text's: its map, its seats, and its acts up to the first one
 // that cannot be done there or that a computer would not decide on. False, with nothing changed,
 // when there is not even a position to begin with. The text must outlive the call and lie in no

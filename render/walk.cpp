@@ -79,15 +79,20 @@ void arrow_take(const arrow_key& arrow) {
     }
 }
 
-// Whether the last step came from there, by the arrow against this one.
-bool leads_back(f64 x, f64 y) {
+// Whether the last step was one to here, by the arrow against this one.
+bool may_lead_back() {
     if (walk.trail_count == 0) {
         return false;
     }
     const walk_step& last = walk.trail[walk.trail_count - 1];
     return last.direction == arrow_of(walk.step.direction).opposite &&
-           last.to_x == walk.step.from_x && last.to_y == walk.step.from_y && last.from_x == x &&
-           last.from_y == y;
+           last.to_x == walk.step.from_x && last.to_y == walk.step.from_y;
+}
+
+// Whether that step came from there.
+bool leads_back(f64 x, f64 y) {
+    return may_lead_back() && walk.trail[walk.trail_count - 1].from_x == x &&
+           walk.trail[walk.trail_count - 1].from_y == y;
 }
 
 bool was_taken(f64 x, f64 y) {
@@ -156,6 +161,22 @@ void note(const box& place) {
     if (walk.step.direction != walk_nowhere) {
         place_weigh(place.x + place.width / 2, place.y + place.height / 2);
     }
+}
+
+// How many pixels away a place can be and still count: on the largest maps most cannot.
+f64 reach() {
+    if (walk.step.direction == walk_nowhere) {
+        return 0;
+    }
+    return walk.sideways_is_taken || may_lead_back() ? infinite : walk.cost;
+}
+
+// Whether a box of the world is within reach, if not much more.
+bool is_in_reach(const box& place) {
+    const f64 most = reach() * f64{inverse_view_matrix.at[0]};
+    const point from = view_world_point(walk.step.from_x, walk.step.from_y);
+    return std::abs(place.x - from.x) <= most + place.width &&
+           std::abs(place.y - from.y) <= most + place.height;
 }
 
 void note_seen(const box& place, const box& part) {
@@ -239,7 +260,7 @@ void walk_note(const box& place) {
 }
 
 void walk_note_on_board(const box& place) {
-    if (walk.noting) {
+    if (walk.noting && is_in_reach(place)) {
         note_seen(view_window_box(place), board_box());
     }
 }

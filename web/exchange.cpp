@@ -127,14 +127,15 @@ EMSCRIPTEN_KEEPALIVE bool page_file_is_game(const char* path) {
     return file_is_game(text_of(path));
 }
 
-// Opens a game's file on the board. Else the game says why not; an editor is left all the same.
+// Opens a game's file on the board, for which an editor is left. Else the game says why not.
 EMSCRIPTEN_KEEPALIVE bool page_game_open(const char* path) {
     page_wake();
-    if (screens.editor_open) {
-        screens = {};
-    }
-    editor_leave();
-    return game_open(text_of(path));
+    return game_open(text_of(path), [] {
+        if (screens.editor_open) {
+            screens = {};
+        }
+        editor_leave();
+    });
 }
 
 // Whether a game is on the board that can be written.

@@ -15,9 +15,20 @@ function take_next(take, failure) {
 
 // What comes.
 
+let asking = Promise.resolve(); // of all questions so far: two at once would share a dialog's answer
+
+// Shows a dialog, once the one before is answered; its answer.
+function dialog_ask(dialog) {
+    asking = asking.then(() => new Promise(resolve => {
+        dialog.returnValue = "";
+        dialog.onclose = () => resolve(dialog.returnValue);
+        dialog.showModal();
+    }));
+    return asking;
+}
+
 // Asks the player; the first family when the question is left without an answer.
-function family_ask(name) {
-    const dialog = element("families");
+async function family_ask(name) {
     element("families_name").textContent = name;
     element("families_choices").replaceChildren(...family_names().map((family, i) => {
         const button = document.createElement("button");
@@ -25,11 +36,7 @@ function family_ask(name) {
         button.textContent = family;
         return button;
     }));
-    dialog.returnValue = "";
-    dialog.showModal();
-    return new Promise(resolve => {
-        dialog.onclose = () => resolve(Number(dialog.returnValue));
-    });
+    return Number(await dialog_ask(element("families")));
 }
 
 function map_show(path, family) {
@@ -156,16 +163,8 @@ function file_written(write) {
 }
 
 // Asks which of both when a game is on the board: "map" or "game", nothing when neither is meant.
-function goods_ask() {
-    if (!Module.ccall("page_has_game", "boolean")) {
-        return "map";
-    }
-    const dialog = element("goods");
-    dialog.returnValue = "";
-    dialog.showModal();
-    return new Promise(resolve => {
-        dialog.onclose = () => resolve(dialog.returnValue);
-    });
+async function goods_ask() {
+    return Module.ccall("page_has_game", "boolean") ? dialog_ask(element("goods")) : "map";
 }
 
 // What is to go, a map with its family; null on the title menu, where no map has been chosen yet.
