@@ -7,6 +7,7 @@
 
 #include "ai/computer.h"
 #include "base/arena.h"
+#include "maps/nimbers.h"
 #include "maps/reader.h"
 #include "rules/acts.h"
 #include "rules/cards.h"
@@ -356,6 +357,46 @@ TEST_F(solver_test, AWonPositionIsWonAgainstHardSeats) {
             EXPECT_TRUE(promised.winner == nobody || turn.winner == promised.winner) << map.path;
         }
     }
+}
+
+// On maps without a cycle whose light states are those without a way out, whoever is to move wins
+// where the exclusive or of the nimbers is not 0, however the stones stand.
+TEST_F(solver_test, AgreesWithTheNimbersWhereTheLastMoverWins) {
+    chance random(2);
+    i64 won = 0;
+    for (i64 i = 0; i < maps_wanted(); ++i) {
+        arena_rewind(arena_frame, 0);
+        const i64 state_count = 2 + below(random, 8);
+        std::vector<arc> arcs;
+        std::string states = "*";
+        for (i64 from = 1; from < state_count; ++from) {
+            states += '.';
+            for (i64 more = 1 + below(random, 3); more > 0; --more) {
+                arcs.push_back({static_cast<u16>(from), static_cast<u16>(below(random, from)), ""});
+            }
+        }
+        std::vector<u16> on;
+        for (i64 stone = 1 + below(random, 4); stone > 0; --stone) {
+            on.push_back(static_cast<u16>(below(random, state_count)));
+        }
+        map_make(state_machine, states, arcs, on);
+        settings = {};
+        settings.win_mode = win_all_accepting;
+        player_count = 2;
+        seats_adjust();
+        game_start();
+        nimbers_compute();
+        int sum = 0;
+        for (u16 state : stones) {
+            sum ^= state_nimber(state);
+        }
+        solved_position solved;
+        ASSERT_EQ(position_solve(solved), work_well);
+        ASSERT_EQ(solved.best.winner == 0, sum != 0) << map_text();
+        won += sum != 0 ? 1 : 0;
+    }
+    EXPECT_GT(won, maps_wanted() / 4);
+    EXPECT_LT(won, maps_wanted());
 }
 
 TEST_F(solver_test, AgreesWithBruteForceByTheGamesOwnFunctions) {

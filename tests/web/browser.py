@@ -78,8 +78,8 @@ class Browser:
         self.driver.execute_cdp_cmd("Browser.setDownloadBehavior", {
             "behavior": "allow", "downloadPath": folder})
 
-    def script(self, text):
-        return self.driver.execute_script(text)
+    def script(self, text, *arguments):
+        return self.driver.execute_script(text, *arguments)
 
     def text(self, name):
         return self.script(f"return document.getElementById('{name}').textContent.trim()")

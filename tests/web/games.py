@@ -78,12 +78,69 @@ def resume(browser):
     wait_board(browser, AFTER)
 
 
+# A pad whose buttons the test presses, by their numbers in the browser's standard mapping.
+PAD = """
+window.pad_buttons = Array(17).fill().map(() => ({pressed: false, value: 0}));
+navigator.getGamepads = () => [{id: "pad", index: 0, connected: true, mapping: "standard",
+    timestamp: performance.now(), axes: [0, 0, 0, 0], buttons: pad_buttons}];
+dispatchEvent(new Event("gamepadconnected"));
+"""
+PAD_SOUTH, PAD_START, PAD_DOWN = 0, 9, 13
+
+
+def pad_press(browser, button):
+    for down in ("true", "false"):
+        browser.script(f"pad_buttons[{button}] = {{pressed: {down}, value: Number({down})}}")
+        browser.settle()
+        browser.settle()
+
+
+def play_by_pad(browser):
+    say("a gamepad walks, clicks and goes back")
+    browser.script(PAD)
+    browser.move(512, 690)
+    pad_press(browser, PAD_DOWN)  # to the button below, which plays
+    pad_press(browser, PAD_SOUTH)
+    browser.wait("the seats", lambda: "seats" in browser.words())
+    pad_press(browser, PAD_START)
+    browser.wait("the title menu", lambda: "title" in browser.words())
+
+
+def drop(browser, text):
+    browser.script("const data = new DataTransfer(); data.items.add(new File([arguments[0]], 'a.quorrel-game'));"
+                   "document.dispatchEvent(new DragEvent('drop', {dataTransfer: data, cancelable: true}))", text)
+
+
+def drop_on_editor(browser, text):
+    say("a file dropped on the editor leaves it only for a game; two questions wait for each other")
+    browser.click((816, 752))
+    browser.wait("the editor", lambda: "editor" in browser.words())
+    browser.script("notice_show('')")
+    drop(browser, text[:60])
+    browser.wait_text("notice", "line")
+    expect("the editor is left", "editor" in browser.words())
+    drop(browser, text)
+    wait_board(browser, AFTER)
+    first, second = browser.driver.execute_async_script("""
+        const answers = [goods_ask(), goods_ask()];
+        const press = value => setTimeout(() =>
+            element('goods').querySelector(`[value=${value}]`).click(), 100);
+        press('game');
+        answers[0].then(() => press('map'));
+        Promise.all(answers).then(arguments[0]);""")
+    expect(f"the answers are {first} and {second}", (first, second) == ("game", "map"))
+
+
 def play(address, link_of):
     with Browser() as browser, tempfile.TemporaryDirectory() as folder:
         start(browser, address)
         begin(browser, link_of("chain", CHAIN))
         link, file = take(browser, address, folder)
         visit(address, link, file)
+        start(browser, address)
+        play_by_pad(browser)
+        start(browser, address)
+        drop_on_editor(browser, file.read_text())
         resume(browser)
         browser.script(f"location.hash = '#map={link_of('chain', CHAIN)}&seats=human,elephant'")
         browser.wait_text("notice", "no seats")

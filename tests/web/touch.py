@@ -5,6 +5,7 @@ PLAY_GAME, EDITOR = (512, 752), (816, 752)
 SEATS_OK, MAP_AFTER, MAP_PLAY = (512, 768), (672, 112), (512, 752)
 LEFT, RIGHT = (128, 416), (896, 416)
 ASIDE = (512, 250)
+BAND_SHOWN = (0, 0, 30)  # of what F2 shows, about
 
 # Three seats play to and fro; the first one is the first without cards.
 DUEL = ('map 0 0 128\nwin 1\ndeck 1 4 4 4\nhand 2\nstone 0\n* -3 0\n* 3 0\n'
@@ -30,6 +31,10 @@ def play_three_seats(browser, link):
     browser.wait_text("notice", "The map is in your list.")
     browser.tap(MAP_PLAY)
     wait_screen(browser, "game")
+    shown = {browser.from_bottom(20, 190): BAND_SHOWN}
+    for shows in (True, False):  # the button lasts until it is pressed again
+        browser.tap_button("Show what can be done")
+        browser.wait("what F2 shows", lambda: browser.shows(shown) == shows)
     moves = [(LEFT, RIGHT), (RIGHT, LEFT)]
     for turn in range(4):
         wait_screen(browser, "game", absent="covered") if turn == 0 else wait_screen(browser, "covered")
