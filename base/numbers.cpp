@@ -11,6 +11,13 @@ constexpr i64 decimal_count = 4;
 // Enough for the digits of any u64.
 constexpr i64 int_digit_count = 20;
 
+constexpr i64 number_digit_count = 64;
+
+struct decimal_digits {
+    u8 digits[number_digit_count];  // 0 to 9 each, the most significant first
+    i64 integer_count;              // digits before the point, 1 to 64
+};
+
 // The place value of the first digit, 10^(integer_count - 1).
 f64 first_place(f64 value, i64& integer_count) {
     f64 place = 1;
@@ -49,6 +56,27 @@ void digits_carry(decimal_digits& number, i64 last) {
     }
 }
 
+// The digits of `value` >= 0, rounded at the fourth decimal; the decimals follow the integer
+// digits, those past the 64th digit are 0, and what comes after the fourth means nothing. From
+// 10^64 on all 64 digits are 9.
+decimal_digits number_digits(f64 value) {
+    assert(!(value < 0));
+    decimal_digits number = {};
+    if (!(value < 1e64)) {
+        std::fill(number.digits, number.digits + number_digit_count, u8{9});
+        number.integer_count = number_digit_count;
+        return number;
+    }
+    f64 place = first_place(value, number.integer_count);
+    digits_take(number, value, place);
+    i64 rounded = number.integer_count + decimal_count;
+    if (rounded < number_digit_count && number.digits[rounded] >= 5) {
+        number.digits[rounded] = 0;
+        digits_carry(number, rounded - 1);
+    }
+    return number;
+}
+
 // After the last digit shown: trailing zeros of the decimals are not.
 i64 digits_end(const decimal_digits& number) {
     i64 end = std::min(number.integer_count + decimal_count, number_digit_count);
@@ -75,24 +103,6 @@ str digits_write(i64 value, char (&bytes)[int_digit_count + 1]) {
 }
 
 }  // namespace
-
-decimal_digits number_digits(f64 value) {
-    assert(!(value < 0));
-    decimal_digits number = {};
-    if (!(value < 1e64)) {
-        std::fill(number.digits, number.digits + number_digit_count, u8{9});
-        number.integer_count = number_digit_count;
-        return number;
-    }
-    f64 place = first_place(value, number.integer_count);
-    digits_take(number, value, place);
-    i64 rounded = number.integer_count + decimal_count;
-    if (rounded < number_digit_count && number.digits[rounded] >= 5) {
-        number.digits[rounded] = 0;
-        digits_carry(number, rounded - 1);
-    }
-    return number;
-}
 
 void text_builder_put_real(text_builder& builder, f64 value) {
     if (std::isnan(value)) {

@@ -6,18 +6,6 @@
 #include "base/text_builder.h"
 #include "base/types.h"
 
-inline constexpr i64 number_digit_count = 64;
-
-struct decimal_digits {
-    u8 digits[number_digit_count];  // 0 to 9 each, the most significant first
-    i64 integer_count;              // digits before the point, 1 to 64
-};
-
-// The digits of `value` >= 0, rounded at the fourth decimal; the decimals follow the integer
-// digits, those past the 64th digit are 0, and what comes after the fourth means nothing. From
-// 10^64 on, and for a NaN, all 64 digits are 9.
-decimal_digits number_digits(f64 value);
-
 // At most four decimals, without trailing zeros or a bare point: 2.5, 7, -0.0001; "infinity",
 // "-infinity" and "nan" for the values that are no numbers.
 void text_builder_put_real(text_builder& builder, f64 value);

@@ -23,7 +23,6 @@
 #include "render/renderer.h"
 #include "render/text.h"
 #include "render/view.h"
-#include "rules/check.h"
 #include "shown/screens.h"
 #include "shown/selection.h"
 
@@ -248,7 +247,6 @@ void editor_frame(const pointer& mouse) {
         history_frame_end();
         fault_assert(history_fault);
     }
-    fault_assert(state_fault);
 }
 
 void editor_leave() {
@@ -260,4 +258,18 @@ void editor_leave() {
     drag = {};
     rule_advice = {};
     selection = {};
+}
+
+str editor_fault() {
+    if (text_entry.text_purpose_rule && text_entry.text_purpose_map_name) {
+        return "a text is typed for two purposes";
+    }
+    if (goal_editing.new_goal.measure >= measure_count ||
+        goal_editing.new_goal.comparison >= comparison_count) {
+        return "the dialog makes a goal that does not exist";
+    }
+    if (drag.kind > drag_label || (drag.kind != drag_nothing && drag.index < 0)) {
+        return "something is dragged that does not exist";
+    }
+    return {};
 }

@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr f64 stone_size = 48;
+
 constexpr colour stone_tint = {0.2f, 0.4f, 1, 1};
 constexpr colour accepting_tint = {0.4f, 0.7f, 1, 1};
 constexpr colour plain_tint = {0.08f, 0.08f, 0.15f, 1};

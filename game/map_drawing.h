@@ -19,7 +19,6 @@ struct map_placement {
 inline constexpr map_placement on_board = {0, 0, 1, world_space};
 
 inline constexpr f64 state_size = 64;  // world units, side of a state's disc and of its box
-inline constexpr f64 stone_size = 48;
 
 inline constexpr f64 arrow_width = 4;
 inline constexpr f64 bend_offset = 8;   // world units per step of an arrow's bend

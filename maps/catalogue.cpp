@@ -161,3 +161,12 @@ str custom_map_path(str name) {
     }
     return path;
 }
+
+str catalogue_fault() {
+    const catalogue* end = catalogues + machine_kind_count;
+    if (current_catalogue != nullptr &&
+        !(catalogues <= current_catalogue && current_catalogue < end)) {
+        return "the current catalogue is none of the three";
+    }
+    return selected_entry < -1 ? str("the selected map is less than none") : str();
+}

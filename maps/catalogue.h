@@ -55,6 +55,10 @@ const catalogue_entry* catalogue_selected();
 // Whether one follows it.
 bool catalogue_has_next();
 
+// What is broken in the selection of a map, empty when nothing is. The lists themselves are seen to
+// with the other arrays (rules/check.h).
+str catalogue_fault();
+
 // The path, in the persistent arena, under which a custom map of the current family is saved: the
 // family's directory and the name, in which every byte but letters, digits, "/" and "_" becomes
 // "_". It never leads out of that directory.

@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr i64 kept_count = 100;  // files
 constexpr i64 name_limit = 200;  // bytes; file systems take 255 with family and date
 constexpr i64 kept_path_limit = name_limit + 32;
 

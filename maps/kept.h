@@ -12,7 +12,6 @@
 #include "base/types.h"
 
 inline constexpr str kept_folder = "kept";
-inline constexpr i64 kept_count = 100;  // files
 
 // Puts the loaded map, which is of that family and known by that path, into the directory. An empty
 // path is a map without a name.

@@ -95,3 +95,14 @@ void waiting_maps_lose() {
         oldest_lose();
     }
 }
+
+str waiting_maps_fault() {
+    if (waiting_maps.count < 0 || waiting_maps.count > waiting_limit) {
+        return "more maps wait than can";
+    }
+    i64 size = 0;
+    for (i64 i = 0; i < waiting_maps.count; ++i) {
+        size += waiting_maps.maps[i].name_length + waiting_maps.maps[i].text_length;
+    }
+    return size != waiting_maps.used ? str("waiting maps do not fill their memory") : str();
+}

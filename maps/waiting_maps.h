@@ -35,3 +35,6 @@ void waiting_maps_offer(bool (*put)(str name, i64 family, str text));
 void waiting_maps_tell();
 // Loses them all.
 void waiting_maps_lose();
+
+// What is broken in the list, empty when nothing is.
+str waiting_maps_fault();

@@ -27,6 +27,7 @@
 #include "platform/gpu.h"
 #include "platform/input.h"
 #include "platform/system.h"
+#include "program/check.h"
 #include "program/game_screen.h"
 #include "program/globals.h"
 #include "program/rest.h"
@@ -234,6 +235,7 @@ bool program_frame() {
     render_frame_begin();
     screen_frame();
     render_frame_end();
+    fault_assert(program_fault);
     standing_line_show();
     if (u32 error = pipeline_get_error()) {
         gpu_error_stop(error);

@@ -40,6 +40,12 @@ constexpr picture_file picture_files[] = {
 };
 static_assert(sizeof picture_files / sizeof picture_files[0] == texture_slot_count);
 
+u32 picture_load(str path) {
+    image picture = {};
+    image_load(picture, path, image_channels_rgba);
+    return texture_make(picture, filter_trilinear, filter_linear);
+}
+
 }  // namespace
 
 void pictures_load() {
@@ -51,12 +57,6 @@ void pictures_load() {
     for (const picture_file& file : picture_files) {
         texture_set.textures[file.slot] = picture_load(file.path);
     }
-}
-
-u32 picture_load(str path) {
-    image picture = {};
-    image_load(picture, path, image_channels_rgba);
-    return texture_make(picture, filter_trilinear, filter_linear);
 }
 
 u32 texture_make(const image& picture, u32 minification, u32 magnification) {

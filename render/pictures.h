@@ -43,12 +43,9 @@ struct texture_set_record {
 
 extern texture_set_record texture_set;
 
-// Loads every picture, once, at the start of `renderer_init`.
+// Loads every picture as a texture that is smooth at every size, a white one where it cannot be
+// read; once, at the start of `renderer_init`.
 void pictures_load();
-
-// The picture at `path` as a texture that is smooth at every size. A picture that cannot be read
-// becomes a white one.
-u32 picture_load(str path);
 
 // A new texture with the picture's pixels, or one to draw into when the picture has none.
 // The filters are of `texture_filter`; a trilinear minification brings mipmaps.

@@ -8,16 +8,12 @@
 #include "base/fingerprint.h"
 #include "base/time_step.h"
 #include "maps/catalogue.h"
-#include "maps/map_work.h"
 #include "maps/model.h"
-#include "maps/waiting_maps.h"
 #include "rules/acts.h"
 #include "rules/cards.h"
 #include "rules/game_state.h"
 #include "rules/random.h"
 #include "rules/turns.h"
-#include "shown/screens.h"
-#include "shown/selection.h"
 
 namespace {
 
@@ -103,17 +99,6 @@ str arrays_fault() {
     return fault;
 }
 
-str waiting_maps_fault() {
-    if (waiting_maps.count < 0 || waiting_maps.count > waiting_limit) {
-        return "more maps wait than can";
-    }
-    i64 size = 0;
-    for (i64 i = 0; i < waiting_maps.count; ++i) {
-        size += waiting_maps.maps[i].name_length + waiting_maps.maps[i].text_length;
-    }
-    return size != waiting_maps.used ? str("waiting maps do not fill their memory") : str();
-}
-
 bool card_exists(card c) {
     return c.colour < card_colour_count && c.shape < card_shape_count && 1 <= c.number &&
            c.number <= card_number_count;
@@ -179,24 +164,10 @@ str turn_fault() {
     if (turn.human_count < 0 || turn.human_count > player_limit) {
         return "more humans than seats";
     }
-    if (selection.selected_card < no_card) {
-        return "the selected card is less than none";
-    }
     if (random_generator == random_state{}) {
         return "the random generator has no seed";
     }
     return {};
-}
-
-str screens_fault() {
-    if (machine_kind < 0 || machine_kind >= machine_kind_count) {
-        return "the machine kind does not exist";
-    }
-    if (map_work.aside.length > 0 && (screens.editor_open || !map_work.open)) {
-        return "the map under work is played and edited at once";
-    }
-    i64 open = screens.title_menu_open + screens.player_setup_open + screens.map_list_open;
-    return open > 1 ? str("two menus are open") : str();
 }
 
 str done_fault() {
@@ -244,8 +215,11 @@ void fingerprint_add_turn(u64& fingerprint) {
 }  // namespace
 
 str state_fault() {
-    str (*const finders[])() = {arenas_fault, arrays_fault, map_fault,  waiting_maps_fault,
-                                seats_fault,  table_fault,  turn_fault, screens_fault};
+    if (machine_kind < 0 || machine_kind >= machine_kind_count) {
+        return "the machine kind does not exist";
+    }
+    str (*const finders[])() = {arenas_fault, arrays_fault, map_fault,
+                                seats_fault,  table_fault,  turn_fault};
     for (auto find : finders) {
         if (str fault = find(); fault.length > 0) {
             return fault;

@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr i64 rule_list_limit = 8;  // expressions
+
 char rule_buffer[rule_length_limit];  // the rule that is read, without its blanks
 text_cursor cursor;                   // over the buffer
 rule_tree tree;

@@ -7,7 +7,6 @@
 #include "maps/card.h"
 
 inline constexpr i64 rule_length_limit = 1024;  // bytes that count
-inline constexpr i64 rule_list_limit = 8;
 
 // Lists are gone: an operator before one is that operator before each of its expressions, joined by
 // `node_or`. So are parentheses.

@@ -18,6 +18,15 @@ void tape_head_move(char direction) {
     tape_head = count == 0 ? 0 : floor_modulo(tape_head + step, count);
 }
 
+// Where the next stone on an existing state is drawn: its centre, raised by the stones that the
+// board drew there in its last frame.
+void state_world_position(u16 state, f32 (&position)[2]) {
+    assert(state_exists(state));
+    point centre = state_centre(state);
+    position[0] = static_cast<f32>(centre.x);
+    position[1] = static_cast<f32>(centre.y + stone_rise * stone_stack[state]);
+}
+
 }  // namespace
 
 u16 stone_find(u16 state) {
@@ -41,13 +50,6 @@ stone_table stones_locate() {
         }
     }
     return table;
-}
-
-void state_world_position(u16 state, f32 (&position)[2]) {
-    assert(state_exists(state));
-    point centre = state_centre(state);
-    position[0] = static_cast<f32>(centre.x);
-    position[1] = static_cast<f32>(centre.y + stone_rise * stone_stack[state]);
 }
 
 void stone_move(u16 stone, u16 target) {

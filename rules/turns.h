@@ -33,10 +33,6 @@ void open_moves_visit(const stone_table& table, visitor visit) {
     }
 }
 
-// Where the next stone on an existing state is drawn: its centre, raised by the stones that the
-// board drew there in its last frame.
-void state_world_position(u16 state, f32 (&position)[2]);
-
 // Puts a stone on an existing state and starts its flight and the move's time.
 void stone_move(u16 stone, u16 target);
 // The card at `index` leaves the current hand, whose order stays, for the top of the discard pile.

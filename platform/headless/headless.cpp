@@ -11,67 +11,49 @@ namespace {
 
 struct machine {
     u64 time = 0;
-    i32 screen_width = 1920;
-    i32 screen_height = 1080;
     bool window_open = false;
     bool window_closed_by_player = false;
-    bool window_hidden_by_player = false;
     bool fullscreen = false;
     i64 fullscreen_calls = 0;
     f64 pointer_x = 0.0;
     f64 pointer_y = 0.0;
     std::string told = {};
-    std::string standing = {};
 };
 
-machine now;
+machine simulated;
 
 }  // namespace
 
 void headless_reset() {
-    now = {};
+    simulated = {};
     input_reset();
     gestures_end();
     gpu_reset();
 }
 
 void headless_set_time(u64 time) {
-    now.time = time;
-}
-
-void headless_set_screen(i32 width, i32 height) {
-    now.screen_width = width;
-    now.screen_height = height;
-}
-
-void headless_hide_window() {
-    now.window_hidden_by_player = true;
-    input_feed_motion(0, 0);
+    simulated.time = time;
 }
 
 void headless_close_window() {
-    now.window_closed_by_player = true;
+    simulated.window_closed_by_player = true;
     input_feed_motion(0, 0);
 }
 
 bool headless_window_is_open() {
-    return now.window_open;
+    return simulated.window_open;
 }
 
 i64 headless_fullscreen_calls() {
-    return now.fullscreen_calls;
+    return simulated.fullscreen_calls;
 }
 
 bool headless_is_fullscreen() {
-    return now.fullscreen;
+    return simulated.fullscreen;
 }
 
 const std::string& headless_told() {
-    return now.told;
-}
-
-const std::string& headless_standing() {
-    return now.standing;
+    return simulated.told;
 }
 
 void headless_key_press(u32 key) {
@@ -92,10 +74,10 @@ void headless_set_caps_lock(bool on) {
 }
 
 void headless_mouse_move(f64 x, f64 y) {
-    input_feed_motion(x - now.pointer_x, y - now.pointer_y);
+    input_feed_motion(x - simulated.pointer_x, y - simulated.pointer_y);
     input_feed_pointer(x, y);
-    now.pointer_x = x;
-    now.pointer_y = y;
+    simulated.pointer_x = x;
+    simulated.pointer_y = y;
 }
 
 void headless_mouse_press(u32 button) {
@@ -119,31 +101,31 @@ void system_init(u32, f64) {}
 void system_release() {}
 
 u64 system_time() {
-    return now.time;
+    return simulated.time;
 }
 
 void system_sleep(u32) {}
 
 void display_open(i32, i32, str, u32, u32) {
-    now.window_open = true;
+    simulated.window_open = true;
 }
 
 bool display_is_closed() {
-    return now.window_closed_by_player;
+    return simulated.window_closed_by_player;
 }
 
 bool display_is_hidden() {
-    return now.window_hidden_by_player;
+    return false;
 }
 
 void display_set_fullscreen(bool fullscreen) {
-    now.fullscreen = fullscreen;
-    now.fullscreen_calls += 1;
+    simulated.fullscreen = fullscreen;
+    simulated.fullscreen_calls += 1;
 }
 
 void display_get_info(i32& width, i32& height) {
-    width = now.screen_width;
-    height = now.screen_height;
+    width = 1920;
+    height = 1080;
 }
 
 bool display_wants_stillness() {
@@ -151,15 +133,13 @@ bool display_wants_stillness() {
 }
 
 void display_tell(str line) {
-    now.told.assign(line.begin(), line.end());
+    simulated.told.assign(line.begin(), line.end());
 }
 
-void display_stand(str line) {
-    now.standing.assign(line.begin(), line.end());
-}
+void display_stand(str) {}
 
 void display_close() {
-    now.window_open = false;
+    simulated.window_open = false;
 }
 
 void input_poll() {

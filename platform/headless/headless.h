@@ -83,12 +83,10 @@ struct gpu_draw {
 };
 
 // Forgets the script, the recording, the handles and their states; starts every test. Afterwards
-// the clock stands at 0 and the screen is 1920 by 1080.
+// the clock stands at 0; the screen is always 1920 by 1080.
 void headless_reset();
 
 void headless_set_time(u64 time);                         // what `system_time` answers
-void headless_set_screen(i32 width, i32 height);          // what `display_get_info` answers
-void headless_hide_window();                              // the player hides it
 void headless_close_window();                             // the player closes the window
 void headless_fail_shader(u32 nth, std::string message);  // the nth `shader_source` (from 0) fails
 void headless_set_frame_buffer_status(u32 status);        // what `frame_buffer_get_status` answers
@@ -119,5 +117,3 @@ i64 headless_fullscreen_calls();
 bool headless_is_fullscreen();
 // The argument of the last `display_tell`.
 const std::string& headless_told();
-// The argument of the last `display_stand`.
-const std::string& headless_standing();

@@ -24,11 +24,11 @@ TEST_F(numbers_test, RealsHaveFourDecimals) {
         std::string text = real_text(static_cast<f64>(i) / 10000);
         EXPECT_EQ(std::lround(std::stod(text) * 10000), i) << text;
     }
-    EXPECT_EQ(number_digits(1.5e61).integer_count, 62);
+    EXPECT_EQ(real_text(1.5e61).size(), 62U);
     for (f64 value : {9e47, 8e54, 1e55, 1e58, 9.9999999e58, 5e60, 1e63, 9.99e63, 1e64}) {
-        decimal_digits number = number_digits(value);
-        EXPECT_LE(number.integer_count, number_digit_count) << value;
-        EXPECT_LE(*std::ranges::max_element(number.digits), 9) << value;
+        EXPECT_LE(real_text(value).size(), 64U) << value;
+        EXPECT_TRUE(
+            std::ranges::all_of(real_text(value), [](char c) { return '0' <= c && c <= '9'; }));
     }
 }
 

@@ -1,6 +1,12 @@
 #include "rules/check.h"
 
+#include "editor/drag.h"
+#include "editor/text_entry.h"
+#include "maps/catalogue.h"
+#include "maps/waiting_maps.h"
+#include "program/check.h"
 #include "rules/cards.h"
+#include "shown/screens.h"
 #include "shown/selection.h"
 #include "tests/support/game.h"
 
@@ -43,6 +49,29 @@ TEST_F(check_test, NamesWhatIsBroken) {
         EXPECT_EQ(string_of(game_fault()), fault);
         globals_start();
         random_seed(1);
+    }
+}
+
+TEST_F(check_test, EveryRoomIsAsked) {
+    const std::pair<const char*, void (*)()> rows[] = {
+        {"the current catalogue is none of the three", [] { current_catalogue += 3; }},
+        {"waiting maps do not fill their memory", [] { waiting_maps.used = 1; }},
+        {"two menus are open", [] { screens.map_list_open = true; }},
+        {"tape: not in the persistent arena", [] { tape.arena_id = arena_frame; }},
+        {"a text is typed for two purposes",
+         [] { text_entry.text_purpose_rule = text_entry.text_purpose_map_name = true; }},
+        {"something is dragged that does not exist",
+         [] {
+             drag = {drag_label, 0, true, -1};
+         }},
+    };
+    for (const auto& [fault, destroy] : rows) {
+        globals_start();
+        random_seed(1);
+        current_catalogue = catalogues;
+        EXPECT_EQ(string_of(program_fault()), "");
+        destroy();
+        EXPECT_EQ(string_of(program_fault()), fault);
     }
 }
 
