@@ -30,24 +30,6 @@ void changed_map_keep() {
     }
 }
 
-// Everything of a map but its family.
-struct whole_map {
-    map_record map = {};
-    map_settings settings = {};
-    dyn_array<::goal> goals = {};
-    dyn_array<u16> stones = {};
-};
-
-// Puts another map in the place of the loaded one, which is returned; no record moves.
-whole_map map_exchange(const whole_map& other) {
-    const whole_map before = {game_map, settings, goals, stones};
-    game_map = other.map;
-    settings = other.settings;
-    goals = other.goals;
-    stones = other.stones;
-    return before;
-}
-
 }  // namespace
 
 void map_work_begin() {

@@ -33,6 +33,15 @@ void map_clear() {
     game_map.states.count = 0;
 }
 
+whole_map map_exchange(const whole_map& other) {
+    const whole_map before = {game_map, settings, goals, stones};
+    game_map = other.map;
+    settings = other.settings;
+    goals = other.goals;
+    stones = other.stones;
+    return before;
+}
+
 bool state_exists(i64 index) {
     return 0 <= index && index < named_state_count();
 }

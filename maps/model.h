@@ -139,6 +139,17 @@ void transition_remove(i64 index);
 // Forgets states, transitions, stones and goals; the settings stay.
 void map_clear();
 
+// Everything of a map but its family.
+struct whole_map {
+    map_record map = {};
+    map_settings settings = {};
+    dyn_array<::goal> goals = {};
+    dyn_array<u16> stones = {};
+};
+
+// Puts another map in the place of the loaded one, which is returned; no record moves.
+whole_map map_exchange(const whole_map& other);
+
 bool state_exists(i64 index);
 // How many states an index can name; a file may hold more, which are only drawn.
 i64 named_state_count();

@@ -10,6 +10,7 @@ int play_command(const request& asked);
 int trace_command(const request& asked);
 int replay_command(const request& asked);
 int solve_command(const request& asked);
+int make_command(const request& asked);
 int explain_command(const request& asked);
 int draw_command(const request& asked);
 int sheet_command(const request& asked);

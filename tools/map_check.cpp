@@ -7,6 +7,7 @@
 #include "maps/model.h"
 #include "rules/cards.h"
 #include "rules/deal.h"
+#include "rules/game_state.h"
 #include "rules/rule.h"
 #include "rules/rule_tops.h"
 #include "tools/progress.h"
@@ -208,7 +209,10 @@ void map_check(bool cyclic, remarks& found) {
         found.breaks_play.push_back("no states: nothing can be played");
         return;
     }
+    const i64 seats = players.count;  // of games that were played before
+    players.count = 0;
     game_start();
+    players.count = seats;
     const map_facts facts = facts_find();
     references_check(found);
     twins_check(facts.captions, found);

@@ -24,15 +24,14 @@ namespace {
 constexpr u64 draw_instead = 5;
 
 void seats_make(const std::vector<i64>& kinds) {
-    players.count = 0;
-    for (i64 kind : kinds) {
-        player seat;
-        seat.is_computer = kind != human_seat;
-        seat.strength = seat.is_computer ? static_cast<u64>(kind) : strength_easy;
-        seat_colour_set(seat, players.count);
-        dyn_array_push(players, seat);
+    player_count = std::ssize(kinds);
+    seats_adjust();
+    for (i64 i = 0; i < players.count; ++i) {
+        const i64 kind = kinds[static_cast<std::size_t>(i)];
+        players[i].is_computer = kind != human_seat;
+        players[i].strength = static_cast<u64>(kind != human_seat ? kind : i64{strength_easy});
+        seat_colour_set(players[i], i);
     }
-    player_count = players.count;
 }
 
 // The stones as the map has them. Without a catalogue a new game is played on the loaded map as it

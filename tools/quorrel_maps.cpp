@@ -57,6 +57,11 @@ constexpr command_form commands[] = {
      "does best, at the start or in a game that was kept as a file, and what else it could do.\n"
      "--svg: draws that, too. It gives up what takes more than 1024 MB or 600 s; what ctrl+c and\n"
      "the time leave unfinished is told as far as it went."},
+    {"make", make_command, "foKNOlCr", 0, 0,
+     "FAMILY [--level N] [--states N] [--stones N] [--seats N] [--count N] [--seed S] [-o FOLDER]",
+     "Make N maps (1) that are fair and good to play, as files named by what they are. --level: 1\n"
+     "to 5 (3). --seats: for N (2), which between equals win alike. The candidates are numbered, from\n"
+     "S (1) on, and a number is the same map everywhere."},
     {"explain", explain_command, "ptT", 1, 1,
      "RULE|GOAL [--card Aa1] [--top Bb2] [--tape Aa1,Bb2,...]",
      "Say what a rule asks; with a card, whether it may be played on the top card (without one:\n"

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <string>
 
+#include "making/maker.h"
+#include "making/plan.h"
 #include "platform/directory.h"
 #include "rules/cards.h"
 #include "tools/card_text.h"
@@ -33,6 +35,10 @@ bool top_read(std::string_view text) {
     return text.size() == card_field_count && cards_read(text, discard_pile.cards);
 }
 
+bool number_in(std::string_view text, i64 least, i64 most, i64& value) {
+    return number_read(text, value) && least <= value && value <= most;
+}
+
 // clang-format off
 constexpr option_form option_forms[] = {
     {'f', "family", "state, pushdown or turing", [](request& asked, std::string_view value) {
@@ -46,8 +52,7 @@ constexpr option_form option_forms[] = {
     {'c', "cyclic", nullptr, [](request& asked, std::string_view) { return asked.cyclic = true; }},
     {'n', "numbers", nullptr, [](request& asked, std::string_view) { return asked.numbers = true; }},
     {'m', "seats", "a number from 1 to 6", [](request& asked, std::string_view value) {
-         return number_read(value, asked.most_seats) && 1 <= asked.most_seats &&
-                asked.most_seats <= player_limit; }},
+         return number_in(value, 1, player_limit, asked.most_seats); }},
     {'s', "seats", "one to six of easy, normal, hard and human, with commas between them",
      [](request& asked, std::string_view value) { return seats_read(value, asked.seats); }},
     {'g', "games", "a number from 1", [](request& asked, std::string_view value) {
@@ -60,16 +65,23 @@ constexpr option_form option_forms[] = {
     {'P', "svg", "a number of acts from 0", [](request& asked, std::string_view value) {
          return number_read(value, asked.position) && asked.position >= 0; }},
     {'k', "seats", "a number from 1 to 6", [](request& asked, std::string_view value) {
-         return number_read(value, asked.seat_count) && 1 <= asked.seat_count &&
-                asked.seat_count <= player_limit; }},
+         return number_in(value, 1, player_limit, asked.seat_count); }},
     {'D', "deals", "a number from 1", [](request& asked, std::string_view value) {
          return number_read(value, asked.deals) && asked.deals >= 1; }},
+    {'K', "seats", "a number from 2 to 6", [](request& asked, std::string_view value) {
+         return number_in(value, 2, player_limit, asked.seat_count); }},
+    {'N', "states", "a number from 4 to 18", [](request& asked, std::string_view value) {
+         return number_in(value, plan_least_places, plan_place_limit, asked.states); }},
+    {'O', "stones", "a number from 1 to 6", [](request& asked, std::string_view value) {
+         return number_in(value, 1, made_stone_limit, asked.stones); }},
+    {'l', "level", "a number from 1 to 5", [](request& asked, std::string_view value) {
+         return number_in(value, 1, map_level_limit, asked.level); }},
+    {'C', "count", "a number from 1 to 10000", [](request& asked, std::string_view value) {
+         return number_in(value, 1, 10'000, asked.count); }},
     {'M', "memory", "megabytes, 1 to 1000000", [](request& asked, std::string_view value) {
-         return number_read(value, asked.megabytes) && 1 <= asked.megabytes &&
-                asked.megabytes <= 1'000'000; }},
+         return number_in(value, 1, 1'000'000, asked.megabytes); }},
     {'L', "time", "seconds, 1 to 1000000", [](request& asked, std::string_view value) {
-         return number_read(value, asked.seconds) && 1 <= asked.seconds &&
-                asked.seconds <= 1'000'000; }},
+         return number_in(value, 1, 1'000'000, asked.seconds); }},
     {'v', "move", nullptr, [](request& asked, std::string_view) { return asked.move = true; }},
     {'w', "svg", "a file", [](request& asked, std::string_view value) {
          asked.out = view_of(path_absolute(str_from(value)));

@@ -28,6 +28,10 @@ struct request {
     i64 deals = 100;
     i64 megabytes = 1024;
     i64 seconds = 600;
+    i64 states = 0;  // of a map to make, as `map_wish` has them; 0 for any
+    i64 stones = 0;
+    i64 level = 0;
+    i64 count = 1;  // of maps
     bool move = false;
     bool has_card = false;
     card played = {};
