@@ -12,6 +12,14 @@
 
 history_record history;
 
+// At the end of a frame the map is written into the spare one of two copies and compared with the
+// other. Where they differ, what lies between their common beginning and their common end is the
+// step, so that a step takes room by what was changed and time by the whole map: every frame of the
+// editor writes and compares it once. To go back or forward puts one run of bytes in place of
+// another and reads the map from the result. The steps lie one after the other, each with the size
+// of the one before, so that they can be walked both ways and the oldest dropped without a list of
+// them.
+
 namespace {
 
 char copies[2][history_map_limit];

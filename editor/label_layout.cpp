@@ -8,6 +8,10 @@
 #include "render/matrix.h"
 #include "render/view.h"
 
+// A label is moved only where it touches the line of its own arrow or loop: straight away from the
+// line, on the side to which the arrow bends, until it is clear of it. Each is looked at once and
+// none at another, in time proportional to the arrows; labels of two arrows may still meet.
+
 namespace {
 
 constexpr f64 gap = 4;  // world units between a line and its label

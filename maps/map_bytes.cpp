@@ -9,6 +9,10 @@
 #include "base/text_builder.h"
 #include "maps/model.h"
 
+// The fields of each record are named once, for a writer and a reader alike, and copied as they lie
+// in memory. Writing and reading take time proportional to the map; which field a byte belongs to
+// is found by walking over the records before it.
+
 namespace {
 
 enum record_letter : char {
