@@ -27,6 +27,9 @@ bool display_wants_stillness();
 void display_tell(str line);
 // Shows what stands there while no such line is shown; an empty one: nothing.
 void display_stand(str line);
+// Whether all that moves in the next pictures by itself is an ornament. Where such pictures keep
+// the processor busy, as those of a renderer in software do, every other one is left out.
+void display_set_ornament(bool ornament);
 // Waits until something happens that the next poll or picture may show, a signal comes, or so many
 // frames' time has passed since the last frame was presented. Returns how many have.
 i64 display_wait(i64 frames);

@@ -241,6 +241,7 @@ bool program_frame() {
         gpu_error_stop(error);
     }
     tidings_show();
+    display_set_ornament(screens.title_menu_open);
     system_sleep(frame_pause);
     pipeline_present();
     rest_frame_end();

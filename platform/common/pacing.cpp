@@ -8,6 +8,7 @@ namespace {
 constexpr i32 frames_per_second = 60;
 constexpr i64 frame_time = 1'000'000'000 / frames_per_second;
 constexpr i64 undrawn_limit = 3;
+constexpr i64 cost_pictures = 8;  // that the mean of their costs follows
 // A display of 59 Hz takes this much longer for its picture than the game for its frame.
 constexpr i64 display_drift = 1'000'000'000 / (frames_per_second - 1) - frame_time;
 
@@ -49,6 +50,14 @@ i64 pacing_frame_end(pacing& pace, i64 now) {
     pace.has_time = late < frame_time || pace.undrawn == undrawn_limit;
     pace.undrawn = pace.has_time ? 0 : pace.undrawn + 1;
     return now;
+}
+
+void pacing_cost_add(pacing& pace, i64 time) {
+    pace.cost += (time - pace.cost) / cost_pictures;
+}
+
+bool pacing_is_dear(const pacing& pace) {
+    return pace.cost > frame_time / 2;
 }
 
 i64 pacing_after(const pacing& pace, i64 frames) {

@@ -11,6 +11,7 @@ struct pacing {
     i64 due;        // when the next frame begins
     i64 undrawn;    // frames in a row that were not drawn
     bool has_time;  // whether the next frame is to be drawn
+    i64 cost = 0;   // of a picture, in time of the processor: a mean that the latest weigh most in
 };
 
 // A pacing that begins at `now`.
@@ -21,6 +22,10 @@ void pacing_set_display(pacing& pace, i32 refresh_rate);
 // in `has_time` whether it is drawn: frames that come late are caught up with by leaving out
 // pictures, at most three in a row; what is still missing then is forgotten, as after a stop.
 i64 pacing_frame_end(pacing& pace, i64 now);
+// A picture has kept the processor busy for so long.
+void pacing_cost_add(pacing& pace, i64 time);
+// Whether pictures are dear: one costs more than half a frame's time.
+bool pacing_is_dear(const pacing& pace);
 // When the frame that comes so many after the next one would be due.
 i64 pacing_after(const pacing& pace, i64 frames);
 // Nothing was to be played until now: how many frames' time passed since the next one was due. It

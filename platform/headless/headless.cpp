@@ -138,6 +138,8 @@ void display_tell(str line) {
 
 void display_stand(str) {}
 
+void display_set_ornament(bool) {}
+
 void display_close() {
     simulated.window_open = false;
 }

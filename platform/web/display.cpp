@@ -131,4 +131,7 @@ void display_stand(str line) {
     page_stand(line.data, static_cast<int>(line.length));
 }
 
+// A page does not see what its pictures cost.
+void display_set_ornament(bool) {}
+
 void display_close() {}

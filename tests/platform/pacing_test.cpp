@@ -92,6 +92,20 @@ TEST(pacing, a_slow_game_is_drawn_nevertheless) {
     EXPECT_EQ(drawn, 10);
 }
 
+TEST(pacing, pictures_are_dear_that_take_more_than_half_a_frame) {
+    pacing pace = pacing_begin(0);
+    auto dear_after = [&pace](i64 pictures, i64 cost) {
+        for (; pictures > 0; --pictures) {
+            pacing_cost_add(pace, cost * millisecond);
+        }
+        return pacing_is_dear(pace);
+    };
+    EXPECT_FALSE(dear_after(1, 50)) << "a single one";
+    EXPECT_FALSE(dear_after(100, 8));
+    EXPECT_TRUE(dear_after(100, 9));
+    EXPECT_FALSE(dear_after(20, 2)) << "they were dear";
+}
+
 TEST(pacing, acts_bring_a_frame_forward_but_no_more_frames) {
     pacing pace = pacing_begin(0);
     i64 frames = 0;
