@@ -146,11 +146,47 @@ box board_box() {
             render_target.height - bottom_panel_height - top_panel_height};
 }
 
+// What lies ahead and what lies aside count up to their own costs; behind, only the latter does. A
+// place to go back to counts wherever it is.
+box reach_in_window() {
+    const f64 x = walk.step.from_x;
+    const f64 y = walk.step.from_y;
+    if (walk.step.direction == walk_nowhere) {
+        return {x, y, 0, 0};
+    }
+    if (walk.sideways_is_taken) {
+        return board_box();
+    }
+    const arrow_key& arrow = arrow_of(walk.step.direction);
+    const f64 most = f64{1} * render_target.width + render_target.height;
+    const f64 ahead = std::min(walk.cost, most);
+    const f64 behind = std::clamp(walk.cost - cost_aside, 0.0, most);
+    const walk_step back = may_lead_back() ? walk.trail[walk.trail_count - 1] : walk.step;
+    const f64 left = std::min(x - (arrow.x > 0 ? behind : ahead), back.from_x);
+    const f64 right = std::max(x + (arrow.x < 0 ? behind : ahead), back.from_x);
+    const f64 bottom = std::min(y - (arrow.y > 0 ? behind : ahead), back.from_y);
+    const f64 top = std::max(y + (arrow.y < 0 ? behind : ahead), back.from_y);
+    return overlap({left, bottom, right - left, top - bottom}, board_box());
+}
+
+void reach_set() {
+    const box part = reach_in_window();
+    const point corner = view_world_point(part.x - 1, part.y - 1);
+    const point far_corner = view_world_point(part.x + part.width + 1, part.y + part.height + 1);
+    walk.reach = {corner.x, corner.y, far_corner.x - corner.x, far_corner.y - corner.y};
+}
+
+bool is_in_reach(const box& place) {
+    return place.x <= walk.reach.x + walk.reach.width && walk.reach.x <= place.x + place.width &&
+           place.y <= walk.reach.y + walk.reach.height && walk.reach.y <= place.y + place.height;
+}
+
 void place_weigh(f64 x, f64 y) {
     if (const f64 cost = cost_of(x, y); cost < walk.cost) {
         walk.cost = cost;
         walk.step.to_x = x;
         walk.step.to_y = y;
+        reach_set();
     }
 }
 
@@ -161,22 +197,6 @@ void note(const box& place) {
     if (walk.step.direction != walk_nowhere) {
         place_weigh(place.x + place.width / 2, place.y + place.height / 2);
     }
-}
-
-// How many pixels away a place can be and still count: on the largest maps most cannot.
-f64 reach() {
-    if (walk.step.direction == walk_nowhere) {
-        return 0;
-    }
-    return walk.sideways_is_taken || may_lead_back() ? infinite : walk.cost;
-}
-
-// Whether a box of the world is within reach, if not much more.
-bool is_in_reach(const box& place) {
-    const f64 most = reach() * f64{inverse_view_matrix.at[0]};
-    const point from = view_world_point(walk.step.from_x, walk.step.from_y);
-    return std::abs(place.x - from.x) <= most + place.width &&
-           std::abs(place.y - from.y) <= most + place.height;
 }
 
 void note_seen(const box& place, const box& part) {
@@ -244,6 +264,7 @@ void walk_frame_begin() {
     walk.step.from_x = mouse.x;
     walk.step.from_y = mouse.y;
     walk.noting = input_mouse_is_brought() || walk.step.direction != walk_nowhere;
+    reach_set();
 }
 
 void walk_take_sideways() {

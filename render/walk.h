@@ -27,6 +27,8 @@ struct walk_record {
     bool sideways_is_taken = false;  // left and right mean something else on this screen
     walk_step step;                  // where this frame's arrow leads, by the places noted so far
     f64 cost = 0;                    // of that place; infinite before there is one
+    box reach = {};                  // what of the world can hold a place that costs less, or the
+                                     // place that the pointer is on; on large maps most cannot
     box stands_on = {};              // the last place noted that the pointer is on; else no width
     // The last steps since the mouse was used or something clicked.
     walk_step trail[walk_trail_size];
