@@ -1,5 +1,7 @@
 #include "game/refused.h"
 
+#include <algorithm>
+
 #include "game/table_panel.h"
 #include "platform/input.h"
 #include "render/renderer.h"
@@ -88,11 +90,13 @@ refused_act press_judge(const pointer& mouse) {
 
 void click_judge(const pointer& mouse) {
     bool done = refused.done_number != last_done.number;
+    refused.frames_left = std::max(refused.frames_left - 1, 0);
     if (done || mouse.pressed || input_mouse_is_pressed(mouse_right)) {
         refused.what = {};
     }
     if (mouse.pressed && !done && turn.winner == no_winner) {
         refused.what = press_judge(mouse);
+        refused.frames_left = refused.what.why == refused_not ? 0 : refused_frames;
     }
     refused.done_number = last_done.number;
     refused.source = selection.selected_state;

@@ -6,8 +6,11 @@
 #include "render/view.h"
 #include "words/refusal_words.h"
 
+inline constexpr i32 refused_frames = 20;  // for which the pointer shows it
+
 struct refused_record {
-    refused_act what;  // `refused_not`: nothing
+    refused_act what;     // `refused_not`: nothing
+    i32 frames_left = 0;  // for which the pointer still shows it
     // How things were at the end of the last frame.
     i64 done_number = 0;  // of `last_done`
     u16 source = no_index;

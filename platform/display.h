@@ -27,6 +27,8 @@ bool display_wants_stillness();
 void display_tell(str line);
 // Shows what stands there while no such line is shown; an empty one: nothing.
 void display_stand(str line);
+// Whether the mouse pointer is that of what cannot be done.
+void display_refuse(bool refuses);
 // Whether all that moves in the next pictures by itself is an ornament. Where such pictures keep
 // the processor busy, as those of a renderer in software do, every other one is left out.
 void display_set_ornament(bool ornament);

@@ -12,6 +12,7 @@
 #include "game/game_file.h"
 #include "game/game_line.h"
 #include "game/hint.h"
+#include "game/refused.h"
 #include "game/replay.h"
 #include "game/turn_update.h"
 #include "maps/catalogue.h"
@@ -163,6 +164,14 @@ void standing_line_show() {
     }
 }
 
+void refusal_show() {
+    bool refuses = board_is_shown() && refused.frames_left > 0;
+    if (refuses != app.refusal_visible) {
+        app.refusal_visible = refuses;
+        display_refuse(refuses);
+    }
+}
+
 // On the whole screen no title is seen.
 void tidings_show() {
     str line;
@@ -237,6 +246,7 @@ bool program_frame() {
     render_frame_end();
     fault_assert(program_fault);
     standing_line_show();
+    refusal_show();
     if (u32 error = pipeline_get_error()) {
         gpu_error_stop(error);
     }

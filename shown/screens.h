@@ -33,6 +33,7 @@ struct app_record {
     bool keys_visible = false;  // the page of keys, which takes the help page's place
     i32 show_frames = 0;        // for which its key is held: what can be done is shown
     bool memory_report_visible = false;
+    bool refusal_visible = false;  // by the mouse pointer
 };
 
 extern app_record app;

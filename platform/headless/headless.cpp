@@ -18,6 +18,7 @@ struct machine {
     f64 pointer_x = 0.0;
     f64 pointer_y = 0.0;
     std::string told = {};
+    bool refuses = false;
 };
 
 machine simulated;
@@ -54,6 +55,10 @@ bool headless_is_fullscreen() {
 
 const std::string& headless_told() {
     return simulated.told;
+}
+
+bool headless_refuses() {
+    return simulated.refuses;
 }
 
 void headless_key_press(u32 key) {
@@ -137,6 +142,10 @@ void display_tell(str line) {
 }
 
 void display_stand(str) {}
+
+void display_refuse(bool refuses) {
+    simulated.refuses = refuses;
+}
 
 void display_set_ornament(bool) {}
 

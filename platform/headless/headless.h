@@ -117,3 +117,5 @@ i64 headless_fullscreen_calls();
 bool headless_is_fullscreen();
 // The argument of the last `display_tell`.
 const std::string& headless_told();
+// That of the last `display_refuse`.
+bool headless_refuses();

@@ -17,6 +17,7 @@
 #include "platform/common/view.h"
 #include "platform/gl/frame.h"
 #include "platform/png/png.h"
+#include "platform/sdl/cursor.h"
 #include "platform/sdl/gamepads.h"
 #include "platform/sdl/portal.h"
 #include "platform/sdl/window.h"
@@ -296,6 +297,10 @@ void display_tell(str line) {
 void display_stand(str line) {
     standing_line.assign(line.begin(), line.end());
     title_show();
+}
+
+void display_refuse(bool refuses) {
+    cursor_refuse(refuses);
 }
 
 void display_close() {

@@ -17,6 +17,7 @@ EM_JS(void, page_fullscreen_set, (bool wanted), { page_fullscreen(wanted !== 0);
 EM_JS(bool, page_is_touched, (), { return page_touched(); });
 EM_JS(void, page_tell, (const char* line, int length), { page_told(UTF8ToString(line, length)); });
 EM_JS(void, page_stand, (const char* line, int length), { page_stood(UTF8ToString(line, length)); });
+EM_JS(void, page_refuse, (bool refuses), { canvas.style.cursor = refuses ? "not-allowed" : ""; });
 EM_JS(int, page_wants_stillness, (), {
     return matchMedia("(prefers-reduced-motion: reduce)").matches ? 1 : 0;
 });
@@ -129,6 +130,10 @@ void display_tell(str line) {
 
 void display_stand(str line) {
     page_stand(line.data, static_cast<int>(line.length));
+}
+
+void display_refuse(bool refuses) {
+    page_refuse(refuses);
 }
 
 // A page does not see what its pictures cost.

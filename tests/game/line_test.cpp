@@ -105,4 +105,21 @@ TEST_F(line_test, WhatIsDoneAndWhatIsRefused) {
     });
 }
 
+TEST_F(line_test, ThePointerShowsForAMomentThatAClickIsRefused) {
+    game_make(boards.at("state"), "HH");
+    act('1');
+    EXPECT_FALSE(headless_refuses());
+    act('0');
+    EXPECT_TRUE(headless_refuses());
+    for (i64 left = 20; left > 0; --left) {
+        frame();
+    }
+    EXPECT_FALSE(headless_refuses());
+    act('o');
+    EXPECT_TRUE(headless_refuses());
+    screens.title_menu_open = true;
+    frame();
+    EXPECT_FALSE(headless_refuses());
+}
+
 }  // namespace
