@@ -12,6 +12,7 @@
 #include "platform/gl/opengl.h"
 #include "platform/gl/state.h"
 #include "platform/gl/targets.h"
+#include "platform/gl/window_picture.h"
 #include "platform/gpu.h"
 
 namespace {
@@ -25,10 +26,16 @@ struct selected_objects {
     u32 unit;
     u32 program;
     u32 frame_buffer;
+    bool whole_viewport;
 };
 
 selected_objects selected;
-f32 coverage = 1;  // of what is drawn with the matrix that was set last
+
+// Of what is drawn with the matrix that was set last.
+f32 coverage = 1;
+clip_box bounds = clip_all;
+
+clip_box area = clip_all;  // in which the calls draw
 
 template <std::size_t count>
 std::array<f32, count> reals_of(words from) {
@@ -60,18 +67,24 @@ view_box box_of(words at) {
             static_cast<i32>(at[3])};
 }
 
+// Confines what is drawn into the bound frame buffer.
+void area_apply() {
+    view_box pixels = damage_pixels(area, target_whole(state_bound_frame_buffer()));
+    state_scissor(area == clip_all ? nullptr : &pixels);
+}
+
 // The window is cleared where it shows the game's picture, and black beside it.
 void clear_run(GLenum mask) {
     const view_box& shown = view.shown;
-    if (state_bound_frame_buffer() == 0 && view_size{shown.width, shown.height} != view.window) {
+    bool has_margin = view_size{shown.width, shown.height} != view.window;
+    if (state_bound_frame_buffer() == window_picture() && has_margin && area == clip_all) {
         std::array<f32, 4> colour = state_clear_color(black);
         glClear(mask);
         state_clear_color(colour);
-        glScissor(shown.x, shown.y, shown.width, shown.height);
-        glEnable(GL_SCISSOR_TEST);
+        state_scissor(&shown);
     }
     glClear(mask);
-    glDisable(GL_SCISSOR_TEST);
+    area_apply();
 }
 
 }  // namespace
@@ -96,7 +109,8 @@ void frame_call_run(frame_call call, words at) {
             uniform_run(call, at[0], static_cast<i32>(at[1]), at.subspan(2));
             break;
         case frame_call::frame_buffer_bind:
-            state_frame_buffer(at[0]);
+            state_frame_buffer(at[0] == 0 ? window_picture() : at[0]);
+            area_apply();
             break;
         case frame_call::blend_enable:
             state_blend(at[0] != 0);
@@ -116,6 +130,14 @@ void frame_call_run(frame_call call, words at) {
             break;
         case frame_call::part_end:
             glFinish();
+            break;
+        case frame_call::area:
+            assert(at.size_bytes() == sizeof area);
+            std::memcpy(&area, at.data(), sizeof area);
+            area_apply();
+            break;
+        case frame_call::show:
+            window_picture_show();
             break;
     }
 }
@@ -144,6 +166,7 @@ void vertex_array_unbind() {
 void shader_bind(u32 program) {
     selected.program = program;
     coverage = 1;
+    bounds = clip_all;
     frame_set(frame_call::shader_bind, {program});
 }
 
@@ -163,7 +186,9 @@ void shader_uniform4f(i32 location, const f32* values) {
 void shader_uniform_matrix4fa(i32 location, [[maybe_unused]] u32 count, bool transpose,
                               const f32* values) {
     assert(count == 1);
-    coverage = location < 0 || transpose ? 1 : unit_square_coverage(values);
+    bool is_told = location >= 0 && !transpose;
+    coverage = is_told ? unit_square_coverage(values) : 1;
+    bounds = is_told ? damage_bounds(values) : clip_all;
     frame_set(transpose ? frame_call::uniform_matrix_transposed : frame_call::uniform_matrix,
               {selected.program, static_cast<u32>(location)}, {values, 16});
 }
@@ -171,6 +196,7 @@ void shader_uniform_matrix4fa(i32 location, [[maybe_unused]] u32 count, bool tra
 void frame_buffer_bind([[maybe_unused]] u32 target, u32 frame_buffer) {
     assert(target == frame_buffer_draw);
     selected.frame_buffer = frame_buffer;
+    selected.whole_viewport = false;
     frame_set(frame_call::frame_buffer_bind, {frame_buffer});
 }
 
@@ -183,6 +209,8 @@ void pipeline_blend_enable(bool enable) {
 }
 
 void pipeline_viewport(i32 x, i32 y, i32 width, i32 height) {
+    selected.whole_viewport = target_box(selected.frame_buffer, {x, y, width, height}) ==
+                              target_whole(selected.frame_buffer);
     frame_set(frame_call::viewport,
               {selected.frame_buffer, static_cast<u32>(x), static_cast<u32>(y),
                static_cast<u32>(width), static_cast<u32>(height)});
@@ -193,7 +221,7 @@ void pipeline_clear_color(f32 red, f32 green, f32 blue, f32 alpha) {
 }
 
 void pipeline_clear(u32 mask) {
-    frame_draw(frame_call::clear, {gl_of(clear_masks, mask)}, 1);
+    frame_draw(frame_call::clear, {gl_of(clear_masks, mask)}, 1, clip_all);
 }
 
 void draw_elements(u32 kind, u32 index_type, u32 first, u32 count, [[maybe_unused]] u32 base_vertex,
@@ -202,7 +230,7 @@ void draw_elements(u32 kind, u32 index_type, u32 first, u32 count, [[maybe_unuse
     frame_draw(
         frame_call::draw_elements,
         {gl_of(primitives, kind), count, gl_of(component_types, index_type), first, instances},
-        coverage);
+        coverage, selected.whole_viewport ? bounds : clip_all);
 }
 
 bool pipeline_is_same() {

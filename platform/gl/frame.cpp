@@ -4,9 +4,13 @@
 #include <array>
 #include <cassert>
 #include <cstddef>
+#include <cstring>
 #include <utility>
 #include <vector>
 
+#include "base/fingerprint.h"
+#include "platform/common/view.h"
+#include "platform/gl/kept_calls.h"
 #include "platform/gl/targets.h"
 #include "platform/system.h"
 
@@ -17,68 +21,65 @@ constexpr f32 part_coverage = 32;  // whole pictures
 constexpr u32 part_draws = 16'384;
 constexpr u64 parts_time = 500'000'000;  // nanoseconds for the parts drawn in one go
 
-// A frame keeps about this many words: more than a million letters in 128 MiB, which a few words
-// more could double. What comes before the rest of a longer one is drawn at once, with every such
-// frame anew.
-constexpr std::size_t kept_most = std::size_t{32} * 1024 * 1024 - 1024;
+// A frame keeps about this many words, 128 MiB. What comes before the rest of a longer one is drawn
+// at once, with every such frame anew.
+constexpr std::size_t kept_most = std::size_t{32} * 1024 * 1024;
+// A frame of more draws is drawn whole.
+constexpr std::size_t compared_most = 16'384;
 
-constexpr std::size_t arguments_most = 18;  // a program, a location and a matrix
-
-// The parts of a kept call's first word, from the lowest bit on.
-constexpr u32 call_bits = 5;
-constexpr u32 count_bits = 5;
-static_assert(static_cast<u32>(frame_call::part_end) < 1U << call_bits);
-static_assert(arguments_most < 1U << count_bits);
-static_assert(call_bits + count_bits + arguments_most <= 32);
-
-using words = std::vector<u32>;
-
-// What draws are made with, as the game set it last.
-struct setting {
-    frame_call call;
-    words arguments;
+// A frame, and what it is compared by.
+struct frame_list {
+    kept_calls calls;
+    std::vector<drawn> draws;  // all of them, where they are compared
+    bool compared = true;      // where the frame before is known
+    u64 print = 0;             // of all draws
 };
 
-// Frames are lists of calls: each one word for the call, the number of its arguments and a bit for
-// each of them that is not 0, and then these. Most numbers of a matrix are 0.
-struct frame_record {
-    words kept;                 // the frame that is being made
-    words shown;                // the frame drawn last
-    std::size_t shown_end = 0;  // up to where it is drawn, if it takes several parts
-    bool asked = true;          // for a picture, whatever it shows
-    bool held = false;
-    bool drawn = false;  // completely, with the frame completed last
-    bool same = false;   // as the one before: the frame completed last
+// What the game sets, or a kind of draw.
+struct made_call {
+    call_words latest;
+    call_words kept;        // as it was kept last
+    bool is_known = false;  // whether the next draw is made with it
+    bool is_kept = false;
+    u64 print = 0;  // of `kept`
+    u64 turn = 0;   // of `latest` among all settings
+};
 
-    // What the next draw is made with, as the game set it last, and the places of what no draw was
-    // made with yet, in the game's order.
-    std::vector<setting> settings;
-    std::vector<std::size_t> changed;
-
+// What the frame that is being made is made with.
+struct making {
+    std::vector<made_call> calls;  // by place: in the order in which the frame has them first
+    std::vector<u32> waiting;      // for the next draw: places, in the order of the latest calls
+    u64 print = 0;                 // of all that was kept last
+    u64 turns = 0;
     f32 covered = 0;  // by the draws of the part
     u32 draws = 0;    // of the part
 };
 
+// How far the frame drawn last is drawn.
+struct drawing {
+    std::size_t at = 0;              // the next call
+    std::size_t draws = 0;           // before it
+    std::vector<call_words> latest;  // by place
+    std::vector<u32> waiting;        // for the next draw inside of the damage
+    clip_box damage = clip_all;
+};
+
+struct frame_record {
+    frame_list made;   // the frame that is being made
+    frame_list shown;  // the frame drawn last; its calls until it is drawn completely
+    making make;
+    drawing draw;
+    bool dropped = false;  // the calls of the frame that is being made: it will not be drawn
+    bool asked = true;     // for a picture, whatever it shows
+    bool held = false;
+    bool drawn = false;  // completely, with the frame completed last
+    bool same = false;   // as the one before: the frame completed last
+};
+
 frame_record frame;
 
-void call_keep(frame_call call, std::span<const u32> arguments) {
-    std::size_t head = frame.kept.size();
-    frame.kept.push_back(static_cast<u32>(call) | static_cast<u32>(arguments.size()) << call_bits);
-    u32 bit = 1U << (call_bits + count_bits);
-    for (u32 argument : arguments) {
-        if (argument != 0) {
-            frame.kept[head] |= bit;
-            frame.kept.push_back(argument);
-        }
-        bit <<= 1;
-    }
-}
-
-void settings_keep() {
-    for (std::size_t place : frame.changed) {
-        call_keep(frame.settings[place].call, frame.settings[place].arguments);
-    }
-    frame.changed.clear();
+bool is_setting(frame_call call) {
+    return call < frame_call::clear;
 }
 
 // How many of its first arguments say what a call sets.
@@ -97,78 +98,200 @@ std::size_t name_length(frame_call call) {
     }
 }
 
-std::size_t setting_place(frame_call call, std::span<const u32> arguments) {
-    std::span<const u32> name = arguments.first(name_length(call));
-    auto found =
-        std::find_if(frame.settings.begin(), frame.settings.end(), [=](const setting& one) {
-            return one.call == call && std::equal(name.begin(), name.end(), one.arguments.begin());
-        });
-    if (found == frame.settings.end()) {
-        found = frame.settings.insert(found, {call, {name.begin(), name.end()}});
+u32 place_of(const call_words& wanted) {
+    std::vector<made_call>& calls = frame.make.calls;
+    const u32* name_end = wanted.at.data() + name_length(wanted.call);
+    auto found = std::find_if(calls.begin(), calls.end(), [&](const made_call& one) {
+        return one.latest.call == wanted.call &&
+               std::equal(wanted.at.data(), name_end, one.latest.at.data());
+    });
+    if (found == calls.end()) {
+        found = calls.insert(found, {wanted, {}, false, false, 0, 0});
     }
-    return static_cast<std::size_t>(found - frame.settings.begin());
+    return static_cast<u32>(found - calls.begin());
+}
+
+void wait_last(std::vector<u32>& waiting, u32 place) {
+    std::erase(waiting, place);
+    waiting.push_back(place);
+}
+
+u64 call_print(const call_words& call) {
+    u64 print = static_cast<u64>(call.call);
+    for (u32 word : call.words()) {
+        fingerprint_add(print, word);
+    }
+    fingerprint_add(print, call.count);
+    return print;
+}
+
+void call_keep(u32 place) {
+    made_call& made = frame.make.calls[place];
+    if (!frame.dropped) {
+        kept_add(frame.made.calls, place, made.latest, made.is_kept ? &made.kept : nullptr);
+    }
+    u64 print = call_print(made.latest);
+    frame.make.print += print - made.print;
+    made.kept = made.latest;
+    made.is_known = made.is_kept = true;
+    made.print = print;
+}
+
+void waiting_keep() {
+    for (u32 place : frame.make.waiting) {
+        call_keep(place);
+    }
+    frame.make.waiting.clear();
 }
 
 void part_begin() {
-    frame.covered = 0;
-    frame.draws = 0;
+    frame.make.covered = 0;
+    frame.make.draws = 0;
 }
 
-void frame_begin() {
-    frame.kept.clear();
-    frame.settings.clear();
-    frame.changed.clear();
-    part_begin();
+// Of a frame that is held nobody will see anything, and one that comes while another is drawn takes
+// its place only where it is done much sooner.
+bool made_is_dropped() {
+    std::size_t rest = frame.shown.calls.size - frame.draw.at;
+    return frame.held || (!frame.asked && rest > 0 && frame.made.calls.size > rest / 2);
 }
 
-// Makes the call at a place of a list; returns the place of the next one.
-std::size_t call_run(const words& list, std::size_t at) {
-    u32 head = list[at++];
-    std::size_t count = head >> call_bits & ((1U << count_bits) - 1);
-    std::array<u32, arguments_most> arguments = {};
-    for (std::size_t i = 0; i < count; ++i) {
-        if ((head >> (call_bits + count_bits + i) & 1) != 0) {
-            arguments[i] = list[at++];
-        }
+void made_begin() {
+    kept_clear(frame.made.calls);
+    frame.made.draws.clear();
+    frame.made.compared = true;
+    frame.made.print = 0;
+    frame.make = {};
+    frame.dropped = frame.held;
+}
+
+void waiting_run() {
+    for (u32 place : frame.draw.waiting) {
+        const call_words& call = frame.draw.latest[place];
+        frame_call_run(call.call, call.words());
     }
-    frame_call_run(static_cast<frame_call>(head & ((1U << call_bits) - 1)),
-                   {arguments.data(), count});
-    return at;
+    frame.draw.waiting.clear();
+}
+
+// Whether a draw, which is counted here, may show in the damage.
+bool draw_is_needed() {
+    std::size_t draw = frame.draw.draws++;
+    return frame.draw.damage == clip_all ||
+           damage_meets(frame.draw.damage, frame.shown.draws[draw].bounds,
+                        {view.shown.width, view.shown.height});
+}
+
+// Makes the next call of a list; returns which it was.
+frame_call call_run(const kept_calls& list) {
+    u32 place = kept_read(list, frame.draw.at, frame.draw.latest);
+    const call_words& call = frame.draw.latest[place];
+    if (is_setting(call.call)) {
+        wait_last(frame.draw.waiting, place);
+    } else if (call.call == frame_call::part_end || draw_is_needed()) {
+        waiting_run();
+        frame_call_run(call.call, call.words());
+    }
+    return call.call;
+}
+
+void area_set(const clip_box& damage) {
+    std::array<u32, 4> box = {};
+    std::memcpy(box.data(), &damage, sizeof box);
+    frame_call_run(frame_call::area, box);
 }
 
 // Goes on with the picture until its end or, at the end of a part, until the time is over.
 void parts_run() {
     u64 begin = system_time();
     bool over = false;
-    while (!over && frame.shown_end < frame.shown.size()) {
-        bool part_ends = frame.shown[frame.shown_end] == static_cast<u32>(frame_call::part_end);
-        frame.shown_end = call_run(frame.shown, frame.shown_end);
+    area_set(frame.draw.damage);
+    while (!over && frame_is_begun()) {
+        bool part_ends = call_run(frame.shown.calls) == frame_call::part_end;
         over = part_ends && system_time() - begin > parts_time;
+        if (part_ends) {
+            kept_drop(frame.shown.calls, frame.draw.at);
+        }
+    }
+    area_set(clip_all);
+    frame.drawn = !frame_is_begun();
+    if (frame.drawn) {
+        frame_call_run(frame_call::show, {});
+        kept_clear(frame.shown.calls);
+        frame.draw = {};
     }
 }
 
+// Draws what is kept so far, of a frame that is then drawn whole, and differs from the next one,
+// which may hold all of it.
 void kept_run() {
-    for (std::size_t at = 0; at < frame.kept.size();) {
-        at = call_run(frame.kept, at);
-    }
-    frame_begin();
     frame.asked = true;
+    frame.made.compared = false;
+    frame.made.print = 0;
+    frame.draw = {};
+    while (frame.draw.at < frame.made.calls.size) {
+        call_run(frame.made.calls);
+    }
+    frame.draw = {};
+    kept_clear(frame.shown.calls);
+    kept_clear(frame.made.calls);
+    for (made_call& made : frame.make.calls) {
+        made.is_kept = false;
+    }
+    part_begin();
 }
 
-// Draws what is kept so far. While nobody can see it, it is forgotten instead, and what follows
-// with it: all of a held frame is.
-void room_make() {
-    if (frame.held) {
-        frame.kept.clear();
-    } else {
-        kept_run();
+// Sets what the game set, in its order, also where its draws are not kept. The call that follows
+// may change what any of it stands for: an object that is gone, another of the same name.
+void settings_run() {
+    std::vector<made_call*> settings;
+    for (made_call& made : frame.make.calls) {
+        if (is_setting(made.latest.call)) {
+            settings.push_back(&made);
+        }
+        made.is_known = false;
+    }
+    std::sort(settings.begin(), settings.end(),
+              [](const made_call* a, const made_call* b) { return a->turn < b->turn; });
+    for (const made_call* made : settings) {
+        frame_call_run(made->latest.call, made->latest.words());
     }
 }
 
-// A picture that was begun is completed before the next one, unless that is done sooner.
-bool kept_is_next() {
-    std::size_t rest = frame.shown.size() - frame.shown_end;
-    return frame.asked || (rest > 0 ? frame.kept.size() < rest : !frame.same);
+// Notes a draw for the comparison with other frames.
+void draw_note(frame_call call, const clip_box& bounds) {
+    u64 print = frame.make.print;
+    fingerprint_add(print, static_cast<u64>(call));
+    fingerprint_add(frame.made.print, print);
+    if (frame.made.draws.size() == compared_most) {
+        frame.made.compared = false;
+        frame.made.draws.clear();
+    }
+    if (frame.made.compared) {
+        frame.made.draws.push_back({print, bounds});
+    }
+}
+
+void part_draw(f32 coverage) {
+    frame.make.covered += coverage;
+    ++frame.make.draws;
+    if (frame.make.covered > part_coverage || frame.make.draws > part_draws) {
+        call_keep(place_of({frame_call::part_end, 0, {}}));
+        part_begin();
+    }
+}
+
+clip_box damage_now(bool targets_last) {
+    bool is_known = targets_last && !frame.asked && !frame_is_begun() && frame.made.compared &&
+                    frame.shown.compared;
+    return is_known ? damage_find(frame.shown.draws, frame.made.draws) : clip_all;
+}
+
+// Begins to draw the frame that was made.
+void made_show() {
+    bool targets_last = targets_fit();
+    frame.draw = {0, 0, {}, {}, damage_now(targets_last)};
+    std::swap(frame.made, frame.shown);
+    frame.asked = false;
 }
 
 }  // namespace
@@ -178,11 +301,11 @@ void frame_ask() {
 }
 
 void frame_hold(bool hold) {
-    frame.held = hold;
+    frame.held = frame.dropped = hold;
 }
 
 bool frame_is_begun() {
-    return frame.shown_end < frame.shown.size();
+    return frame.draw.at < frame.shown.calls.size;
 }
 
 bool frame_is_drawn() {
@@ -198,57 +321,58 @@ bool frame_is_due() {
 }
 
 void frame_set(frame_call call, std::initializer_list<u32> arguments, std::span<const f32> reals) {
-    std::array<u32, arguments_most> all = {};
-    assert(arguments.size() + reals.size() <= all.size());
-    auto* reals_begin = std::copy(arguments.begin(), arguments.end(), all.begin());
+    call_words wanted = {call, static_cast<u32>(arguments.size() + reals.size()), {}};
+    assert(wanted.count <= arguments_most);
+    u32* reals_begin = std::copy(arguments.begin(), arguments.end(), wanted.at.data());
     std::span<const std::byte> bits = std::as_bytes(reals);
     std::copy(bits.begin(), bits.end(), reinterpret_cast<std::byte*>(reals_begin));
-    std::span<const u32> set(all.data(), arguments.size() + reals.size());
-    std::size_t place = setting_place(call, set);
-    words& known = frame.settings[place].arguments;
-    if (std::equal(known.begin(), known.end(), set.begin(), set.end())) {
+    u32 place = place_of(wanted);
+    made_call& made = frame.make.calls[place];
+    if (made.is_known && made.latest.at == wanted.at) {
         return;
     }
-    known.assign(set.begin(), set.end());
-    std::erase(frame.changed, place);
-    frame.changed.push_back(place);
+    made.latest = wanted;
+    made.is_known = true;
+    made.turn = ++frame.make.turns;
+    wait_last(frame.make.waiting, place);
 }
 
-void frame_draw(frame_call call, std::initializer_list<u32> arguments, f32 coverage) {
+void frame_draw(frame_call call, std::initializer_list<u32> arguments, f32 coverage,
+                const clip_box& bounds) {
     if (coverage == 0) {
         return;
     }
-    settings_keep();
-    call_keep(call, arguments);
-    frame.covered += coverage;
-    ++frame.draws;
-    if (frame.covered > part_coverage || frame.draws > part_draws) {
-        call_keep(frame_call::part_end, {});
-        part_begin();
+    waiting_keep();
+    call_words wanted = {call, static_cast<u32>(arguments.size()), {}};
+    std::copy(arguments.begin(), arguments.end(), wanted.at.begin());
+    u32 place = place_of(wanted);
+    frame.make.calls[place].latest = wanted;
+    call_keep(place);
+    draw_note(call, bounds);
+    part_draw(coverage);
+    if (frame.made.calls.size > kept_most) {
+        kept_run();
     }
-    if (frame.kept.size() > kept_most) {
-        room_make();
+    if (!frame.dropped && made_is_dropped()) {
+        frame.dropped = true;
+        kept_clear(frame.made.calls);
     }
 }
 
 void frame_flush() {
-    settings_keep();
     kept_run();
+    settings_run();
 }
 
 void frame_finish() {
-    settings_keep();
-    frame.same = frame.kept == frame.shown;
-    if (!frame.held && kept_is_next()) {
-        targets_fit();
-        std::swap(frame.kept, frame.shown);
-        frame.shown_end = 0;
-        frame.asked = false;
+    frame.same = frame.made.print == frame.shown.print;
+    if (!frame.dropped && (frame.asked || frame_is_begun() || !frame.same)) {
+        made_show();
     }
     frame.drawn = false;
     if (!frame.held && frame_is_begun()) {
         parts_run();
-        frame.drawn = frame.shown_end == frame.shown.size();
     }
-    frame_begin();
+    made_begin();
+    kept_store_trim();
 }

@@ -22,6 +22,8 @@ struct gl_state {
     u32 frame_buffer = 0;
     bool blend = false;
     view_box viewport = {0, 0, -1, -1};
+    bool confined = false;
+    view_box scissor = {0, 0, -1, -1};
     std::array<f32, 4> clear_color = {};
     std::vector<std::vector<uniform_words>> uniforms;  // by program, then location
 };
@@ -105,6 +107,15 @@ void state_blend(bool enable) {
 void state_viewport(const view_box& box) {
     if (changed(now.viewport, box)) {
         glViewport(box.x, box.y, box.width, box.height);
+    }
+}
+
+void state_scissor(const view_box* box) {
+    if (changed(now.confined, box != nullptr)) {
+        (now.confined ? glEnable : glDisable)(GL_SCISSOR_TEST);
+    }
+    if (box != nullptr && changed(now.scissor, *box)) {
+        glScissor(box->x, box->y, box->width, box->height);
     }
 }
 

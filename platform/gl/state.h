@@ -19,6 +19,8 @@ void state_frame_buffer(u32 frame_buffer);
 u32 state_bound_frame_buffer();
 void state_blend(bool enable);
 void state_viewport(const view_box& box);
+// Where alone draws and clears change pixels; null for everywhere.
+void state_scissor(const view_box* box);
 // The colour that it was before.
 std::array<f32, 4> state_clear_color(const std::array<f32, 4>& colour);
 

@@ -9,6 +9,7 @@
 #include "base/message.h"
 #include "platform/gl/opengl.h"
 #include "platform/gl/state.h"
+#include "platform/gl/window_picture.h"
 #include "platform/system.h"
 
 namespace {
@@ -85,6 +86,13 @@ void storage_fit(target& to) {
     }
 }
 
+// Null for the window.
+const target* target_of(u32 frame_buffer) {
+    auto found = std::find_if(targets.begin(), targets.end(),
+                              [=](const target& one) { return one.frame_buffer == frame_buffer; });
+    return found != targets.end() ? &*found : nullptr;
+}
+
 }  // namespace
 
 void target_make(u32 texture, view_size logical) {
@@ -105,22 +113,28 @@ void target_forget(u32 texture) {
     std::erase_if(targets, [=](const target& one) { return one.texture == texture; });
 }
 
-void targets_fit() {
+bool targets_fit() {
+    bool last = window_picture_fit();
     for (target& one : targets) {
+        last = last && one.actual == view_size{view.shown.width, view.shown.height};
         if (one.wanted != wanted_size(one.logical)) {
             storage_fit(one);
+            last = false;
         }
     }
+    return last;
+}
+
+view_box target_whole(u32 frame_buffer) {
+    const target* one = target_of(frame_buffer);
+    return one != nullptr ? view_box{0, 0, one->actual.width, one->actual.height} : view.shown;
 }
 
 view_box target_box(u32 frame_buffer, const view_box& box) {
-    for (const target& one : targets) {
-        if (one.frame_buffer == frame_buffer) {
-            return box_scaled(box, ratio(one.actual.width, one.logical.width),
-                              ratio(one.actual.height, one.logical.height));
-        }
-    }
-    view_box placed = box_scaled(box, ratio(view.shown.width, view.logical.width),
-                                 ratio(view.shown.height, view.logical.height));
-    return {view.shown.x + placed.x, view.shown.y + placed.y, placed.width, placed.height};
+    const target* one = target_of(frame_buffer);
+    view_size logical = one != nullptr ? one->logical : view.logical;
+    view_box whole = target_whole(frame_buffer);
+    view_box placed =
+        box_scaled(box, ratio(whole.width, logical.width), ratio(whole.height, logical.height));
+    return {whole.x + placed.x, whole.y + placed.y, placed.width, placed.height};
 }

@@ -10,6 +10,7 @@
 #include "platform/common/view.h"
 #include "platform/gl/frame.h"
 #include "platform/gl/state.h"
+#include "platform/gl/window_picture.h"
 #include "platform/web/canvas.h"
 
 // clang-format off
@@ -37,6 +38,7 @@ EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context_create() {
     attributes.alpha = EM_FALSE;
     attributes.depth = EM_FALSE;
     attributes.antialias = EM_FALSE;
+    attributes.preserveDrawingBuffer = EM_TRUE;  // platform/gl/window_picture relies on it
     return emscripten_webgl_create_context(canvas_selector, &attributes);
 }
 
@@ -80,6 +82,7 @@ void display_open(i32 width, i32 height, str, u32, u32) {
 void canvas_context_restored() {
     extensions_enable();
     state_forget_all();
+    window_picture_forget();
 }
 
 f64 canvas_density() {

@@ -25,7 +25,7 @@ u64 now;
 void frame_make(u32 first, u32 count, f32 coverage) {
     for (u32 i = 0; i < count; ++i) {
         frame_set(frame_call::uniform_1i, {1, 2, first + i});
-        frame_draw(frame_call::draw_elements, {}, coverage);
+        frame_draw(frame_call::draw_elements, {}, coverage, clip_all);
     }
     made.clear();
     frame_finish();
@@ -33,7 +33,9 @@ void frame_make(u32 first, u32 count, f32 coverage) {
 
 }  // namespace
 
-void targets_fit() {}
+bool targets_fit() {
+    return true;
+}
 
 void frame_call_run(frame_call call, std::span<const u32> words) {
     if (call == frame_call::uniform_1i) {
@@ -64,8 +66,8 @@ TEST(gl_frame, a_frame_is_drawn_when_it_is_new_or_asked_for) {
 
 TEST(gl_frame, a_draw_that_covers_nothing_is_left_out_and_what_it_set_is_not) {
     frame_set(frame_call::uniform_1i, {1, 2, 7});
-    frame_draw(frame_call::draw_elements, {}, 0);
-    frame_draw(frame_call::draw_elements, {}, 0.5f);
+    frame_draw(frame_call::draw_elements, {}, 0, clip_all);
+    frame_draw(frame_call::draw_elements, {}, 0.5f, clip_all);
     made.clear();
     frame_finish();
     EXPECT_EQ(made, (tints{7}));

@@ -20,6 +20,7 @@
 #include "rules/cards.h"
 #include "shown/screens.h"
 #include "shown/selection.h"
+#include "tests/gl/watch.h"
 #include "tests/support/screen.h"
 #include "tests/support/walker.h"
 
@@ -361,6 +362,14 @@ TEST_P(scenario_test, Changes) {
     if (std::getenv("QUORREL_RECORD") != nullptr) {
         file_put(path, anew);
     }
+}
+
+TEST_P(scenario_test, IsDrawnInPartAsItIsWhole) {
+    gl_expect_same([&] {
+        for (const step& s : steps_read(file_get(scenarios_folder + GetParam() + ".scenario"))) {
+            play(s);
+        }
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(all, scenario_test, testing::ValuesIn(scenarios()),

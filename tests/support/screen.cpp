@@ -11,6 +11,8 @@
 #include "render/pictures.h"
 #include "render/renderer.h"
 
+void (*frame_watch)();
+
 namespace {
 
 std::string font_text() {
@@ -227,6 +229,9 @@ void screen_test::begin() {
     running = true;
     headless_record(true);
     program_start();
+    if (frame_watch != nullptr) {
+        frame_watch();
+    }
 }
 
 void screen_test::end() {
@@ -238,7 +243,11 @@ void screen_test::end() {
 
 bool frame() {
     headless_forget_calls();
-    return program_frame();
+    bool runs = program_frame();
+    if (frame_watch != nullptr) {
+        frame_watch();
+    }
+    return runs;
 }
 
 void point_at(f64 x, f64 y) {

@@ -29,6 +29,8 @@ class screen_test : public game_test {
 
 // Runs one frame, whose calls are then the recorded ones; false when the program has to end.
 bool frame();
+// Called after the start-up and after every frame, where it is set.
+extern void (*frame_watch)();
 void point_at(f64 x, f64 y);
 // One click in one frame.
 bool click(f64 x, f64 y, u32 button = mouse_left);
