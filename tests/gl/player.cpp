@@ -19,9 +19,9 @@ namespace {
 
 // With margins beside and above the game's picture; the first is the largest.
 constexpr view_size windows[] = {{283, 211}, {150, 200}, {283, 40}};
-constexpr int frames_between = 5;
-constexpr int frames_a_size = 13;
-constexpr int frames_a_hold = 7;
+constexpr u32 frames_between = 5;
+constexpr u32 frames_a_size = 13;
+constexpr u32 frames_a_hold = 7;
 
 using pixels = std::vector<u32>;
 
@@ -33,7 +33,7 @@ struct player {
     u32 program;
     view_size logical;
     bool failed;
-    int frames;
+    u32 frames;
     int compared;
 };
 
@@ -158,7 +158,7 @@ void play_all(const std::vector<gpu_call>& calls) {
 }
 
 pixels picture() {
-    pixels all(static_cast<std::size_t>(view.window.width) * view.window.height);
+    pixels all(static_cast<std::size_t>(view.window.width * view.window.height));
     state_frame_buffer(0);
     glReadPixels(0, 0, view.window.width, view.window.height, GL_RGBA, GL_UNSIGNED_BYTE,
                  all.data());
