@@ -7,6 +7,7 @@
 #include "platform/display.h"
 #include "platform/standard_streams.h"
 #include "program/command_line.h"
+#include "program/daily_maps.h"
 #include "program/frame.h"
 #include "program/opening.h"
 #include "program/rest.h"
@@ -19,7 +20,7 @@ constexpr int not_to_be_done = 2;
 // What the command line asks for before the game starts.
 bool prepare(const command_line& command, opening& wanted) {
     arenas_create();
-    bool prepared = opening_prepare(command, wanted);
+    bool prepared = opening_prepare(command, day_now(), wanted);
     arenas_free();
     return prepared;
 }

@@ -74,14 +74,14 @@ bool map_to_play_find(str word, i64 family, opening& wanted) {
 
 }  // namespace
 
-bool opening_prepare(const command_line& command, opening& wanted) {
+bool opening_prepare(const command_line& command, i64 day, opening& wanted) {
     dyn_array<str> paths = {};
     for (i64 i = 0; i < command.file_count; ++i) {
         dyn_array_push(paths, path_from_here(command.files[i]));
     }
     str to_play = path_from_here(command.map_to_play);
     str directory = argument_text(command.directory);
-    if (!player_files_enter(directory, shipped_data_find(), command.restore_maps)) {
+    if (!player_files_enter(directory, shipped_data_find(), command.restore_maps, day)) {
         std::fprintf(stderr, "quorrel: cannot play in the directory %s\n",
                      directory.length > 0 ? command.directory : "of your files");
         return false;

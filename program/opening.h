@@ -20,10 +20,11 @@ struct opening {
     opening_name map = {};   // name of the map to play
 };
 
-// Enters the directory to play in and takes the map files in, before the game starts. A file that
+// Enters the directory to play in on that day (program/daily_maps.h) and takes the map files in,
+// before the game starts. A file that
 // cannot be taken in is told, and no more; without a place to play in, or without the map to play,
 // the answer is false, with the reason in one line on standard error.
-bool opening_prepare(const command_line& command, opening& wanted);
+bool opening_prepare(const command_line& command, i64 day, opening& wanted);
 // Shows it once the game has started.
 void opening_show(const command_line& command, const opening& wanted);
 

@@ -7,6 +7,7 @@
 #include "platform/directory.h"
 #include "platform/file.h"
 #include "platform/folder.h"
+#include "program/daily_maps.h"
 #include "render/font.h"
 
 namespace {
@@ -33,12 +34,16 @@ bool list_update(str path, const catalogue& before, const catalogue& now) {
 
 // Brings one catalogue up to the one that ships. While one of the three cannot be read it stays as
 // it is, since what the player has removed is not known.
-void catalogue_refresh(str path, str data, bool restore) {
+void catalogue_refresh(i64 family, str data, bool restore) {
+    str path = catalogue_path(family);
     str record = path_join(shipped_record, str_after_last(path, '/'));
     catalogue shipped = {}, before = {}, player = {};
     if (!catalogue_read(shipped, path_join(data, path)) || !own_list_read(player, path) ||
         !own_list_read(before, record)) {
         return;
+    }
+    if (file_is_own(daily_map_path(family))) {
+        dyn_array_push(shipped, {"today", daily_map_path(family)});
     }
     if (!file_is_own(path)) {
         before = {};  // nothing was removed from a list that is not there
@@ -68,7 +73,7 @@ str shipped_data_find() {
     return {};
 }
 
-bool player_files_enter(str directory, str data, bool restore) {
+bool player_files_enter(str directory, str data, bool restore, i64 day) {
     if (directory.length > 0 && !directory_enter(directory)) {
         return false;
     }
@@ -83,8 +88,11 @@ bool player_files_enter(str directory, str data, bool restore) {
     if (data.length > 0) {
         folder_lock(catalogue_folder);
         folder_sweep(shipped_record);
+        if (day != no_day) {
+            daily_maps_write(day);
+        }
         for (i64 family = 0; family < machine_kind_count; ++family) {
-            catalogue_refresh(catalogue_path(family), data, restore);
+            catalogue_refresh(family, data, restore);
         }
         folder_unlock();
         file_set_fallback(data);

@@ -9,6 +9,7 @@
 // is told from one that the player has removed; it also marks the directory as a player's.
 
 #include "base/str.h"
+#include "base/types.h"
 
 // Whether the directory is whole, told by the font's description in its `resources`: a folder of
 // that name may be anybody's.
@@ -21,6 +22,7 @@ str shipped_data_find();
 // Enters the directory to play in: `directory`, when empty the working one if it is whole or a
 // player's, else this user's. A player's list keeps its order: the entries that ship since its last
 // start come to its end, all that it lacks with `restore`, and those that ship no more go. What a
-// player's directory lacks is read from `data`; with an empty `data` it is left as it is. False
+// player's directory lacks is read from `data`; with an empty `data` it is left as it is. The maps
+// of the day ship as well, where they can be written; with `no_day` those of another day do. False
 // when the directory cannot be entered.
-bool player_files_enter(str directory, str data, bool restore);
+bool player_files_enter(str directory, str data, bool restore, i64 day);

@@ -12,6 +12,7 @@
 #include "maps/reader.h"
 #include "platform/directory.h"
 #include "platform/file.h"
+#include "program/daily_maps.h"
 #include "program/map_import.h"
 #include "program/player_files.h"
 #include "tools/terminal.h"
@@ -65,7 +66,7 @@ bool player_maps_load(const request& asked) {
     if (asked.directory.empty() && directory_is_entered(data)) {
         directory_enter("/");  // the game's own data is nobody's directory
     }
-    if (!player_files_enter(str_from(asked.directory), data, false)) {
+    if (!player_files_enter(str_from(asked.directory), data, false, no_day)) {
         complain(asked.directory.empty() ? "your directory" : asked.directory,
                  std::string("cannot be entered: ") + std::strerror(errno));
         return false;

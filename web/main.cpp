@@ -11,6 +11,7 @@
 #include "game/game_file.h"
 #include "maps/map_work.h"
 #include "platform/web/canvas.h"
+#include "program/daily_maps.h"
 #include "program/frame.h"
 #include "program/player_files.h"
 #include "render/renderer.h"
@@ -56,7 +57,7 @@ EMSCRIPTEN_KEEPALIVE void page_fullscreen_changed(bool fullscreen) {
 int main(int, char** arguments) {
     umask(S_IWGRP | S_IWOTH);  // Emscripten's own would leave no permission to new files
     arenas_create();
-    player_files_enter(text_of(arguments[1]), "/shipped", false);
+    player_files_enter(text_of(arguments[1]), "/shipped", false, day_now());
     arenas_free();
     program_start();
     emscripten_set_webglcontextlost_callback(canvas_selector, nullptr, EM_FALSE, context_event);

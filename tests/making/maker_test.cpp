@@ -6,6 +6,7 @@
 #include <set>
 
 #include "base/fingerprint.h"
+#include "making/days.h"
 #include "making/plan.h"
 #include "maps/family.h"
 #include "maps/reader.h"
@@ -114,6 +115,23 @@ TEST_F(maker_test, ANumberIsTheSameMapEverywhere) {
     }
     EXPECT_EQ(fingerprint, 13741070433886920611u);
     EXPECT_EQ(kinds.size(), 6u + 4 * 6 + 3 * 6 + 1);  // all outlines and ideas; "": has no room
+}
+
+TEST_F(maker_test, EveryDayHasItsMaps) {
+    const i64 year = 53 * 7;
+    for (i64 family = 0; family < machine_kind_count; ++family) {
+        std::set<u64> numbers;
+        for (i64 day = first_day; day < first_day + year; ++day) {
+            const map_wish wish = day_wish(family, day);
+            const map_wish again = day_wish(family, day + year);
+            EXPECT_TRUE(again.number == wish.number && again.level == wish.level) << day;
+            EXPECT_NE(text_made(wish), "") << day;
+            numbers.insert(wish.number * 10 + static_cast<u64>(wish.level));
+        }
+        EXPECT_EQ(numbers.size(), year) << family;
+    }
+    EXPECT_EQ(day_wish(state_machine, 20'780).level, 1);  // Monday, 2026-11-23
+    EXPECT_EQ(day_wish(state_machine, 20'786).level, 5);
 }
 
 // Maps that ship, and why they are not what is made.

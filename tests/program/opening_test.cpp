@@ -1,4 +1,5 @@
 #include "program/opening.h"
+#include "program/daily_maps.h"
 
 #include <getopt.h>
 
@@ -55,7 +56,7 @@ TEST_F(opening_test, shows_what_is_asked_for_or_tells_why_not) {
         bool prepared = false;
         testing::internal::CaptureStderr();
         const std::string said = output_of([&] {
-            prepared = opening_prepare(command, wanted);
+            prepared = opening_prepare(command, no_day, wanted);
             globals_start();
             random_seed(1);
             catalogues_load();

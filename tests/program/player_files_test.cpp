@@ -1,7 +1,10 @@
 #include "program/player_files.h"
 
+#include "making/days.h"
+#include "maps/family.h"
 #include "maps/file_text.h"
 #include "platform/file.h"
+#include "program/daily_maps.h"
 #include "tests/support/game.h"
 
 namespace {
@@ -27,12 +30,12 @@ class player_files_test : public game_test {
     }
 
     // Starts the game in `from`; returns where it plays, as seen from the test's folder.
-    std::string enter(std::string_view from, std::string_view directory = "",
-                      bool restore = false) {
+    std::string enter(std::string_view from, std::string_view directory = "", bool restore = false,
+                      i64 day = no_day) {
         std::filesystem::current_path(folder + "/" + std::string(from));
         file_set_fallback("");
         std::string data = folder + "/data";
-        if (!player_files_enter(str_of(directory), str_of(data), restore)) {
+        if (!player_files_enter(str_of(directory), str_of(data), restore, day)) {
             return "refused";
         }
         return std::filesystem::current_path().lexically_relative(folder);
@@ -93,6 +96,33 @@ TEST_F(player_files_test, catalogues_follow_what_ships_and_what_the_player_does)
     std::filesystem::resize_file(record, text_file_limit + 1);
     enter("start");
     EXPECT_EQ(file_get(list), "l l\n");
+}
+
+TEST_F(player_files_test, the_map_of_the_day_ships_anew_each_day) {
+    const std::string list = folder + "/home/quorrel/resources/state_maps.txt";
+    const std::string map = folder + "/home/quorrel/daily/state_machines/today";
+    const std::string listed = "a maps/a\nb maps/b\nc maps/c\n",
+                      today = "today daily/state_machines/today\n";
+    enter("start", "", false, first_day);
+    const std::string first = file_get(map);
+    EXPECT_TRUE(text_is_map(str_of(first)));
+    EXPECT_EQ(file_get(list), listed + today);
+    enter("start", "", false, no_day);
+    EXPECT_EQ(file_get(map), first);
+    EXPECT_EQ(file_get(list), listed + today);
+    enter("start", "", false, last_day);
+    EXPECT_NE(file_get(map), first);
+    file_put(list, listed);  // the player removes it
+    std::filesystem::remove(map);
+    enter("start", "", false, first_day);
+    EXPECT_EQ(file_get(list), listed);
+    enter("start", "", true, first_day);
+    EXPECT_EQ(file_get(list), listed + today);
+    std::filesystem::remove_all(folder + "/home/quorrel/daily");
+    file_put(folder + "/home/quorrel/daily", "a file");
+    EXPECT_EQ(output_of([&] { enter("start", "", false, first_day); }),
+              "failed to write the map of the day: daily/state_machines/today\n");
+    EXPECT_EQ(file_get(list), listed);
 }
 
 }  // namespace
